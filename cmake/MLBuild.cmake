@@ -1,0 +1,103 @@
+# What every target of the tree shares, and the functions that declare them.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+option(ML_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(ML_COVERAGE "Line and branch coverage" OFF)
+
+add_library(ml_options INTERFACE)
+target_include_directories(ml_options INTERFACE
+    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+target_compile_options(ml_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    # The dielectric model's results are the same on every machine: no fused multiply-add.
+    -ffp-contract=off)
+
+if(WIN32)
+    target_compile_definitions(ml_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NOMINMAX
+        WIN32_LEAN_AND_MEAN)
+    add_compile_options(-gdwarf-4)
+    add_link_options(-static)
+endif()
+if(ML_SANITIZE)
+    # Also for GoogleTest, whose containers cross into the tests.
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+    if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+        add_compile_options(-O1)
+    endif()
+endif()
+if(ML_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link) # the fuzzer sees into the libraries too
+endif()
+if(ML_COVERAGE)
+    target_compile_options(ml_options INTERFACE --coverage -O0)
+    add_link_options(--coverage)
+endif()
+
+# The day of the last commit, so that two builds of one commit are the same byte for byte.
+execute_process(COMMAND git log -1 --format=%cd "--date=format:%b %d %Y"
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE ML_BUILD_DATE
+    OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+if(NOT ML_BUILD_DATE)
+    string(TIMESTAMP ML_BUILD_DATE "%b %d %Y" UTC)
+endif()
+
+# ml_library(NAME SOURCES a.cpp ... [WIN32 win32/a.cpp ...] [NATIVE b.cpp ...] [LIBS ...])
+# One room of the house as a static library.
+function(ml_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;WIN32;NATIVE;LIBS" ${ARGN})
+    if(WIN32)
+        list(APPEND arg_SOURCES ${arg_WIN32})
+    else()
+        list(APPEND arg_SOURCES ${arg_NATIVE})
+    endif()
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC ml_options ${arg_LIBS})
+endfunction()
+
+# ml_test(NAME SOURCES a.cpp ... [LIBS ...] [LABELS ...])
+# A GoogleTest program and its CTest test; under Wine for the Windows build.
+function(ml_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBS;LABELS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ml_options ${arg_LIBS} gtest_main gmock)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE
+        ML_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ML_BINARY_DIR="${PROJECT_BINARY_DIR}")
+    if(WIN32)
+        # The string table that LoadText reads.
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/MaterialLibrary/resources/MaterialLibrary.rc)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 600)
+endfunction()
+
+# ml_fuzz_target(NAME SOURCE x.cpp LIBS ... CORPUS dir)
+# With ML_FUZZERS a libFuzzer program; otherwise a program that replays the corpus, as a test.
+function(ml_fuzz_target name)
+    cmake_parse_arguments(arg "" "SOURCE;CORPUS" "LIBS" ${ARGN})
+    add_executable(${name} ${arg_SOURCE})
+    target_link_libraries(${name} PRIVATE ml_options ${arg_LIBS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/fuzz)
+    if(ML_FUZZERS)
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+        target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    else()
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/ReplayMain.cpp)
+        add_test(NAME ${name}_replay COMMAND ${name} ${arg_CORPUS})
+    endif()
+endfunction()
+
+# ml_benchmark(NAME SOURCES a.cpp ... [LIBS ...]): a Google Benchmark program in build/bench/bench.
+function(ml_benchmark name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ml_options ${arg_LIBS} benchmark::benchmark)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bench)
+endfunction()
