@@ -1,0 +1,103 @@
+#pragma once
+
+namespace msg
+{
+// A window handle of the system, or null.
+using WindowHandle = void*;
+
+// How a message is meant. Any other value is information.
+inline constexpr unsigned severityInformation = 1;
+inline constexpr unsigned severityWarning = 2;
+inline constexpr unsigned severityError = 3;
+inline constexpr unsigned severitySevereError = 4;
+
+// The type of messages that belong to no particular group.
+inline constexpr const char* genericType = "msgtype.GENERIC";
+
+// Shows messages to the user. The library has a plain implementation (ManagerStub); a host supplies
+// another one through its module "MsgHandler.dll", which may be built with another compiler: texts are
+// `const char*` in the system's multibyte code page, and the order of the operations is a binary
+// contract. No two operations share a name, since compilers order overloads differently.
+//
+// Every answer is that of a system message box (1 = OK). "Generic" operations have the type
+// `genericType`; "DefaultOwner" operations choose the owner window themselves. `caption` may be null (the
+// application's name is used), so may `checkText` (a standard text is used).
+class IManager
+{
+public:
+    using Callback = int (*)(void* a, void* b, void* c, void* d);
+
+    // Calls callback(a, b, c, d) and returns its result.
+    virtual int Invoke(Callback callback, void* a, void* b, void* c, void* d) = 0;
+
+    // Show a message with an OK button.
+    virtual int Show(WindowHandle owner, const char* type, unsigned severity, const char* text,
+                     const char* caption) = 0;
+    virtual int ShowGeneric(WindowHandle owner, unsigned severity, const char* text, const char* caption) = 0;
+    virtual int ShowDefaultOwner(const char* type, unsigned severity, const char* text,
+                                 const char* caption) = 0;
+    virtual int ShowGenericDefaultOwner(unsigned severity, const char* text, const char* caption) = 0;
+
+    // Show a message that the user may ask not to see again; `id` is what is remembered. Always 1.
+    virtual int ShowOnce(WindowHandle owner, const char* id, const char* type, unsigned severity,
+                         const char* text, const char* caption, const char* checkText) = 0;
+    virtual int ShowOnceGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
+                                const char* caption, const char* checkText) = 0;
+    virtual int ShowOnceDefaultOwner(const char* id, const char* type, unsigned severity, const char* text,
+                                     const char* caption, const char* checkText) = 0;
+    virtual int ShowOnceGenericDefaultOwner(const char* id, unsigned severity, const char* text,
+                                            const char* caption, const char* checkText) = 0;
+
+    // Ask a question; `buttons` are the style bits of a system message box that choose its buttons.
+    virtual int Ask(WindowHandle owner, const char* type, unsigned severity, const char* text,
+                    unsigned buttons, const char* caption) = 0;
+    virtual int AskGeneric(WindowHandle owner, unsigned severity, const char* text, unsigned buttons,
+                           const char* caption) = 0;
+    virtual int AskDefaultOwner(const char* type, unsigned severity, const char* text, unsigned buttons,
+                                const char* caption) = 0;
+    virtual int AskGenericDefaultOwner(unsigned severity, const char* text, unsigned buttons,
+                                       const char* caption) = 0;
+
+    // Ask a question whose answer the user may have remembered under `id`.
+    virtual int AskRemembered(WindowHandle owner, const char* id, const char* type, unsigned severity,
+                              const char* text, unsigned buttons, const char* caption,
+                              const char* checkText) = 0;
+    virtual int AskRememberedGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
+                                     unsigned buttons, const char* caption, const char* checkText) = 0;
+    virtual int AskRememberedDefaultOwner(const char* id, const char* type, unsigned severity,
+                                          const char* text, unsigned buttons, const char* caption,
+                                          const char* checkText) = 0;
+    virtual int AskRememberedGenericDefaultOwner(const char* id, unsigned severity, const char* text,
+                                                 unsigned buttons, const char* caption,
+                                                 const char* checkText) = 0;
+
+    // Slots that belong to hosts' handlers; the library calls none of them.
+    virtual void Reserved17() = 0;
+    [[nodiscard]] virtual bool Query18() = 0;
+    virtual void Reserved19() = 0;
+    virtual void Reserved20() = 0;
+    virtual void Reserved21() = 0;
+    virtual void Reserved22() = 0;
+    virtual void Reserved23() = 0;
+    [[nodiscard]] virtual int Query24() = 0;
+    virtual void Reserved25() = 0;
+
+    // The last slot; managers are never released.
+    virtual ~IManager() = default;
+};
+
+// Stores the choices not to show a message again. Supplied by the host's handler module.
+class IRegistrator
+{
+public:
+    // Remembers `answer` for the message `id`.
+    virtual void Remember(const char* id, int answer) = 0;
+    virtual void Reserved1() = 0;
+    virtual void Reserved2() = 0;
+    // Whether the user asked not to see the message `id` again.
+    [[nodiscard]] virtual bool IsSuppressed(const char* id) = 0;
+
+protected:
+    ~IRegistrator() = default;
+};
+} // namespace msg

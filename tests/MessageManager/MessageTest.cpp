@@ -1,0 +1,88 @@
+#include "shared/MessageManager/Message.h"
+
+#include "tests/CollectedMessages.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+TEST(Message, ShowsTheIconOfItsSeverityInPlaceOfTheCallersIcon)
+{
+    constexpr unsigned yesNoSecondDefault = 0x104;
+    constexpr struct
+    {
+        unsigned severity;
+        unsigned icon;
+    } rows[] = {{0, 0x40}, {1, 0x40}, {2, 0x30}, {3, 0x10}, {4, 0x10}, {5, 0x40}, {0xFFFFFFFF, 0x40}};
+    for (const auto& row : rows)
+    {
+        CollectedMessages box;
+        msg::Message message;
+        message.severity = row.severity;
+        message.buttons = yesNoSecondDefault | 0xF0;
+        msg::ShowMessage(message);
+        ASSERT_EQ(box.boxes.size(), 1U);
+        EXPECT_EQ(box.boxes[0].style, yesNoSecondDefault | row.icon) << row.severity;
+    }
+}
+
+TEST(Message, BelongsToItsOwnerOrElseToTheMainWindow)
+{
+    int ownerWindow = 0;
+    int mainWindow = 0;
+    CollectedMessages box;
+    box.mainWindow = &mainWindow;
+    msg::Message message;
+    message.owner = &ownerWindow;
+    msg::ShowMessage(message);
+    message.hasOwner = true;
+    msg::ShowMessage(message);
+    message.owner = nullptr;
+    msg::ShowMessage(message);
+    ASSERT_EQ(box.boxes.size(), 3U);
+    EXPECT_EQ(box.boxes[0].owner, &mainWindow);
+    EXPECT_EQ(box.boxes[1].owner, &ownerWindow);
+    EXPECT_EQ(box.boxes[2].owner, nullptr) << "an owner given as none stays none";
+}
+
+TEST(Message, IsCaptionedByCallerApplicationOrExecutable)
+{
+    const struct
+    {
+        const char* caption;
+        const char* applicationName;
+        const char* executablePath;
+        const char* expected;
+    } rows[] = {
+        {"Stackup", "MaterialLibrary", "C:\\tool.exe", "Stackup"},
+        {"", "MaterialLibrary", "C:\\tool.exe", ""},
+        {nullptr, "MaterialLibrary", "C:\\tool.exe", "MaterialLibrary"},
+        {nullptr, "", "C:\\bin\\tool.beta.exe", "tool.beta"},
+        {nullptr, "", "C:\\bin.d\\tool", "tool"},
+        {nullptr, "", "/usr/bin.d/matlib", "matlib"},
+        {nullptr, "", "C:\\mixed/tool.exe", "tool"},
+        {nullptr, "", "tool.exe", "tool"},
+        {nullptr, "", "", ""},
+    };
+    for (const auto& row : rows)
+    {
+        CollectedMessages box;
+        box.applicationName = row.applicationName;
+        box.executablePath = row.executablePath;
+        msg::Message message;
+        message.caption = row.caption;
+        msg::ShowMessage(message);
+        ASSERT_EQ(box.boxes.size(), 1U);
+        EXPECT_EQ(box.boxes[0].caption, row.expected) << row.executablePath;
+    }
+}
+
+TEST(Message, IsShownByThePlatformAgainWhenAReplacementEnds)
+{
+    {
+        const CollectedMessages box;
+        EXPECT_EQ(&msg::GetSystemMessageBox(), &box);
+    }
+    EXPECT_EQ(&msg::GetSystemMessageBox(), &msg::GetPlatformMessageBox());
+}
+} // namespace
