@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+/// Looks for amplitudes of the Debye terms that are not negative and smooth from term to term and give the
+/// measured imaginary parts.
+///
+/// Least squares by singular value decomposition, with 0.01 times a second difference added as further rows.
+/// The most negative amplitude's column is taken out and the rest solved again. Where the amplitudes still
+/// are not acceptable, the whole is repeated with more of the small singular values left out: the truncation
+/// ratio goes from 0.02 in steps of a tenth until it reaches 0.1, and what comes out then is taken as it is.
+///
+/// A decomposition depends on the columns that take part, not on the ratio: each is made once and kept.
+class CAmplitudeSearch
+{
+public:
+    static constexpr int maxTerms = 64;
+
+    /// `basis`: for each of `termCount` terms (2 to maxTerms) the imaginary parts of the term with amplitude
+    /// 1 at the measured points; `target`: the measured imaginary parts there. Both must outlive the search.
+    CAmplitudeSearch(std::span<const double> basis, std::span<const double> target, int termCount);
+
+    /// False: a decomposition did not converge.
+    [[nodiscard]] bool Run();
+
+    /// What Run found, one amplitude for each term.
+    [[nodiscard]] std::span<const double> GetAmplitudes() const;
+
+private:
+    using ColumnMask = std::uint64_t;
+
+    // The solution for one set of columns and the singular values kept last.
+    struct Solution
+    {
+        ColumnMask activeColumns = 0; // None: this one is free.
+        ColumnMask keptValues = 0;
+        double largestValue = 0.0;
+        double smallestAmplitude = 0.0;
+        int smallestAt = 0;
+        double* singularValues = nullptr;
+        double* coefficients = nullptr; // In the singular vectors, before truncation.
+        double* right = nullptr;        // V, column by column.
+        double* amplitudes = nullptr;
+    };
+
+    bool TryRatio(double ratio);
+    Solution* Solve(ColumnMask activeColumns, double ratio);
+    Solution* FindDecomposition(ColumnMask activeColumns);
+    bool Decompose(Solution& solution, ColumnMask activeColumns);
+    void BuildSystem(ColumnMask activeColumns);
+    ColumnMask KeptValues(const Solution& solution, double ratio) const;
+    void Truncate(Solution& solution, ColumnMask keptValues) const;
+    bool IsAcceptable() const;
+
+    std::span<const double> basis;
+    std::span<const double> target;
+    int termCount;
+    int pointCount;
+    std::vector<double> storage;
+    double* system;      // (pointCount + termCount) x termCount, column by column
+    double* offDiagonal; // Scratch space of the decomposition.
+    // As many as a ratio can ask for, and more than all ratios mostly do; the oldest makes room for a new
+    // one.
+    std::vector<Solution> solutions;
+    std::size_t nextSolution = 0;
+    const Solution* last = nullptr;
+};

@@ -1,0 +1,329 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+/// A matrix given by pointers to its rows.
+struct MatrixOfRows
+{
+    double* const* rows;
+    double& operator()(int i, int k) const { return rows[i][k]; }
+};
+
+/// A matrix stored column after column without gaps: what the fit uses, since the work runs down the columns.
+struct MatrixOfColumns
+{
+    double* elements;
+    int height;
+    double* Column(int k) const { return elements + static_cast<std::ptrdiff_t>(k) * height; }
+    double& operator()(int i, int k) const { return Column(k)[i]; }
+};
+
+/// The decomposition behind SvdDecompose, for any way of storing the matrix. The result does not depend on
+/// the storage, bit for bit: every number comes out of the same operations in the same order.
+///
+/// `a` (m x n), `w` (n) and `v` (n x n) are as in SvdDecompose, `offDiagonal` is scratch space for n doubles.
+/// Only the first `rowsOfU` rows of U are completed; the others are of no use to the caller.
+template <class Matrix>
+class CGolubReinsch
+{
+public:
+    CGolubReinsch(Matrix a_, int m_, int n_, int rowsOfU_, double* w_, Matrix v_, double* offDiagonal)
+        : a(a_), v(v_), m(m_), n(n_), rowsOfU(rowsOfU_), w(w_), e(offDiagonal)
+    {
+    }
+
+    /// False where a singular value has not converged at the 30th iteration.
+    [[nodiscard]] bool Decompose()
+    {
+        Bidiagonalise();
+        AccumulateRight();
+        AccumulateLeft();
+        for (int k = n - 1; k >= 0; --k)
+        {
+            if (!Converge(k))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    static constexpr int maxIterations = 30;
+
+    static double Hypotenuse(double x, double y)
+    {
+        const bool firstIsLarger = std::fabs(x) > std::fabs(y);
+        const double larger = std::fabs(firstIsLarger ? x : y);
+        const double smaller = std::fabs(firstIsLarger ? y : x);
+        if (larger == 0.0)
+            return 0.0;
+        const double ratio = smaller / larger;
+        return larger * std::sqrt(1.0 + ratio * ratio);
+    }
+
+    bool Negligible(double x) const { return std::fabs(x) + norm == norm; }
+
+    void Bidiagonalise()
+    {
+        norm = 0.0;
+        double beside = 0.0;
+        for (int i = 0; i < n; ++i)
+        {
+            e[i] = beside;
+            w[i] = ReflectColumn(i);
+            beside = ReflectRow(i);
+            norm = std::max(norm, std::fabs(w[i]) + std::fabs(e[i]));
+        }
+    }
+
+    // Householder reflection that clears column i below the diagonal; the vector stays in the column.
+    double ReflectColumn(int i)
+    {
+        double scale = 0.0;
+        for (int k = i; k < m; ++k)
+            scale += std::fabs(a(k, i));
+        if (scale == 0.0)
+            return 0.0;
+        double s = 0.0;
+        for (int k = i; k < m; ++k)
+        {
+            a(k, i) /= scale;
+            s += a(k, i) * a(k, i);
+        }
+        const double f = a(i, i);
+        const double g = f < 0.0 ? std::sqrt(s) : -std::sqrt(s);
+        const double h = f * g - s;
+        a(i, i) = f - g;
+        for (int j = i + 1; j < n; ++j)
+        {
+            const double factor = ColumnProduct(i, i, j) / h;
+            AddColumn(i, factor, i, j);
+        }
+        for (int k = i; k < m; ++k)
+            a(k, i) *= scale;
+        return scale * g;
+    }
+
+    // Householder reflection that clears row i right of the element beside the diagonal.
+    double ReflectRow(int i)
+    {
+        double scale = 0.0;
+        for (int k = i + 1; k < n; ++k)
+            scale += std::fabs(a(i, k));
+        if (scale == 0.0)
+            return 0.0;
+        double s = 0.0;
+        for (int k = i + 1; k < n; ++k)
+        {
+            a(i, k) /= scale;
+            s += a(i, k) * a(i, k);
+        }
+        const double f = a(i, i + 1);
+        const double g = f < 0.0 ? std::sqrt(s) : -std::sqrt(s);
+        const double h = f * g - s;
+        a(i, i + 1) = f - g;
+        for (int k = i + 1; k < n; ++k)
+            e[k] = a(i, k) / h;
+        for (int j = i + 1; j < m; ++j)
+        {
+            s = 0.0;
+            for (int k = i + 1; k < n; ++k)
+                s += a(j, k) * a(i, k);
+            for (int k = i + 1; k < n; ++k)
+                a(j, k) += s * e[k];
+        }
+        for (int k = i + 1; k < n; ++k)
+            a(i, k) *= scale;
+        return scale * g;
+    }
+
+    double ColumnProduct(int from, int i, int j) const
+    {
+        double s = 0.0;
+        for (int k = from; k < m; ++k)
+            s += a(k, i) * a(k, j);
+        return s;
+    }
+
+    void AddColumn(int from, double factor, int i, int j)
+    {
+        for (int k = from; k < m; ++k)
+            a(k, j) += factor * a(k, i);
+    }
+
+    void AccumulateRight()
+    {
+        for (int i = n - 1; i >= 0; --i)
+        {
+            if (i < n - 1 && e[i + 1] != 0.0)
+            {
+                // Two divisions, so that a tiny product does not underflow.
+                for (int j = i + 1; j < n; ++j)
+                    v(j, i) = a(i, j) / a(i, i + 1) / e[i + 1];
+                for (int j = i + 1; j < n; ++j)
+                {
+                    double s = 0.0;
+                    for (int k = i + 1; k < n; ++k)
+                        s += a(i, k) * v(k, j);
+                    for (int k = i + 1; k < n; ++k)
+                        v(k, j) += s * v(k, i);
+                }
+            }
+            for (int j = i + 1; j < n; ++j)
+                v(i, j) = v(j, i) = 0.0;
+            v(i, i) = 1.0;
+        }
+    }
+
+    void AccumulateLeft()
+    {
+        for (int i = n - 1; i >= 0; --i)
+        {
+            for (int j = i + 1; j < n; ++j)
+                a(i, j) = 0.0;
+            if (w[i] == 0.0)
+            {
+                for (int k = i; k < m; ++k)
+                    a(k, i) = 0.0;
+            }
+            else
+            {
+                const double inverse = 1.0 / w[i];
+                for (int j = i + 1; j < n; ++j)
+                {
+                    const double factor = ColumnProduct(i + 1, i, j) / a(i, i) * inverse;
+                    AddColumn(i, factor, i, j);
+                }
+                for (int k = i; k < m; ++k)
+                    a(k, i) *= inverse;
+            }
+            a(i, i) += 1.0;
+        }
+    }
+
+    // Iterates until the k-th singular value stands alone.
+    bool Converge(int k)
+    {
+        for (int iteration = 1;; ++iteration)
+        {
+            const int l = Split(k);
+            if (l == k)
+                break;
+            if (iteration == maxIterations)
+                return false;
+            Sweep(l, k);
+        }
+        if (w[k] < 0.0)
+        {
+            w[k] = -w[k];
+            for (int j = 0; j < n; ++j)
+                v(j, k) = -v(j, k);
+        }
+        return true;
+    }
+
+    // The first row of the block that ends with row k and does not fall into parts.
+    int Split(int k)
+    {
+        int l = k;
+        while (l > 0 && !Negligible(e[l]))
+        {
+            if (Negligible(w[l - 1]))
+            {
+                Cancel(l, k);
+                break;
+            }
+            --l;
+        }
+        return l;
+    }
+
+    // Rotates e[l] away where w[l - 1] is negligible.
+    void Cancel(int l, int k)
+    {
+        double c = 0.0;
+        double s = 1.0;
+        for (int i = l; i <= k; ++i)
+        {
+            const double f = s * e[i];
+            e[i] = c * e[i];
+            if (Negligible(f))
+                break;
+            const double g = w[i];
+            w[i] = Hypotenuse(f, g);
+            const double inverse = 1.0 / w[i];
+            c = g * inverse;
+            s = -f * inverse;
+            Rotate(a, rowsOfU, l - 1, i, c, s);
+        }
+    }
+
+    // One implicit-shift QR sweep over the rows l to k.
+    void Sweep(int l, int k)
+    {
+        double f = Shift(l, k);
+        double x = w[l];
+        double c = 1.0;
+        double s = 1.0;
+        for (int j = l; j < k; ++j)
+        {
+            double g = c * e[j + 1];
+            double h = s * e[j + 1];
+            double y = w[j + 1];
+            e[j] = Hypotenuse(f, h);
+            c = f / e[j];
+            s = h / e[j];
+            f = x * c + g * s;
+            g = g * c - x * s;
+            h = y * s;
+            y = y * c;
+            Rotate(v, n, j, j + 1, c, s);
+            w[j] = Hypotenuse(f, h);
+            if (w[j] != 0.0)
+            {
+                const double inverse = 1.0 / w[j];
+                c = f * inverse;
+                s = h * inverse;
+            }
+            f = c * g + s * y;
+            x = c * y - s * g;
+            Rotate(a, rowsOfU, j, j + 1, c, s);
+        }
+        e[l] = 0.0;
+        e[k] = f;
+        w[k] = x;
+    }
+
+    double Shift(int l, int k) const
+    {
+        const double x = w[l];
+        const double y = w[k - 1];
+        const double z = w[k];
+        const double g = e[k - 1];
+        const double h = e[k];
+        const double f = ((y - z) * (y + z) + (g - h) * (g + h)) / (2.0 * h * y);
+        const double root = Hypotenuse(f, 1.0);
+        return ((x - z) * (x + z) + h * (y / (f < 0.0 ? f - root : f + root) - h)) / x;
+    }
+
+    static void Rotate(Matrix matrix, int rows, int i, int j, double c, double s)
+    {
+        for (int k = 0; k < rows; ++k)
+        {
+            const double x = matrix(k, i);
+            const double y = matrix(k, j);
+            matrix(k, i) = x * c + y * s;
+            matrix(k, j) = y * c - x * s;
+        }
+    }
+
+    Matrix a;
+    Matrix v;
+    int m;
+    int n;
+    int rowsOfU;
+    double* w;
+    double* e; // e[i] stands beside w[i], in its column; e[0] is 0.
+    double norm = 0.0;
+};

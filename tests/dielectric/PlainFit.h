@@ -1,0 +1,53 @@
+#pragma once
+// The wideband Debye fit written out as plainly as it can be: the reference for CWidebandDebyeModel. It
+// shares no code with it, decomposes the system anew at every solve and remembers nothing between solves.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+struct PlainLaminate
+{
+    std::vector<double> erFrequencies, erValues;
+    std::vector<double> lossFrequencies, lossValues;
+};
+
+struct PlainTerm
+{
+    double f1, f2, deltaEps, g;
+};
+
+using PlainMatrix = std::vector<std::vector<double>>;
+
+/// Replaces `a` by U and fills w and v, so that the former a = U * diag(w) * v^T; false: not converged.
+using PlainDecompose = std::function<bool(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)>;
+
+/// Golub and Reinsch, Numer. Math. 14 (1970), with scaled Householder vectors.
+bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v);
+
+struct PlainFit
+{
+    bool ready = false;
+    std::string errorText;
+    double trendOffset = 0.0, trendSlope = 0.0; ///< Er(f) = trendOffset + trendSlope * ln f
+    std::vector<double> frequencies, realParts, imaginaryParts;
+    std::vector<PlainTerm> terms;
+    double epsInf = 0.0;
+    int passes = 0; ///< How many truncation ratios were tried.
+    int solves = 0; ///< How many systems were decomposed.
+    bool firstSingularValueWasLargest = true;
+
+    bool Prepare(const PlainLaminate& laminate);
+    bool Fit(const PlainDecompose& decompose = DecomposePlainly);
+    bool Evaluate(double frequency, double& real, double& imaginary) const;
+
+    // The steps of Fit.
+    std::vector<double> Corners() const; ///< Empty where the frequencies give no grid.
+    PlainMatrix System(const std::vector<double>& corners) const;
+    void StoreTerms(const std::vector<double>& corners, const std::vector<double>& amplitudes);
+
+private:
+    bool PrepareTrend(const PlainLaminate& laminate);
+    bool Solve(const PlainMatrix& system, const std::vector<double>& target, double ratio,
+               const PlainDecompose& decompose, std::vector<double>& amplitudes);
+};
