@@ -1,0 +1,142 @@
+#include "tests/CountingResource.h"
+
+#include "MaterialLibrary/model/CArena.h"
+#include "MaterialLibrary/model/CCompactArray.h"
+#include "MaterialLibrary/model/CCompactText.h"
+
+#include <cstdint>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <numeric>
+
+namespace
+{
+TEST(CArena, BlocksAreAlignedDisjointAndAllComeBack)
+{
+    CountingResource upstream;
+    CArena arena(&upstream);
+    struct Block
+    {
+        unsigned char* start;
+        std::size_t bytes;
+    };
+    std::vector<Block> blocks;
+    for (std::size_t i = 0; i < 3000; ++i)
+    {
+        const std::size_t bytes = i % 500 == 499 ? 100'000 : 1 + i * 7 % 300;
+        const std::size_t alignment = std::size_t{1} << (i % 5);
+        auto* const start = static_cast<unsigned char*>(arena.allocate(bytes, alignment));
+        ASSERT_EQ(reinterpret_cast<std::uintptr_t>(start) % alignment, 0u);
+        std::memset(start, static_cast<int>(i % 251), bytes);
+        blocks.push_back({start, bytes});
+    }
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+    {
+        ASSERT_EQ(blocks[i].start[0], i % 251);
+        ASSERT_EQ(blocks[i].start[blocks[i].bytes - 1], i % 251);
+    }
+    EXPECT_EQ(upstream.bytes, arena.GetReservedBytes());
+    arena.Release();
+    EXPECT_EQ(upstream.bytes, 0u);
+    EXPECT_EQ(arena.GetReservedBytes(), 0u);
+    EXPECT_NE(arena.allocate(8, 8), nullptr); // usable again
+}
+
+TEST(CArena, OnlyTheLastBlockExtendsAndOnlyWithinItsChunk)
+{
+    CArena arena;
+    const void* const first = arena.allocate(100, 1);
+    EXPECT_TRUE(arena.TryExtend(first, 100, 120));
+    void* const second = arena.allocate(50, 1);
+    EXPECT_FALSE(arena.TryExtend(first, 120, 121));
+    EXPECT_FALSE(arena.TryExtend(second, 50, 1'000'000));
+    EXPECT_FALSE(arena.TryExtend(second, 50, 60'000));
+    arena.deallocate(second, 50, 1); // the last block goes back and is cut again
+    EXPECT_EQ(arena.allocate(20, 1), second);
+}
+
+TEST(CArena, LargeBlocksGoBackAtOnceInAnyOrder)
+{
+    CountingResource upstream;
+    CArena arena(&upstream);
+    void* blocks[4] = {};
+    for (void*& block : blocks)
+    {
+        block = arena.allocate(200'000, 8);
+    }
+    for (const std::size_t i : {1, 3, 0, 2})
+    {
+        const std::size_t before = upstream.bytes;
+        arena.deallocate(blocks[i], 200'000, 8);
+        EXPECT_LT(upstream.bytes, before);
+    }
+    EXPECT_EQ(upstream.bytes, 0u);
+}
+
+TEST(CArena, AbsurdRequestsAreMemoryExhaustion)
+{
+    CArena arena;
+    EXPECT_THROW((void)arena.allocate(SIZE_MAX - 8, 1), std::bad_alloc);
+    EXPECT_THROW((void)arena.allocate(64, 4096), std::bad_alloc);
+}
+
+TEST(CCompactArray, GrowsWithItsContentInArenaAndHeap)
+{
+    CountingResource heap;
+    CArena arena(&heap);
+    for (std::pmr::memory_resource* resource :
+         {static_cast<std::pmr::memory_resource*>(&heap), static_cast<std::pmr::memory_resource*>(&arena)})
+    {
+        CCompactArray<int> interrupted;
+        CCompactArray<int> numbers;
+        for (int i = 0; i < 100'000; ++i)
+        {
+            if (i % 1000 == 0)
+            {
+                interrupted.Append(*resource, i); // ends the run of extensions in place
+            }
+            numbers.Append(*resource, i);
+        }
+        numbers.Append(*resource, numbers[0]);
+        ASSERT_EQ(numbers.GetCount(), 100'001);
+        ASSERT_EQ(numbers[100'000], 0);
+        const auto all = numbers.GetAll();
+        EXPECT_EQ(std::accumulate(all.begin(), all.end(), 0LL), 4'999'950'000LL);
+        EXPECT_EQ(numbers.RemoveLast(), 0);
+        numbers.Release(*resource);
+        interrupted.Release(*resource);
+        EXPECT_EQ(numbers.GetCount(), 0);
+    }
+    arena.Release();
+    EXPECT_EQ(heap.bytes, 0u);
+}
+
+TEST(CCompactArray, InAnArenaLeavesHardlyAnyRoomBehind)
+{
+    CArena arena;
+    constexpr int tables = 2000;
+    constexpr int rows = 40;
+    for (int table = 0; table < tables; ++table)
+    {
+        CCompactArray<double> values;
+        for (int row = 0; row < rows; ++row)
+        {
+            values.Append(arena, row);
+        }
+    }
+    EXPECT_LT(arena.GetReservedBytes(), std::size_t{tables} * rows * sizeof(double) * 14 / 10);
+}
+
+TEST(CCompactText, CopiesReplacesAndGivesBack)
+{
+    CountingResource heap;
+    CCompactText text;
+    EXPECT_STREQ(text.Get(), "");
+    text.Set(heap, "copper");
+    text.Set(heap, text.Get()); // its own text
+    EXPECT_STREQ(text.Get(), "copper");
+    text.Set(heap, nullptr);
+    EXPECT_STREQ(text.Get(), "");
+    EXPECT_EQ(heap.bytes, 0u);
+}
+} // namespace

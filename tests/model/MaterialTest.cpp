@@ -1,0 +1,151 @@
+#include "tests/CountingResource.h"
+
+#include "MaterialLibrary/model/CMaterial.h"
+#include "MaterialLibrary/model/CTechnologyMapProvider.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace
+{
+TEST(CMaterial, IsEmptyAtFirst)
+{
+    const CMaterial material;
+    double value = 7.0;
+    int technology = 7;
+    EXPECT_EQ(material.GetKind(), MLMATERIAL_NOT_SET);
+    EXPECT_STREQ(material.GetName(), "");
+    EXPECT_STREQ(material.GetTypeName(), "");
+    EXPECT_STREQ(material.GetVendor(), "");
+    EXPECT_STREQ(material.GetComment(), "");
+    EXPECT_FALSE(material.GetAttribute(MLATTR_THICKNESS, &value));
+    EXPECT_EQ(value, 7.0);
+    EXPECT_TRUE(material.GetIntAttribute(MLATTR_THICKNESS, &technology));
+    EXPECT_EQ(technology, MLTECHNOLOGY_UNKNOWN);
+}
+
+TEST(CMaterial, KeepsAttributesByIdentifierButOneTechnologyForAll)
+{
+    CMaterial material;
+    material.SetAttribute(MLATTR_THICKNESS, 0.1);
+    material.SetAttribute(static_cast<MLATTRIBID>(-77), 5.0);
+    material.SetAttribute(MLATTR_THICKNESS, 0.0002);
+    double value = 0.0;
+    EXPECT_TRUE(material.GetAttribute(MLATTR_THICKNESS, &value));
+    EXPECT_EQ(value, 0.0002);
+    EXPECT_TRUE(material.GetAttribute(static_cast<MLATTRIBID>(-77), &value));
+    EXPECT_EQ(value, 5.0);
+    EXPECT_FALSE(material.GetAttribute(MLATTR_BULK_RESISTIVITY, &value));
+
+    material.SetIntAttribute(static_cast<MLATTRIBID>(5), 2);
+    int technology = 0;
+    EXPECT_TRUE(material.GetIntAttribute(MLATTR_THICKNESS, &technology));
+    EXPECT_EQ(technology, 2);
+}
+
+TEST(CMaterial, BothInterfacesSeeTheSameMaterial)
+{
+    CMaterial material;
+    IMaterialIO& builder = material;
+    IMaterial& reader = material;
+    char name[] = "Laminate";
+    builder.SetName(name);
+    name[0] = 'X';
+    builder.SetTypeName("FR4");
+    builder.SetVendor("V");
+    builder.SetComment("C");
+    builder.SetKind(MLMATERIAL_METAL);
+    EXPECT_STREQ(reader.GetName(), "Laminate");
+    EXPECT_STREQ(reader.GetTypeName(), "FR4");
+    EXPECT_STREQ(reader.GetVendor(), "V");
+    EXPECT_STREQ(reader.GetComment(), "C");
+    EXPECT_EQ(reader.GetKind(), MLMATERIAL_METAL);
+
+    for (const int kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT, MLTABLE_ER})
+    {
+        EXPECT_EQ(builder.AddTable(kind)->GetTableKind(), kind);
+    }
+    EXPECT_EQ(reader.CountTables(MLTABLE_ALL), 3);
+    EXPECT_EQ(builder.CountTables(MLTABLE_ER), 2);
+    EXPECT_EQ(reader.CountTables(MLTABLE_ROUGHNESS_TOP), 0);
+    for (const int outside : {-1, 3, 1'000'000})
+    {
+        EXPECT_EQ(reader.GetTableAt(outside), nullptr);
+        EXPECT_EQ(builder.GetTableIO(outside), nullptr);
+    }
+    builder.GetTableIO(1)->AddEntry({1e6, 0.02});
+    EXPECT_EQ(reader.GetTableAt(1)->GetEntry(0).value, 0.02);
+}
+
+TEST(CMaterial, OutsideALibraryGivesEverythingBack)
+{
+    CountingResource heap;
+    {
+        CMaterial material({.name = "record",
+                            .hasBulkResistivity = true,
+                            .hasThickness = true,
+                            .thickness = 1.0,
+                            .technology = 2,
+                            .numbers = {.bulkResistivity = 2.0}},
+                           heap);
+        EXPECT_EQ(material.GetKind(), MLMATERIAL_DIELECTRIC);
+        double value = 0.0;
+        EXPECT_TRUE(material.GetAttribute(MLATTR_BULK_RESISTIVITY, &value));
+        EXPECT_EQ(value, 2.0);
+        material.AddDielectricPoint(1e6, 4.0, 0.02, 25.0);
+        material.AddDielectricPoint(1e9, 3.9, 0.03, 25.0);
+        material.GetValue(MLTABLE_ER, 1e8, &value, 25.0);
+        material.GetValue(MLTABLE_ER, 1e8, &value, 50.0);
+        EXPECT_GT(heap.bytes, 0u);
+    }
+    EXPECT_EQ(heap.bytes, 0u);
+}
+
+TEST(CMaterialTable, KeepsRowsAsAddedAndChecksIndexes)
+{
+    CountingResource heap;
+    const auto owned = CMaterialTable::Create(heap, MLTABLE_LOSS_TANGENT);
+    IMaterialTableIO& builder = *owned;
+    const IMaterialTable& reader = *owned;
+    EXPECT_EQ(reader.GetTableKind(), MLTABLE_LOSS_TANGENT);
+    EXPECT_EQ(reader.GetTemperature(), 25.0);
+    EXPECT_EQ(reader.GetEntryCount(), 0);
+    EXPECT_THROW((void)builder.GetFirstValue(), std::invalid_argument);
+
+    builder.AddEntry({1e6, 4.5});
+    EXPECT_FALSE(builder.HasSeveralEntries());
+    builder.AddEntry({1e6, 4.5});
+    builder.AddEntry({1e3, 4.6});
+    EXPECT_TRUE(builder.HasSeveralEntries());
+    EXPECT_EQ(reader.GetEntry(2).frequency, 1e3);
+    EXPECT_EQ(builder.GetEntry(1).value, 4.5);
+    for (const int outside : {-1, 3})
+    {
+        EXPECT_THROW((void)reader.GetEntry(outside), std::invalid_argument);
+        EXPECT_THROW((void)builder.GetEntry(outside), std::invalid_argument);
+    }
+
+    builder.SetSingleValue(3.3);
+    ASSERT_EQ(reader.GetEntryCount(), 1);
+    EXPECT_EQ(reader.GetEntry(0).frequency, 1.0e9);
+    EXPECT_EQ(builder.GetFirstValue(), 3.3);
+    EXPECT_FALSE(builder.HasSeveralEntries());
+}
+
+TEST(CTechnologyMapProvider, ConvertsExactWords)
+{
+    const std::pair<int, const char*> known[] = {{0, "Core"}, {1, "Prepreg"}, {2, "Flexcore"}};
+    ITechnologyMapProvider& map = GetTechnologyMap();
+    for (const auto& [identifier, word] : known)
+    {
+        EXPECT_EQ(map.GetTechnologyName(identifier), word);
+        EXPECT_EQ(map.GetTechnologyId(word), identifier);
+    }
+    for (const char* const unknown : {"prepreg", "", "Cor", "Core ", "CORE"})
+    {
+        EXPECT_EQ(map.GetTechnologyId(unknown), MLTECHNOLOGY_UNKNOWN) << unknown;
+    }
+    EXPECT_EQ(map.GetTechnologyName(3), "");
+    EXPECT_EQ(map.GetTechnologyName(-1), "");
+}
+} // namespace
