@@ -1,0 +1,56 @@
+#include "MaterialLibrary/reader/LoadMaterialFile.h"
+
+#include "shared/MessageManager/MessageManager.h"
+
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "MaterialLibrary/reader/CMaterialReader.h"
+#include "MaterialLibrary/reader/CTokenScanner.h"
+#include "MaterialLibrary/reader/ReadError.h"
+#include "MaterialLibrary/reader/ReadWholeFile.h"
+#include "MaterialLibrary/resources/FormatText.h"
+#include "MaterialLibrary/resources/Texts.h"
+
+namespace
+{
+std::string DescribeParseError(const char* path, const CTokenScanner& scanner, const CParseError& error)
+{
+    return FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME), {std::string_view(path), scanner.GetLine() + 1,
+                                                           scanner.GetColumn(), LoadText(error.GetReason())});
+}
+} // namespace
+
+bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
+{
+    CTokenScanner scanner;
+    scanner.Attach(text);
+    CMaterialReader reader(scanner);
+    try
+    {
+        reader.ReadLibrary(library);
+        scanner.Detach();
+        return true;
+    }
+    catch (const CParseError& error)
+    {
+        scanner.Detach();
+        ShowWarning(DescribeParseError(path, scanner, error).c_str());
+        library.RemoveAllMaterials();
+        return false;
+    }
+}
+
+bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
+{
+    std::unique_ptr<char[]> text;
+    try
+    {
+        text = ReadWholeFile(path);
+    }
+    catch (const CFileError& error)
+    {
+        ShowWarning(error.GetText().c_str());
+        library.RemoveAllMaterials();
+        return false;
+    }
+    return LoadMaterialText(library, text.get(), path);
+}

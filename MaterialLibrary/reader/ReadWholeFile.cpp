@@ -1,0 +1,76 @@
+#include "MaterialLibrary/reader/ReadWholeFile.h"
+
+#include "MaterialLibrary/reader/ReadError.h"
+#include "MaterialLibrary/resources/FormatText.h"
+#include "MaterialLibrary/resources/Texts.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+
+namespace
+{
+// Beyond any file: what some systems report for a folder.
+constexpr std::int64_t largestSize = std::numeric_limits<std::ptrdiff_t>::max() / 2;
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+[[noreturn]] void ThrowFileError(MLTEXTID textId, const char* path)
+{
+    const char* const reason = std::strerror(errno);
+    throw CFileError(FormatText(LoadText(textId), {std::string_view(path), std::string_view(reason)}));
+}
+
+// The size found by seeking to the end and back; negative when that fails.
+std::int64_t FindSize(std::FILE* file)
+{
+#ifdef _WIN32
+    if (_fseeki64(file, 0, SEEK_END) != 0)
+    {
+        return -1;
+    }
+    const std::int64_t size = _ftelli64(file);
+#else
+    if (std::fseek(file, 0, SEEK_END) != 0)
+    {
+        return -1;
+    }
+    const std::int64_t size = std::ftell(file);
+#endif
+    std::rewind(file);
+    return size;
+}
+} // namespace
+
+std::unique_ptr<char[]> ReadWholeFile(const char* path)
+{
+    const File file(std::fopen(path, "rb"));
+    if (file == nullptr)
+    {
+        ThrowFileError(MLTEXT_OPEN_ERROR, path);
+    }
+    const std::int64_t size = FindSize(file.get());
+    if (size > largestSize)
+    {
+        errno = EFBIG;
+    }
+    if (size < 0 || size > largestSize)
+    {
+        ThrowFileError(MLTEXT_READ_ERROR, path);
+    }
+    const auto bytes = static_cast<std::size_t>(size);
+    auto text = std::make_unique_for_overwrite<char[]>(bytes + 1);
+    const std::size_t got = std::fread(text.get(), 1, bytes, file.get());
+    if (got != bytes && std::ferror(file.get()) != 0)
+    {
+        ThrowFileError(MLTEXT_READ_ERROR, path);
+    }
+    text[got] = '\0';
+    return text;
+}

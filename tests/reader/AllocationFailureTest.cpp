@@ -1,0 +1,196 @@
+// Fails the n-th allocation, for every n, while a library is loaded and while it answers.
+#include "tests/CollectedMessages.h"
+#include "tests/TemporaryFile.h"
+
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "MaterialLibrary/model/CMaterial.h"
+#include "MaterialLibrary/reader/LoadMaterialFile.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <new>
+
+namespace
+{
+constexpr long never = -1;
+long allocationsLeft = never;
+long liveAllocations = 0;
+
+void* Allocate(std::size_t bytes)
+{
+    if (allocationsLeft == 0)
+    {
+        throw std::bad_alloc();
+    }
+    allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
+    void* const block = std::malloc(bytes > 0 ? bytes : 1);
+    if (block == nullptr)
+    {
+        throw std::bad_alloc();
+    }
+    ++liveAllocations;
+    return block;
+}
+
+void Free(void* block) noexcept
+{
+    liveAllocations -= block != nullptr ? 1 : 0;
+    std::free(block);
+}
+} // namespace
+
+void* operator new(std::size_t bytes)
+{
+    return Allocate(bytes);
+}
+
+void* operator new(std::size_t bytes, std::align_val_t alignment) // the arena's way in
+{
+    if (static_cast<std::size_t>(alignment) > alignof(std::max_align_t))
+    {
+        throw std::bad_alloc();
+    }
+    return operator new(bytes);
+}
+
+void operator delete(void* block) noexcept
+{
+    Free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    Free(block);
+}
+
+void operator delete(void* block, std::align_val_t) noexcept
+{
+    operator delete(block);
+}
+
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept
+{
+    operator delete(block);
+}
+
+namespace
+{
+const std::string text =
+    "{MAT_FILE}{VERSION=1.0}\n"
+    "{DIELECTRIC (NAME=\"a name longer than a short string\")(TYPE=\"FR4\")(TECHNOLOGY=Core)"
+    "(THICKNESS=2e-4)(ER TEMPERATURE=20 TABLE=1MHz 4.6 100MHz 4.4 1GHz 4.3 10GHz 4.2)"
+    "(ER TEMPERATURE=60 TABLE=1MHz 4.8 1GHz 4.5)"
+    "(LOSSTANGENT TABLE=1MHz 0.015 100MHz 0.018 1GHz 0.019 10GHz 0.02)}\n"
+    "{DIELECTRIC (NAME=\"another material of this file\")}\n";
+
+// Runs `action` with the n-th allocation failing, for n = 0, 1, ... until it needs no more than n. Each
+// time it succeeds or std::bad_alloc comes out, and nothing is left behind.
+int FailEveryAllocation(const std::function<void()>& action)
+{
+    for (int n = 0;; ++n)
+    {
+        const long before = liveAllocations;
+        bool failed = false;
+        allocationsLeft = n;
+        try
+        {
+            action();
+        }
+        catch (const std::bad_alloc&)
+        {
+            failed = true;
+        }
+        const bool ranOut = allocationsLeft == 0;
+        allocationsLeft = never;
+        EXPECT_EQ(liveAllocations, before) << n;
+        EXPECT_EQ(CurrentModuleState(), nullptr);
+        if (!failed && !ranOut)
+        {
+            return n;
+        }
+        if (n > 5000)
+        {
+            ADD_FAILURE() << "no end of allocations";
+            return n;
+        }
+    }
+}
+
+TEST(AllocationFailure, WhileLoading)
+{
+    const std::string broken = text + "{DIELECTRIC (NAME = unquoted)}";
+    for (const std::string* const content : {&text, &broken})
+    {
+        const TemporaryFile file("x.mat", *content);
+        const int allocations = FailEveryAllocation(
+            [&file]
+            {
+                CollectedMessages messages;
+                CFakeMaterialLib library;
+                LoadMaterialFile(library, file.GetPath().c_str());
+            });
+        EXPECT_GT(allocations, content == &text ? 3 : 6);
+    }
+}
+
+TEST(AllocationFailure, WhileFillingTheSampleLibraryAndFinding)
+{
+    const int allocations = FailEveryAllocation(
+        []
+        {
+            CFakeMaterialLib library;
+            library.FillSampleLibrary();
+            (void)library.FindMaterial("Getinaks");
+        });
+    EXPECT_GT(allocations, 3);
+}
+
+TEST(AllocationFailure, WhileBuildingAMaterialOnTheHeap)
+{
+    const int allocations = FailEveryAllocation(
+        []
+        {
+            CMaterial material({.name = "record", .hasThickness = true, .numbers = {}},
+                               *std::pmr::new_delete_resource());
+            material.SetComment("comment");
+            for (int i = 0; i < 20; ++i)
+            {
+                material.AddDielectricPoint(1e6 * (i + 1), 4.0 - 0.01 * i, 0.02, 25.0);
+            }
+            double value = 0.0;
+            material.GetValue(MLTABLE_ER, 3.5e6, &value, 25.0);
+            material.GetValue(MLTABLE_ER, 3.5e6, &value, 85.0);
+        });
+    EXPECT_GT(allocations, 10);
+}
+
+// The library survives a failed question, and the next one is answered.
+TEST(AllocationFailure, WhileEvaluating)
+{
+    for (int n = 0; n < 200; ++n)
+    {
+        std::string copy = text;
+        CFakeMaterialLib library;
+        ASSERT_TRUE(LoadMaterialText(library, copy.data(), "x.mat"));
+        IMaterial& material = *library.GetMaterial(0);
+        double first = 0.0;
+        allocationsLeft = n;
+        try
+        {
+            material.GetValue(MLTABLE_ER, 2e9, &first, 20.0);
+            material.GetValue(MLTABLE_LOSS_TANGENT, 3e9, &first, 40.0);
+        }
+        catch (const std::bad_alloc&)
+        {
+        }
+        allocationsLeft = never;
+        double value = 0.0;
+        material.GetValue(MLTABLE_ER, 2e9, &value, 20.0);
+        EXPECT_GT(value, 4.0) << n;
+        EXPECT_LT(value, 4.4) << n;
+        EXPECT_LE(material.CountTables(MLTABLE_ALL), 6);
+    }
+}
+} // namespace
