@@ -1,0 +1,64 @@
+#include "shared/MessageManager/MessageManager.h"
+#include "shared/ModuleState/CModuleState.h"
+
+#include "MaterialLibrary/MaterialLibrary.h"
+#include "MaterialLibrary/entry/FileQuery.h"
+#include "MaterialLibrary/entry/PathList.h"
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "MaterialLibrary/reader/LoadMaterialFile.h"
+#include "MaterialLibrary/resources/Texts.h"
+
+#include <memory>
+#include <string>
+
+namespace
+{
+bool HasDielectric(const CFakeMaterialLib& library)
+{
+    for (int index = library.GetMaterialCount() - 1; index >= 0; --index)
+    {
+        if (library.GetMaterial(index)->GetKind() == MLMATERIAL_DIELECTRIC)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+void LoadFiles(CFakeMaterialLib& library, const char* fileList)
+{
+    for (const std::string_view piece : SplitPathList(fileList))
+    {
+        const std::string path(piece);
+        if (IsExistingFile(path.c_str()))
+        {
+            LoadMaterialFile(library, path.c_str());
+        }
+    }
+    if (!HasDielectric(library))
+    {
+        ShowWarning(LoadText(MLTEXT_NO_DIELECTRIC).c_str());
+    }
+}
+} // namespace
+
+IMatLib* CreateMaterialLibrary(const char* fileList)
+{
+    const CModuleStateScope scope;
+    auto library = std::make_unique<CFakeMaterialLib>();
+    if (fileList == nullptr)
+    {
+        library->FillSampleLibrary();
+    }
+    else
+    {
+        LoadFiles(*library, fileList);
+    }
+    return library.release();
+}
+
+void FreeMaterialLibrary(IMatLib* library)
+{
+    const CModuleStateScope scope;
+    delete dynamic_cast<CFakeMaterialLib*>(library);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+
+#ifdef _WIN32
+#include <windows.h>
+
+#include <psapi.h>
+#else
+#include <cstdio>
+#include <unistd.h>
+#endif
+
+// Bytes of memory that the process holds at present; 0 when the system does not say.
+[[nodiscard]] inline std::size_t GetProcessMemory()
+{
+#ifdef _WIN32
+    PROCESS_MEMORY_COUNTERS counters = {};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.PagefileUsage; // Wine leaves the field PrivateUsage empty
+#else
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::FILE* const file = std::fopen("/proc/self/statm", "r");
+    if (file == nullptr || std::fscanf(file, "%zu %zu", &total, &resident) != 2)
+    {
+        resident = 0;
+    }
+    if (file != nullptr)
+    {
+        std::fclose(file);
+    }
+    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+#endif
+}
