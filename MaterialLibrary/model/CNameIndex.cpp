@@ -5,32 +5,32 @@
 #include <bit>
 #include <functional>
 
-namespace
-{
-std::uint32_t HashOf(std::string_view name)
-{
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
-}
-} // namespace
-
 void CNameIndex::Reset(std::size_t capacity)
 {
-    slots.assign(std::bit_ceil(2 * capacity + 1), Slot{});
+    slots.assign(std::bit_ceil(capacity + capacity / 4 + 2), 0);
+    positionMask = static_cast<std::uint32_t>(std::bit_ceil(capacity + 1) * 2 - 1);
 }
 
 void CNameIndex::Clear() noexcept
 {
-    std::vector<Slot>().swap(slots);
+    std::vector<std::uint32_t>().swap(slots);
 }
 
-std::size_t CNameIndex::Locate(const std::vector<IMaterial*>& materials, std::string_view name,
-                               std::uint32_t hash) const
+CNameIndex::Key CNameIndex::KeyOf(std::string_view name) const
+{
+    const std::uint64_t hash = std::hash<std::string_view>()(name);
+    return {static_cast<std::size_t>(hash) & (slots.size() - 1),
+            static_cast<std::uint32_t>(hash >> 32) & ~positionMask};
+}
+
+std::size_t CNameIndex::Locate(const std::vector<IMaterial*>& materials, std::string_view name, Key key) const
 {
     const std::size_t mask = slots.size() - 1;
-    for (std::size_t at = hash & mask;; at = (at + 1) & mask)
+    for (std::size_t at = key.start;; at = (at + 1) & mask)
     {
-        const Slot slot = slots[at];
-        if (slot.position == 0 || (slot.hash == hash && name == materials[slot.position - 1]->GetName()))
+        const std::uint32_t slot = slots[at];
+        if (slot == 0 ||
+            ((slot & ~positionMask) == key.tag && name == materials[(slot & positionMask) - 1]->GetName()))
         {
             return at;
         }
@@ -40,11 +40,11 @@ std::size_t CNameIndex::Locate(const std::vector<IMaterial*>& materials, std::st
 void CNameIndex::Insert(const std::vector<IMaterial*>& materials, std::size_t index)
 {
     const std::string_view name = materials[index]->GetName();
-    const std::uint32_t hash = HashOf(name);
-    Slot& slot = slots[Locate(materials, name, hash)];
-    if (slot.position == 0)
+    const Key key = KeyOf(name);
+    std::uint32_t& slot = slots[Locate(materials, name, key)];
+    if (slot == 0)
     {
-        slot = {hash, static_cast<std::uint32_t>(index + 1)};
+        slot = key.tag | static_cast<std::uint32_t>(index + 1);
     }
 }
 
@@ -54,6 +54,6 @@ IMaterial* CNameIndex::Find(const std::vector<IMaterial*>& materials, std::strin
     {
         return nullptr;
     }
-    const Slot slot = slots[Locate(materials, name, HashOf(name))];
-    return slot.position != 0 ? materials[slot.position - 1] : nullptr;
+    const std::uint32_t slot = slots[Locate(materials, name, KeyOf(name))];
+    return slot != 0 ? materials[(slot & positionMask) - 1] : nullptr;
 }

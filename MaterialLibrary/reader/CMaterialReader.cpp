@@ -33,6 +33,12 @@ struct TableValue
 {
     int tableKind;
 };
+
+// Whether the token is that one character; cheaper than comparing texts, and most tokens are brackets.
+bool IsSign(std::string_view token, char sign)
+{
+    return token.size() == 1 && token.front() == sign;
+}
 } // namespace
 
 struct MLRECORDKEY
@@ -72,6 +78,15 @@ void CMaterialReader::NeedToken(std::string_view& token)
     if (!scanner->NextToken(token))
     {
         throw CParseError(MLTEXT_MISSING_VALUE);
+    }
+}
+
+void CMaterialReader::NeedSign(char expected, MLTEXTID reason)
+{
+    std::string_view token;
+    if (!scanner->NextToken(token) || !IsSign(token, expected))
+    {
+        throw CParseError(reason);
     }
 }
 
@@ -142,7 +157,7 @@ void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
     std::string_view token;
     while (scanner->NextToken(token))
     {
-        if (token != "{")
+        if (!IsSign(token, '{'))
         {
             throw CParseError(MLTEXT_BRACKET_EXPECTED);
         }
@@ -179,9 +194,9 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library, std::string_view word
 void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECORDKEY> keys)
 {
     std::string_view token;
-    for (NeedToken(token); token != "}"; NeedToken(token))
+    for (NeedToken(token); !IsSign(token, '}'); NeedToken(token))
     {
-        if (token != "(")
+        if (!IsSign(token, '('))
         {
             throw CParseError(MLTEXT_BRACKET_EXPECTED);
         }
@@ -193,11 +208,12 @@ void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECOR
 void CMaterialReader::ReadRecord(IMaterialIO& material, std::span<const MLRECORDKEY> keys,
                                  std::string_view word)
 {
-    const auto key =
-        std::find_if(keys.begin(), keys.end(), [word](const MLRECORDKEY& each) { return each.word == word; });
+    const auto key = std::find_if(keys.begin(), keys.end(),
+                                  [word](const MLRECORDKEY& each)
+                                  { return each.word.front() == word.front() && each.word == word; });
     if (key == keys.end())
     {
-        NeedThisToken(")", MLTEXT_BRACKET_EXPECTED); // a word alone, "(FOO)", passes
+        NeedSign(')', MLTEXT_BRACKET_EXPECTED); // a word alone, "(FOO)", passes
         return;
     }
     if (const auto* table = std::get_if<TableValue>(&key->value))
@@ -205,7 +221,7 @@ void CMaterialReader::ReadRecord(IMaterialIO& material, std::span<const MLRECORD
         ReadTable(*material.AddTable(table->tableKind));
         return;
     }
-    NeedThisToken("=", MLTEXT_EQUALS_EXPECTED);
+    NeedSign('=', MLTEXT_EQUALS_EXPECTED);
     if (const auto* text = std::get_if<TextValue>(&key->value))
     {
         (material.*text->set)(NeedQuoted());
@@ -220,7 +236,7 @@ void CMaterialReader::ReadRecord(IMaterialIO& material, std::span<const MLRECORD
         NeedToken(technology);
         material.SetIntAttribute(MLATTR_TECHNOLOGY, technologies->GetTechnologyId(technology.data()));
     }
-    NeedThisToken(")", MLTEXT_BRACKET_EXPECTED);
+    NeedSign(')', MLTEXT_BRACKET_EXPECTED);
 }
 
 void CMaterialReader::ReadDielectric(IMaterialIO& material)
@@ -239,7 +255,7 @@ void CMaterialReader::ReadMetal(IMaterialIO& material)
 void CMaterialReader::ReadRows(IMaterialTableIO& table, std::string_view& token)
 {
     MLTBLENTRY row{};
-    while (scanner->NextToken(token) && token != ")" && ParseEngineeringNumber(token, &row.frequency))
+    while (scanner->NextToken(token) && !IsSign(token, ')') && ParseEngineeringNumber(token, &row.frequency))
     {
         if (!scanner->ReadNumber(row.value))
         {
@@ -254,23 +270,23 @@ void CMaterialReader::ReadTable(IMaterialTableIO& table)
     table.SetTemperature(CMaterialTable::defaultTemperature);
     std::string_view token;
     bool found = scanner->NextToken(token);
-    while (found && token != ")")
+    while (found && !IsSign(token, ')'))
     {
         if (token == "TABLE")
         {
-            NeedThisToken("=", MLTEXT_EQUALS_EXPECTED);
+            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
             ReadRows(table, token);
             found = !token.empty();
             continue;
         }
         if (token == "TEMPERATURE")
         {
-            NeedThisToken("=", MLTEXT_EQUALS_EXPECTED);
+            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
             table.SetTemperature(NeedNumber());
         }
         else if (token == "VALUE")
         {
-            NeedThisToken("=", MLTEXT_EQUALS_EXPECTED);
+            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
             table.SetSingleValue(NeedNumber());
         }
         else

@@ -47,6 +47,7 @@ private:
     void ReadRows(IMaterialTableIO& table, std::string_view& token);
 
     void NeedToken(std::string_view& token);
+    void NeedSign(char expected, MLTEXTID reason);
     void NeedThisToken(std::string_view expected, MLTEXTID reason);
     [[nodiscard]] const char* NeedQuoted();
     [[nodiscard]] double NeedNumber();
