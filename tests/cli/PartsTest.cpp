@@ -1,0 +1,147 @@
+#include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/NearestNames.h"
+#include "tools/matlib/QuantityParsing.h"
+#include "tools/matlib/Wording.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace
+{
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+TEST(QuantityParsing, AcceptsFrequencies)
+{
+    struct
+    {
+        const char* text;
+        double hertz;
+    } const rows[] = {
+        {"1", 1.0},        {"1e9", 1e9},       {"5Hz", 5.0},    {"10k", 1e4},          {"10K", 1e4},
+        {"100kHz", 1e5},   {"100KHz", 1e5},    {"2.5M", 2.5e6}, {"1.1MHz", 1.1 * 1e6}, {"2.5G", 2.5e9},
+        {"2.5GHz", 2.5e9}, {"2.5 GHz", 2.5e9}, {".5GHz", 5e8},  {"0.001THz", 1e9},     {"1T", 1e12},
+        {"1e-3GHz", 1e6}};
+    for (const auto& row : rows)
+    {
+        const Quantity quantity = ParseFrequency(row.text);
+        EXPECT_EQ(quantity.problem, "") << row.text;
+        EXPECT_EQ(quantity.value, row.hertz) << row.text;
+    }
+}
+
+TEST(QuantityParsing, RefusesFrequenciesAndSaysWhy)
+{
+    struct
+    {
+        const char* text;
+        const char* why;
+    } const rows[] = {
+        {"", "is no frequency"},      {"abc", "is no frequency"},      {"GHz", "is no frequency"},
+        {"inf", "is no frequency"},   {"nan", "is no frequency"},      {"1e999", "is no frequency"},
+        {"+1GHz", "is no frequency"}, {" 1GHz", "is no frequency"},    {"0", "out of range"},
+        {"-1GHz", "out of range"},    {"1e308GHz", "out of range"},    {"2.5ghz", "did you mean 2.5GHz?"},
+        {"5m", "did you mean 5MHz?"}, {"5 mHz", "did you mean 5MHz?"}, {"5g", "did you mean 5GHz?"},
+        {"5hz", "did you mean 5Hz?"}, {"5KHZ", "did you mean 5kHz?"},  {"5t", "did you mean 5THz?"},
+        {"2,5GHz", "has a comma"},    {"5u", "unknown unit"},          {"5GHzz", "unknown unit"},
+        {"5GHz ", "unknown unit"},    {"0x10", "unknown unit"},        {"1e", "unknown unit"},
+        {"1 2", "unknown unit"}};
+    for (const auto& row : rows)
+    {
+        EXPECT_THAT(ParseFrequency(row.text).problem, HasSubstr(row.why)) << row.text;
+    }
+}
+
+TEST(QuantityParsing, Temperatures)
+{
+    EXPECT_EQ(ParseTemperature("-40").value, -40.0);
+    EXPECT_EQ(ParseTemperature("25.5 C").value, 25.5);
+    EXPECT_EQ(ParseTemperature("-273.15").problem, "");
+    for (const char* refused : {"", "warm", "25F", "25c", "nan", "-274", "1e999"})
+    {
+        EXPECT_NE(ParseTemperature(refused).problem, "") << refused;
+    }
+}
+
+TEST(QuantityParsing, WholeNumbers)
+{
+    EXPECT_EQ(ParseWholeNumber("2", 2, 10).value, 2.0);
+    EXPECT_EQ(ParseWholeNumber("10", 2, 10).value, 10.0);
+    for (const char* refused : {"", "1", "11", "5.0", "5x", "-3", "99999999999"})
+    {
+        EXPECT_NE(ParseWholeNumber(refused, 2, 10).problem, "") << refused;
+    }
+}
+
+TEST(QuantityParsing, SplitsPaths)
+{
+    EXPECT_THAT(SplitPaths({"a.mat;b c.mat", ";;c.mat;", "", ";"}), ElementsAre("a.mat", "b c.mat", "c.mat"));
+}
+
+TEST(NearestNames, SuggestsWhatWasMeant)
+{
+    const std::vector<std::string> names = {"FR4 core", "FR4 prepreg", "Polyimide", "FR4 core", "Glass", "X"};
+    struct
+    {
+        const char* wanted;
+        std::vector<std::string> nearest;
+    } const rows[] = {
+        {"fr4 CORE", {"FR4 core"}},           // letter case
+        {"FR4", {"FR4 core", "FR4 prepreg"}}, // contained, once each
+        {"Polyimide flex", {"Polyimide"}},    // containing
+        {"polymide", {"Polyimide"}},          // one letter missing
+        {"Galss", {}},                        // two edits in five letters are too many
+        {"Glas", {"Glass"}},
+        {"Y", {"X"}},
+        {"", {"X"}},
+        {"copper", {}},
+    };
+    for (const auto& row : rows)
+    {
+        EXPECT_EQ(FindNearestNames(row.wanted, names), row.nearest) << row.wanted;
+    }
+}
+
+TEST(LibraryMessages, TakesTheParseErrorApart)
+{
+    const std::string path = "C:\\my, line 3\\a.mat";
+    const auto problem =
+        FindFileProblem(path + ", line 12, column 4294967295: Expected \"=\": here.\r\nMore", path);
+    ASSERT_TRUE(problem);
+    EXPECT_EQ(problem->line, 12U);
+    EXPECT_EQ(problem->column, std::numeric_limits<unsigned>::max());
+    EXPECT_EQ(problem->reason, "Expected \"=\": here. More");
+}
+
+TEST(LibraryMessages, KeepsOtherShapesWhole)
+{
+    for (const std::string message :
+         {"Unable to open file \"a.mat\" for the following reason: Permission denied",
+          "a.mat, line 99999999999, column 1: x", "a.mat, line 3: x", "a.mat is bad"})
+    {
+        const auto problem = FindFileProblem(message, "a.mat");
+        ASSERT_TRUE(problem) << message;
+        EXPECT_FALSE(problem->line) << message;
+        EXPECT_EQ(problem->reason, message);
+    }
+    const char* const noDielectric = "No dielectric material found. Consider copying default library "
+                                     "DefaultMaterialD.mat into executable folder.";
+    EXPECT_FALSE(FindFileProblem(noDielectric, "DefaultMaterialD.mat"));
+    EXPECT_FALSE(FindFileProblem("b.mat, line 1, column 1: x", "a.mat"));
+}
+
+TEST(Wording, NumbersAreShortAndTheSameEverywhere)
+{
+    EXPECT_EQ(FormatNumber(4.3), "4.3");
+    EXPECT_EQ(FormatNumber(1.68e-8), "1.68e-08");
+    EXPECT_EQ(FormatNumber(1.0 / 3.0), "0.333333");
+    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::infinity()), "inf");
+    EXPECT_EQ(FormatHertz(1234567890.0), "1234567890");
+    EXPECT_EQ(FormatFrequency(2.5e9), "2.5 GHz");
+    EXPECT_EQ(FormatFrequency(999.0), "999 Hz");
+    EXPECT_EQ(FormatFrequency(6.0), "6 Hz");
+    EXPECT_EQ(FormatFrequency(1e15), "1000 THz");
+    EXPECT_EQ(FormatFrequency(0.001), "0.001 Hz");
+}
+} // namespace

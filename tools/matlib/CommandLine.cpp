@@ -1,0 +1,252 @@
+#include "tools/matlib/CommandLine.h"
+
+#include "tools/matlib/CFailure.h"
+#include "tools/matlib/NearestNames.h"
+#include "tools/matlib/Platform.h"
+#include "tools/matlib/QuantityParsing.h"
+#include "tools/matlib/Wording.h"
+
+#include <CLI/CLI.hpp>
+#include <sstream>
+
+namespace
+{
+constexpr int mostSweepPoints = 10000; // the library keeps every computed value and searches them one by one
+
+const PropertyWords* FindProperty(const std::string& option)
+{
+    const auto found = std::ranges::find_if(properties, [&](const PropertyWords& words)
+                                            { return EqualIgnoringCase(words.option, option); });
+    return found == std::end(properties) ? nullptr : found;
+}
+
+// --json and --lib stand before the command or after it.
+void AddJson(CLI::App& app, Options& options)
+{
+    app.add_flag_function(
+        "--json", [&options](std::int64_t) { options.json = true; }, "Answer in JSON, in SI units");
+}
+
+std::string DescribeBadList(const std::string& list)
+{
+    return SplitPaths({list}).empty() ? "names no file" : "";
+}
+
+void AddLibraryFiles(CLI::App& app, Options& options)
+{
+    const auto addFiles = [&options](const std::vector<std::string>& lists)
+    {
+        for (std::string& path : SplitPaths(lists))
+        {
+            options.libraryFiles.push_back(std::move(path));
+        }
+    };
+    app.add_option_function<std::vector<std::string>>(
+           "--lib", addFiles,
+           "Material files, separated by \";\" or in several --lib; default: a sample library")
+        ->type_name("FILES")
+        ->allow_extra_args(false)
+        ->check(DescribeBadList);
+}
+
+void AddMaterial(CLI::App& app, Options& options)
+{
+    app.add_option("NAME", options.material, "The material's name")->required()->type_name("");
+}
+
+CLI::Option* AddQuantity(CLI::App& app, const char* name, double& target, const char* description,
+                         Quantity (*parse)(std::string_view))
+{
+    return app
+        .add_option_function<std::string>(
+            name, [&target, parse](const std::string& text) { target = parse(text).value; }, description)
+        ->check([parse](const std::string& text) { return parse(text).problem; });
+}
+
+void AddFrequency(CLI::App& app, const char* name, double& target, const char* description,
+                  const char* defaultText)
+{
+    auto* const option = AddQuantity(app, name, target, description, ParseFrequency)->type_name("FREQUENCY");
+    if (defaultText == nullptr)
+    {
+        option->required();
+    }
+    else
+    {
+        option->default_str(defaultText);
+    }
+}
+
+void AddTemperature(CLI::App& app, Options& options)
+{
+    AddQuantity(app, "--temp", options.temperature, "Temperature in degrees Celsius", ParseTemperature)
+        ->type_name("CELSIUS")
+        ->default_str("25");
+}
+
+void AddProperty(CLI::App& app, Options& options)
+{
+    app.add_option_function<std::string>(
+           "--kind", [&options](const std::string& text) { options.property = FindProperty(text)->kind; },
+           "What to ask for: er, losstangent, roughtop or roughbtm")
+        ->required()
+        ->type_name("KIND")
+        ->check(
+            [](const std::string& text)
+            {
+                return FindProperty(text) != nullptr
+                           ? std::string()
+                           : Quote(text) + " is unknown; use er, losstangent, roughtop or roughbtm";
+            });
+}
+
+void AddSweepRange(CLI::App& app, Options& options)
+{
+    AddFrequency(app, "--from", options.sweepFrom, "First frequency", "1MHz");
+    AddFrequency(app, "--to", options.sweepTo, "Last frequency", "20GHz");
+    app.add_option_function<std::string>(
+           "--points",
+           [&options](const std::string& text)
+           { options.sweepPoints = static_cast<int>(ParseWholeNumber(text, 2, mostSweepPoints).value); },
+           "Number of frequencies")
+        ->type_name("COUNT")
+        ->default_str("200")
+        ->check([](const std::string& text) { return ParseWholeNumber(text, 2, mostSweepPoints).problem; });
+    app.add_flag("--log", options.sweepLogarithmic, "Spread the frequencies evenly over the decades");
+    app.final_callback(
+        [&options]
+        {
+            if (!(options.sweepFrom < options.sweepTo))
+            {
+                throw CLI::ValidationError("--from", "must be below --to");
+            }
+        });
+}
+
+CLI::App& AddCommand(CLI::App& app, Options& options, Command command, const char* name,
+                     const char* description, const char* example)
+{
+    CLI::App& added = *app.add_subcommand(name, description);
+    added.footer(std::string("Example:\n  ") + example);
+    added.fallthrough();
+    added.parse_complete_callback([&options, command] { options.command = command; });
+    AddJson(added, options);
+    return added;
+}
+
+void AddList(CLI::App& app, Options& options)
+{
+    CLI::App& list = AddCommand(app, options, Command::list, "list", "List the materials",
+                                "matlib list --lib \"laminates.mat;foils.mat\"");
+    AddLibraryFiles(list, options);
+}
+
+void AddShow(CLI::App& app, Options& options)
+{
+    CLI::App& show =
+        AddCommand(app, options, Command::show, "show", "Show all that the files say about a material",
+                   "matlib show \"Getinaks - 2\"");
+    AddMaterial(show, options);
+    AddLibraryFiles(show, options);
+}
+
+void AddValue(CLI::App& app, Options& options)
+{
+    CLI::App& value = AddCommand(app, options, Command::value, "value",
+                                 "Print a property of a material at a frequency and temperature",
+                                 "matlib value Getinaks --kind er --freq 2.5GHz --temp 25");
+    AddMaterial(value, options);
+    AddProperty(value, options);
+    AddFrequency(value, "--freq", options.frequency, "The frequency: 2.5GHz, 100kHz, 1e9", nullptr);
+    AddTemperature(value, options);
+    AddLibraryFiles(value, options);
+}
+
+void AddSweep(CLI::App& app, Options& options)
+{
+    CLI::App& sweep = AddCommand(app, options, Command::sweep, "sweep",
+                                 "Print Er and loss tangent, or a metal's roughness factors, over frequency",
+                                 "matlib sweep Getinaks --from 1MHz --to 20GHz --points 200 --log");
+    AddMaterial(sweep, options);
+    AddSweepRange(sweep, options);
+    AddTemperature(sweep, options);
+    AddLibraryFiles(sweep, options);
+}
+
+void AddCheck(CLI::App& app, Options& options)
+{
+    CLI::App& check = AddCommand(app, options, Command::check, "check",
+                                 "Say of every file whether it is good, or where and why not",
+                                 "matlib check laminates.mat foils.mat");
+    const auto setFiles = [&options](const std::vector<std::string>& lists)
+    { options.filesToCheck = SplitPaths(lists); };
+    check.add_option_function<std::vector<std::string>>("FILE", setFiles, "Material files")
+        ->required()
+        ->type_name("")
+        ->check(DescribeBadList);
+    check.final_callback(
+        [&options]
+        {
+            if (!options.libraryFiles.empty())
+            {
+                throw CLI::ValidationError("--lib", "check takes its files without it");
+            }
+        });
+}
+
+void DescribeProgram(CLI::App& app, Options& options)
+{
+    app.allow_windows_style_options(false); // paths begin with "/"
+    app.require_subcommand(1);
+    app.set_version_flag("--version", std::string("matlib ") + MATLIB_VERSION);
+    app.footer("Example:\n  matlib value Getinaks --kind er --freq 2.5GHz\n\n"
+               "Exit codes: 0 fine, 1 unknown material, no value or bad file, 2 wrong usage.");
+    if (HasLoadableLibrary())
+    {
+        app.add_option("--dll", options.dllPath,
+                       "The library; default: MaterialLibrary.dll beside the program")
+            ->type_name("PATH");
+    }
+    AddJson(app, options);
+    AddLibraryFiles(app, options);
+    AddList(app, options);
+    AddShow(app, options);
+    AddValue(app, options);
+    AddSweep(app, options);
+    AddCheck(app, options);
+}
+
+std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error)
+{
+    const auto commands = app.get_subcommands();
+    if (commands.empty())
+    {
+        const auto strangers = app.remaining();
+        return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
+               "; use list, show, value, sweep or check (see matlib --help)";
+    }
+    return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
+}
+} // namespace
+
+std::variant<Options, CommandLineEnd> ParseCommandLine(int argc, const char* const* argv)
+{
+    Options options;
+    CLI::App app("Lists, shows and evaluates printed-circuit-board materials.", "matlib");
+    DescribeProgram(app, options);
+    try
+    {
+        app.parse(argc, argv);
+        return options;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        if (error.get_exit_code() != 0)
+        {
+            return CommandLineEnd{exitWrongUsage, {}, DescribeWrongUsage(app, error)};
+        }
+        std::ostringstream output; // help or version
+        app.exit(error, output, output);
+        return CommandLineEnd{exitFine, output.str(), {}};
+    }
+}

@@ -1,0 +1,20 @@
+#include "tools/matlib/Console.h"
+
+#include "tools/matlib/CFailure.h"
+#include "tools/matlib/Wording.h"
+
+#include <cstdio>
+
+void PrintOutput(std::string_view text)
+{
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
+    {
+        throw CFailure("the output could not be written");
+    }
+}
+
+void PrintProblem(std::string_view text)
+{
+    const std::string line = "matlib: " + JoinLines(text) + "\n";
+    static_cast<void>(std::fputs(line.c_str(), stderr)); // nowhere is left to report a failure
+}

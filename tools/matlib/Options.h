@@ -1,0 +1,34 @@
+#pragma once
+
+#include "MaterialLibrary/MLTypes.h"
+
+#include <string>
+#include <vector>
+
+enum class Command
+{
+    list,
+    show,
+    value,
+    sweep,
+    check
+};
+
+// What the user asked for; each command reads only its own part.
+struct Options
+{
+    Command command = Command::list;
+    std::vector<std::string> libraryFiles; // none: the built-in sample library
+    std::string dllPath;                   // Windows only; empty: the library beside the program
+    bool json = false;
+
+    std::string material;                  // show, value, sweep
+    MLTABLEKIND property = MLTABLE_ER;     // value
+    double frequency = 0.0;                // value, Hz
+    double temperature = 25.0;             // value, sweep, °C
+    double sweepFrom = 1e6;                // sweep, Hz
+    double sweepTo = 2e10;                 // sweep, Hz
+    int sweepPoints = 200;                 // sweep, at least 2
+    bool sweepLogarithmic = false;         // sweep
+    std::vector<std::string> filesToCheck; // check
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+// The few things that the two operating systems do differently.
+
+enum class PathState
+{
+    missing,
+    folder,
+    file
+};
+
+// What the path, in the encoding of the command line, leads to.
+[[nodiscard]] PathState QueryPath(const char* path);
+
+// Why the library cannot read what is there ("no such file"); null for a file.
+[[nodiscard]] constexpr const char* DescribeUnreadable(PathState state)
+{
+    switch (state)
+    {
+    case PathState::missing:
+        return "no such file";
+    case PathState::folder:
+        return "this is a folder";
+    default:
+        return nullptr;
+    }
+}
+
+// Makes the standard streams pass every byte on as it is, and errors of the system silent.
+void PrepareProcess();
+
+// Whether there is a DLL to choose.
+[[nodiscard]] bool HasLoadableLibrary();

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tools/matlib/ILibraryHost.h"
+#include "tools/matlib/Options.h"
+
+// The program's commands. Each writes its answer to the standard output stream and what is wrong with the
+// library's files to the standard error stream, and returns the exit code. What cannot be done at all
+// throws CFailure.
+
+// One line per material.
+[[nodiscard]] int RunList(const Options& options, ILibraryHost& host);
+
+// Everything that the library's files say about one material.
+[[nodiscard]] int RunShow(const Options& options, ILibraryHost& host);
+
+// One property of a material at one frequency and temperature.
+[[nodiscard]] int RunValue(const Options& options, ILibraryHost& host);
+
+// The properties of a material over a range of frequencies.
+[[nodiscard]] int RunSweep(const Options& options, ILibraryHost& host);
+
+// Whether each file can be read, and where and why not. exitFailed if any cannot.
+[[nodiscard]] int RunCheck(const Options& options, ILibraryHost& host);

@@ -1,0 +1,21 @@
+#include "tools/matlib/Platform.h"
+
+#include <filesystem>
+
+PathState QueryPath(const char* path)
+{
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (!std::filesystem::exists(status))
+    {
+        return PathState::missing;
+    }
+    return std::filesystem::is_directory(status) ? PathState::folder : PathState::file;
+}
+
+void PrepareProcess() {}
+
+bool HasLoadableLibrary()
+{
+    return false;
+}
