@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# Checks that every include follows the arrows between the rooms of the house, and that windows.h stays in
+# its rooms: check-includes.sh [ROOT]. Prints each include that does not and fails when there is one.
+set -euo pipefail
+cd "${1:-$(dirname "${BASH_SOURCE[0]}")/../..}"
+
+# Each room and what its files may include besides the standard library and the room itself. The rooms'
+# win32 folders may include the same, and framework. docs/architecture.md has the picture.
+declare -A arrows=(
+    [include]=""
+    [shared]=""
+    [MaterialLibrary/dielectric]=""
+    [MaterialLibrary/resources]=""
+    [MaterialLibrary/model]="include MaterialLibrary/dielectric MaterialLibrary/resources shared"
+    [MaterialLibrary/reader]="include MaterialLibrary/model MaterialLibrary/resources shared"
+    [MaterialLibrary/entry]="include MaterialLibrary/model MaterialLibrary/reader MaterialLibrary/resources shared"
+    [MaterialLibrary/chart]="shared"
+    [MaterialLibrary/chooser]="include MaterialLibrary/chart MaterialLibrary/resources grid shared"
+    [grid]="shared"
+    [framework]="shared"
+    [tools/matlib]="include shared"
+    [examples/host]="include"
+)
+
+# The longest room name that the path begins with.
+room_of()
+{
+    local room best=""
+    for room in "${!arrows[@]}"; do
+        [[ $1 == "$room"/* && ${#room} -gt ${#best} ]] && best=$room
+    done
+    echo "$best"
+}
+
+mistakes=0
+checked=0
+mistake()
+{
+    echo "$1:$2: $3"
+    mistakes=$((mistakes + 1))
+}
+
+check_quoted()
+{
+    local file=$1 line=$2 target=$3 room allowed target_room
+    [[ -e include/$target ]] && target=include/$target
+    if [[ ! -e $target ]]; then
+        mistake "$file" "$line" "\"$target\" is named from neither the root nor include/"
+        return
+    fi
+    room=$(room_of "$file")
+    target_room=$(room_of "$target")
+    [[ $file == MaterialLibrary/entry/win32/* ]] && return # puts the module together
+    allowed=" $room ${arrows[$room]} "
+    [[ $file == */win32/* ]] && allowed+="framework "
+    [[ -n $target_room && $allowed == *" $target_room "* ]] ||
+        mistake "$file" "$line" "$room does not include ${target_room:-$target}"
+}
+
+folders=()
+for folder in include shared MaterialLibrary framework grid tools examples; do
+    [[ -d $folder ]] && folders+=("$folder")
+done
+while IFS=: read -r file line text; do
+    checked=$((checked + 1))
+    [[ $text =~ ^[[:space:]]*#[[:space:]]*include[[:space:]]*([\"<])([^\">]+) ]] || continue
+    target=${BASH_REMATCH[2]}
+    if [[ -z $(room_of "$file") ]]; then
+        mistake "$file" "$line" "this folder has no arrows yet: add them to $0"
+    elif [[ ${BASH_REMATCH[1]} == '"' && $target != *.inc ]]; then
+        check_quoted "$file" "$line" "$target"
+    elif [[ ${target,,} == windows.h && ! $file =~ (^framework/|/win32/|^MaterialLibrary/resources/|^examples/host/) ]]; then
+        mistake "$file" "$line" "windows.h is for framework, win32 folders, resources and the example of a host"
+    fi
+done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' --include='*.inc' \
+    "${folders[@]}")
+
+echo "$checked includes, $mistakes mistakes"
+((checked > 0 && mistakes == 0))
