@@ -1,0 +1,220 @@
+// One fit (prepare, fit, one evaluation): ours against the same passes done plainly, with another library's
+// singular value decomposition at every solve. The peers take the unsorted first singular value's part with
+// their largest one, since theirs are sorted; on most laminates that is the same.
+
+#include "bench/RatioTable.h"
+#include "tests/dielectric/Laminates.h"
+
+#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
+
+#include <Eigen/SVD>
+#include <array>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <lapacke.h>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace
+{
+constexpr std::array<int, 4> sizes{5, 10, 20, 40};
+constexpr double wantedFrequency = 2.5e9;
+constexpr int repetitions = 5;
+
+std::vector<PlainLaminate> MakeLaminates(int points)
+{
+    constexpr std::uint64_t laminateCount = 64;
+    std::vector<PlainLaminate> laminates;
+    for (std::uint64_t seed = 0; seed < laminateCount; ++seed)
+        laminates.push_back(MakeLaminate(seed, points));
+    return laminates;
+}
+
+struct OurFit
+{
+    static constexpr const char* name = "ours";
+
+    double operator()(const PlainLaminate& laminate) const
+    {
+        CWidebandDebyeModel model;
+        if (model.PrepareData(static_cast<std::int32_t>(laminate.erValues.size()),
+                              laminate.erFrequencies.data(), laminate.erValues.data(),
+                              static_cast<std::int32_t>(laminate.lossValues.size()),
+                              laminate.lossFrequencies.data(), laminate.lossValues.data()) != 1 ||
+            model.Fit() != 1)
+            throw std::runtime_error("a laminate was refused");
+        double real = 0.0, imaginary = 0.0;
+        model.Evaluate(wantedFrequency, real, imaginary);
+        return real + imaginary;
+    }
+};
+
+class EigenSvd
+{
+public:
+    static constexpr const char* name = "Eigen::JacobiSVD";
+
+    EigenSvd(Eigen::Index rows, Eigen::Index columns)
+        : svd(rows, columns, Eigen::ComputeThinU | Eigen::ComputeThinV)
+    {
+    }
+
+    void Decompose(const Eigen::MatrixXd& system) { svd.compute(system); }
+    const Eigen::VectorXd& Values() const { return svd.singularValues(); }
+    const Eigen::MatrixXd& U() const { return svd.matrixU(); }
+    const Eigen::MatrixXd& V() const { return svd.matrixV(); }
+
+private:
+    Eigen::JacobiSVD<Eigen::MatrixXd> svd;
+};
+
+class LapackSvd
+{
+public:
+    static constexpr const char* name = "LAPACK dgesvd";
+
+    LapackSvd(Eigen::Index rows, Eigen::Index columns)
+        : w(columns), u(rows, columns), vt(columns, columns), work(1)
+    {
+        Eigen::MatrixXd system(rows, columns);
+        Call(system, -1);
+        work.resize(static_cast<Eigen::Index>(work[0]));
+    }
+
+    void Decompose(Eigen::MatrixXd system) { Call(system, static_cast<lapack_int>(work.size())); }
+    const Eigen::VectorXd& Values() const { return w; }
+    const Eigen::MatrixXd& U() const { return u; }
+    auto V() const { return vt.transpose(); }
+
+private:
+    void Call(Eigen::MatrixXd& system, lapack_int workSize)
+    {
+        const lapack_int m = static_cast<lapack_int>(system.rows());
+        const lapack_int n = static_cast<lapack_int>(system.cols());
+        if (LAPACKE_dgesvd_work(LAPACK_COL_MAJOR, 'S', 'S', m, n, system.data(), m, w.data(), u.data(), m,
+                                vt.data(), n, work.data(), workSize) != 0)
+            throw std::runtime_error("dgesvd did not converge");
+    }
+
+    Eigen::VectorXd w;
+    Eigen::MatrixXd u;
+    Eigen::MatrixXd vt;
+    Eigen::VectorXd work;
+};
+
+// The passes as they are described, each solve with a decomposition of its own.
+template <class Svd>
+std::vector<double> SearchPlainly(const Eigen::MatrixXd& full, const Eigen::VectorXd& target)
+{
+    const Eigen::Index n = full.cols();
+    Svd svd(full.rows(), n);
+    Eigen::VectorXd x(n);
+    for (double ratio = 0.02;; ratio *= 1.1)
+    {
+        Eigen::MatrixXd system = full;
+        double smallest = 0.0;
+        for (Eigen::Index attempt = 0; attempt < n - 1; ++attempt)
+        {
+            svd.Decompose(system);
+            Eigen::VectorXd c = svd.U().transpose() * target;
+            for (Eigen::Index j = 0; j < n; ++j)
+                c[j] = svd.Values()[j] > ratio * svd.Values()[0] ? c[j] / svd.Values()[j] : 0.0;
+            x.noalias() = svd.V() * c;
+            Eigen::Index where = 0;
+            smallest = x.minCoeff(&where);
+            if (smallest >= 0.0)
+                break;
+            system.col(where).setZero();
+        }
+        bool smooth = smallest >= 0.0 && 2.0 * x[n - 2] > x[n - 1];
+        for (Eigen::Index k = 1; k + 1 < n; ++k)
+            smooth = smooth && !(2.0 * x[k - 1] > x[k] && 2.0 * x[k + 1] > x[k]);
+        if (smooth || !(ratio < 0.1))
+            return {x.begin(), x.end()};
+    }
+}
+
+template <class Svd>
+struct PlainFitWith
+{
+    static constexpr const char* name = Svd::name;
+
+    double operator()(const PlainLaminate& laminate) const
+    {
+        PlainFit fit;
+        if (!fit.Prepare(laminate))
+            throw std::runtime_error("a laminate was refused");
+        const std::vector<double> corners = fit.Corners();
+        const PlainMatrix rows = fit.System(corners);
+        const Eigen::Index n = static_cast<Eigen::Index>(corners.size()) - 1;
+        Eigen::MatrixXd system(static_cast<Eigen::Index>(rows.size()), n);
+        Eigen::VectorXd target = Eigen::VectorXd::Zero(system.rows());
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            system.row(static_cast<Eigen::Index>(i)) =
+                Eigen::Map<const Eigen::RowVectorXd>(rows[i].data(), n);
+        for (std::size_t i = 0; i < fit.imaginaryParts.size(); ++i)
+            target[static_cast<Eigen::Index>(i)] = fit.imaginaryParts[i];
+        fit.StoreTerms(corners, SearchPlainly<Svd>(system, target));
+        double real = 0.0, imaginary = 0.0;
+        fit.Evaluate(wantedFrequency, real, imaginary);
+        return real + imaginary;
+    }
+};
+
+template <class Fit>
+void Measure(benchmark::State& state)
+{
+    const std::vector<PlainLaminate> laminates = MakeLaminates(static_cast<int>(state.range(0)));
+    std::size_t next = 0;
+    for (auto _ : state)
+    {
+        benchmark::DoNotOptimize(Fit{}(laminates[next]));
+        next = (next + 1) % laminates.size();
+    }
+}
+
+template <class Fit>
+void Register()
+{
+    for (const int size : sizes)
+    {
+        benchmark::RegisterBenchmark(Fit::name, Measure<Fit>)
+            ->Arg(size)
+            ->Unit(benchmark::kMicrosecond)
+            ->Repetitions(repetitions)
+            ->ReportAggregatesOnly();
+    }
+}
+
+std::string RunName(const char* fit, int size)
+{
+    return std::string(fit) + "/" + std::to_string(size) + "/repeats:" + std::to_string(repetitions);
+}
+
+template <class Peer>
+void PrintRatios(const RatioTable& table)
+{
+    for (const int size : sizes)
+    {
+        table.PrintRatio("One fit, " + std::to_string(size) + " points, " + Peer::name,
+                         RunName(OurFit::name, size), RunName(Peer::name, size));
+    }
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    using EigenFit = PlainFitWith<EigenSvd>;
+    using LapackFit = PlainFitWith<LapackSvd>;
+    benchmark::Initialize(&argc, argv);
+    Register<OurFit>();
+    Register<EigenFit>();
+    Register<LapackFit>();
+    RatioTable table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+    std::printf("\nMedian of %d runs over 64 laminates (aim: at least 10)\n", repetitions);
+    PrintRatios<EigenFit>(table);
+    PrintRatios<LapackFit>(table);
+    return 0;
+}
