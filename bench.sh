@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Measures speed and memory against well-known libraries and prints the ratios.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+scripts/packages.sh bench
+targets=(bench/bench_*.cpp)
+targets=("${targets[@]##*/}")
+scripts/build.sh bench "${targets[@]%.cpp}"
+for target in "${targets[@]%.cpp}"; do
+    "build/bench/bench/$target" </dev/null
+done

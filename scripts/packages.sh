@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for a purpose: packages.sh run|test|bench|fuzz|coverage|lint
+# Needs root or sudo only when something is missing.
+set -euo pipefail
+
+build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev googletest"
+run="$build g++-mingw-w64-x86-64-posix wine64 fonts-wine"
+case ${1:-} in
+run) wanted=$run ;;
+test) wanted="$run clang lld" ;;
+bench)
+    wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libfast-float-dev libeigen3-dev
+        liblapacke-dev"
+    ;;
+fuzz) wanted="$build clang libclang-rt-14-dev" ;;
+coverage) wanted="$build gcovr" ;;
+lint) wanted="$build clang clang-format clang-tidy" ;;
+*)
+    echo "usage: packages.sh run|test|bench|fuzz|coverage|lint" >&2
+    exit 2
+    ;;
+esac
+
+missing=()
+for package in $wanted; do
+    state=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [[ $state == installed ]] || missing+=("$package")
+done
+if ((${#missing[@]} == 0)); then
+    exit 0
+fi
+
+administrator=()
+if ((EUID != 0)); then
+    if ! sudo --non-interactive true 2>/dev/null; then
+        echo "These packages are missing: ${missing[*]}" >&2
+        echo "Install them and call again: sudo apt-get install --no-install-recommends ${missing[*]}" >&2
+        exit 1
+    fi
+    administrator=(sudo --non-interactive)
+fi
+echo "Installing ${missing[*]}"
+install=(env DEBIAN_FRONTEND=noninteractive apt-get install --yes --no-install-recommends)
+if ! "${administrator[@]}" "${install[@]}" "${missing[@]}" </dev/null >/dev/null; then
+    "${administrator[@]}" apt-get update </dev/null >/dev/null
+    "${administrator[@]}" "${install[@]}" "${missing[@]}" </dev/null >/dev/null
+fi

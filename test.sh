@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test: on Linux, on Linux with sanitizers, and for Windows under Wine.
+#   test.sh             the tests; the last lines are the three summaries
+#   test.sh --coverage  line and branch coverage of the portable code
+#   test.sh --lint      formatting, clang's warnings everywhere, clang-tidy for the code that is delivered
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+run_tests()
+{
+    local summaries=() failed=0 preset log
+    scripts/packages.sh test
+    trap 'cmake/wine-run.sh --end' EXIT
+    for preset in native sanitize windows; do
+        scripts/build.sh "$preset"
+    done
+    for preset in native sanitize windows; do
+        log=build/$preset-test.log
+        ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1
+        summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")
+    done
+    echo
+    printf '%s\n' "${summaries[@]}"
+    return "$failed"
+}
+
+run_coverage()
+{
+    scripts/packages.sh coverage
+    scripts/build.sh coverage
+    find build/coverage -name '*.gcda' -delete
+    ctest --preset coverage --parallel "$(nproc)" </dev/null
+    gcovr --root . --object-directory build/coverage --filter include/ --filter MaterialLibrary/ --filter shared/ \
+        --filter tools/ --exclude-throw-branches --exclude-unreachable-branches --print-summary build/coverage
+}
+
+run_lint()
+{
+    scripts/packages.sh lint
+    git ls-files -z --cached --others --exclude-standard -- '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror
+    scripts/build.sh clang
+    run-clang-tidy -quiet -p build/clang -j "$(nproc)" "^$PWD/(MaterialLibrary|shared|tools)/" </dev/null
+}
+
+case ${1:-} in
+"") run_tests ;;
+--coverage) run_coverage ;;
+--lint) run_lint ;;
+*)
+    sed -n '2,5s/^# \?//p' "$0" >&2
+    exit 2
+    ;;
+esac
