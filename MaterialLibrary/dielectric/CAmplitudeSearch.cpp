@@ -182,7 +182,8 @@ void CAmplitudeSearch::Truncate(Solution& solution, ColumnMask keptValues) const
 bool CAmplitudeSearch::IsAcceptable() const
 {
     const double* const x = last->amplitudes;
-    // A term much smaller than both neighbours.
+    // An inner amplitude less than twice both neighbours passes for rough, even a level run: strange as it
+    // is, fitted values of hosts rest on it.
     for (int k = 1; k + 1 < termCount; ++k)
     {
         if (2.0 * x[k - 1] > x[k] && 2.0 * x[k + 1] > x[k])

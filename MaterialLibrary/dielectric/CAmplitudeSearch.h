@@ -4,13 +4,14 @@
 #include <span>
 #include <vector>
 
-/// Looks for amplitudes of the Debye terms that are not negative and smooth from term to term and give the
-/// measured imaginary parts.
+/// Looks for amplitudes of the Debye terms that give the measured imaginary parts.
 ///
 /// Least squares by singular value decomposition, with 0.01 times a second difference added as further rows.
-/// The most negative amplitude's column is taken out and the rest solved again. Where the amplitudes still
-/// are not acceptable, the whole is repeated with more of the small singular values left out: the truncation
-/// ratio goes from 0.02 in steps of a tenth until it reaches 0.1, and what comes out then is taken as it is.
+/// While an amplitude is negative, the most negative one's column is taken out and the rest solved again.
+/// Amplitudes are acceptable when none is negative, each inner one is at least twice one of its neighbours,
+/// and the last is less than twice the one before. Where they are not, the whole is repeated with more of the
+/// small singular values left out: the truncation ratio goes from 0.02 up by a tenth of itself until it
+/// reaches 0.1. What comes out then is taken as it is.
 ///
 /// A decomposition depends on the columns that take part, not on the ratio: each is made once and kept.
 class CAmplitudeSearch
@@ -61,8 +62,7 @@ private:
     std::vector<double> storage;
     double* system;      // (pointCount + termCount) x termCount, column by column
     double* offDiagonal; // Scratch space of the decomposition.
-    // As many as a ratio can ask for, and more than all ratios mostly do; the oldest makes room for a new
-    // one.
+    // At least as many as one ratio can ask for; the oldest makes room for a new one.
     std::vector<Solution> solutions;
     std::size_t nextSolution = 0;
     const Solution* last = nullptr;

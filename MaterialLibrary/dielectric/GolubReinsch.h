@@ -189,14 +189,13 @@ private:
             }
             else
             {
-                const double inverse = 1.0 / w[i];
                 for (int j = i + 1; j < n; ++j)
                 {
-                    const double factor = ColumnProduct(i + 1, i, j) / a(i, i) * inverse;
+                    const double factor = ColumnProduct(i + 1, i, j) / a(i, i) / w[i];
                     AddColumn(i, factor, i, j);
                 }
                 for (int k = i; k < m; ++k)
-                    a(k, i) *= inverse;
+                    a(k, i) /= w[i];
             }
             a(i, i) += 1.0;
         }
@@ -252,9 +251,8 @@ private:
                 break;
             const double g = w[i];
             w[i] = Hypotenuse(f, g);
-            const double inverse = 1.0 / w[i];
-            c = g * inverse;
-            s = -f * inverse;
+            c = g / w[i];
+            s = -f / w[i];
             Rotate(a, rowsOfU, l - 1, i, c, s);
         }
     }
@@ -282,9 +280,8 @@ private:
             w[j] = Hypotenuse(f, h);
             if (w[j] != 0.0)
             {
-                const double inverse = 1.0 / w[j];
-                c = f * inverse;
-                s = h * inverse;
+                c = f / w[j];
+                s = h / w[j];
             }
             f = c * g + s * y;
             x = c * y - s * g;

@@ -41,17 +41,17 @@ struct AcceptanceCase
 };
 
 const AcceptanceCase acceptanceCases[] = {
-    {"falling", {3.0, 2.0, 1.0}, true},
-    {"rising slowly", {1.0, 2.0, 3.0}, true},
-    {"rising steeply, but not at the end", {0.1, 2.0, 3.0}, true},
-    {"a dip, less than half of one neighbour only", {4.0, 1.7, 3.0}, false},
-    {"a dip below half of both neighbours", {9.0, 2.0, 5.0}, false},
+    {"falling to less than half", {3.0, 2.0, 0.9}, true},
+    {"rising from less than half", {0.9, 2.0, 3.0}, true},
     {"a peak", {1.0, 6.0, 1.0}, true},
+    {"level", {2.0, 2.0, 2.0}, false},
+    {"falling slowly", {4.0, 3.0, 2.0}, false},
+    {"a dip", {9.0, 2.0, 5.0}, false},
     {"the last more than twice the one before", {0.4, 1.0, 4.0}, false},
 };
 } // namespace
 
-TEST(AmplitudeSearch, TakesOnlySmoothAmplitudesBeforeTheLastRatio)
+TEST(AmplitudeSearch, WantsEachInnerAmplitudeTwiceANeighbourBeforeTheLastRatio)
 {
     for (const AcceptanceCase& row : acceptanceCases)
     {

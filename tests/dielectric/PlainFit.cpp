@@ -87,13 +87,15 @@ bool PlainFit::Solve(const PlainMatrix& system, const std::vector<double>& targe
         double product = 0.0;
         for (std::size_t i = 0; i < target.size(); ++i)
             product += u[i][j] * target[i];
-        c[j] = w[j] > ratio * w[0] && !(w[j] < 1e-12 * largest) ? product / w[j] : 0.0;
+        c[j] = product / w[j];
     }
+    // A value that counts as zero takes its vector with it, which may be past all numbers on absurd data.
     for (std::size_t k = 0; k < n; ++k)
     {
         amplitudes[k] = 0.0;
         for (std::size_t j = 0; j < n; ++j)
-            amplitudes[k] += v[k][j] * c[j];
+            if (w[j] > ratio * w[0] && !(w[j] < 1e-12 * largest))
+                amplitudes[k] += v[k][j] * c[j];
     }
     return true;
 }
@@ -156,7 +158,8 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
     target.resize(m + n, 0.0);
 
     std::vector<double> x(n);
-    for (double ratio = 0.02;; ratio = ratio * 1.1)
+    double ratio = 0.02;
+    for (;;)
     {
         ++passes;
         PlainMatrix system = full;
@@ -189,6 +192,7 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
                 smooth = false;
         if ((smallest >= 0.0 && smooth && 2.0 * x[n - 2] > x[n - 1]) || !(ratio < 0.1))
             break;
+        ratio = ratio * 1.1;
     }
 
     StoreTerms(corner, x);

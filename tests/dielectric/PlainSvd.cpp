@@ -117,18 +117,17 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
             A(i, j) = 0.0;
         if (W(i) != 0.0)
         {
-            const double inverse = 1.0 / W(i);
             for (int j = i + 1; j < n; ++j)
             {
                 double s = 0.0;
                 for (int k = i + 1; k < m; ++k)
                     s += A(k, i) * A(k, j);
-                const double f = s / A(i, i) * inverse;
+                const double f = s / A(i, i) / W(i);
                 for (int k = i; k < m; ++k)
                     A(k, j) += f * A(k, i);
             }
             for (int j = i; j < m; ++j)
-                A(j, i) *= inverse;
+                A(j, i) /= W(i);
         }
         else
         {
@@ -163,9 +162,8 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                         break;
                     g = W(i);
                     W(i) = Hypotenuse(f, g);
-                    const double inverse = 1.0 / W(i);
-                    c = g * inverse;
-                    s = -f * inverse;
+                    c = g / W(i);
+                    s = -f / W(i);
                     for (int j = 0; j < m; ++j)
                         rotate(A(j, l - 1), A(j, i), c, s);
                 }
@@ -208,9 +206,8 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 W(j) = Hypotenuse(f, h);
                 if (W(j) != 0.0)
                 {
-                    const double inverse = 1.0 / W(j);
-                    c = f * inverse;
-                    s = h * inverse;
+                    c = f / W(j);
+                    s = h / W(j);
                 }
                 f = c * g + s * y;
                 x = c * y - s * g;
