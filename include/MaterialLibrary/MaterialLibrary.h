@@ -21,6 +21,6 @@ extern "C"
     void FreeMaterialLibrary(IMatLib* library);
 
     // The types of the two entry points, for GetProcAddress.
-    typedef IMatLib* (*MLCREATEMATERIALLIBRARY)(const char* fileList);
-    typedef void (*MLFREEMATERIALLIBRARY)(IMatLib* library);
+    using MLCREATEMATERIALLIBRARY = IMatLib* (*)(const char* fileList);
+    using MLFREEMATERIALLIBRARY = void (*)(IMatLib* library);
 }
