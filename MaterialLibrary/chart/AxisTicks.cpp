@@ -1,0 +1,74 @@
+#include "MaterialLibrary/chart/AxisTicks.h"
+
+#include "MaterialLibrary/chart/TickSearch.h"
+
+#include <cmath>
+
+namespace
+{
+constexpr int smallestMinorGap = 8; // pixels, wished for; a rounder number of parts may leave less
+constexpr double mostIntervals = 10'000.0;
+
+std::vector<double> ListPartsOfStep(const CAxis& axis)
+{
+    const int interval = RoundToPixel(axis.tickStep * axis.scale);
+    const int count = CountSubdivisions(axis.tickStep, interval / smallestMinorGap, interval, false);
+    std::vector<double> parts;
+    for (int i = 1; i < count; ++i)
+    {
+        parts.push_back(static_cast<double>(i) / count);
+    }
+    return parts;
+}
+
+// There are some only where a decade is long, so that every decade has its tick.
+std::vector<double> ListMultiplesOfDecade(const CAxis& axis)
+{
+    const double step = 10.0 * ChooseMinorDecadeStep(axis.scale);
+    std::vector<double> multiples;
+    for (double multiple = step; step > 0.0 && multiple < 10.0; multiple += step)
+    {
+        if (multiple > 1.0)
+        {
+            multiples.push_back(multiple);
+        }
+    }
+    return multiples;
+}
+} // namespace
+
+int CountTickIntervals(const CAxis& axis, const IScale& scale)
+{
+    const double extent = scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin);
+    const double intervals = std::round(extent / axis.tickStep);
+    return intervals > 0.0 ? static_cast<int>(std::min(intervals, mostIntervals)) : 0;
+}
+
+double GetAxisTick(const CAxis& axis, const IScale& scale, int index)
+{
+    const double value = scale.GetTickValue(axis.visibleMin, axis.tickStep, index);
+    return !scale.IsLogarithmic() && std::fabs(value) < 1e-9 * axis.tickStep ? 0.0 : value;
+}
+
+TickRange GetDrawnTicks(const CChartModel& model, Direction direction, const CAxis& axis)
+{
+    const int intervals = CountTickIntervals(axis, model.GetScale(direction));
+    // A shift to the right or upwards moves the last tick out of the plot, the opposite shift the first.
+    const int towardsMax = direction == Direction::Horizontal ? axis.pixelShift : -axis.pixelShift;
+    return {towardsMax < 0 ? 1 : 0, towardsMax > 0 ? intervals - 1 : intervals};
+}
+
+std::vector<double> ListMinorParts(const CAxis& axis, const IScale& scale)
+{
+    if (axis.minorTicks == 0)
+    {
+        return {};
+    }
+    return scale.IsLogarithmic() ? ListMultiplesOfDecade(axis) : ListPartsOfStep(axis);
+}
+
+double GetMinorTick(const CAxis& axis, const IScale& scale, int index, double part)
+{
+    return scale.IsLogarithmic() ? part * GetAxisTick(axis, scale, index)
+                                 : scale.GetTickValue(axis.visibleMin, axis.tickStep, index + part);
+}

@@ -1,0 +1,42 @@
+#include "MaterialLibrary/chart/CLinearScale.h"
+
+#include "MaterialLibrary/chart/TickSearch.h"
+#include "MaterialLibrary/chart/TickUnderPixel.h"
+#include "MaterialLibrary/chart/TolerantRounding.h"
+
+#include <cmath>
+
+double CLinearScale::ChooseStep(double lo, double hi, int pixels) const
+{
+    return ChooseLinearStep(lo, hi, pixels);
+}
+
+double CLinearScale::GetFirstTick(double value, double step) const
+{
+    return FloorTolerant(value / step) * step;
+}
+
+double CLinearScale::GetLastTick(double value, double step, double /*firstTick*/) const
+{
+    return CeilTolerant(value / step) * step;
+}
+
+double CLinearScale::GetTickValue(double origin, double step, double steps) const
+{
+    return origin + steps * step;
+}
+
+double CLinearScale::GetValueAtPixel(int pixel, const AxisPlacement& placement) const
+{
+    return GetTicksAtPixel(pixel, placement) * placement.step + placement.value;
+}
+
+double CLinearScale::GetValueAtOffset(double origin, double pixels, double scale) const
+{
+    return origin + pixels / scale;
+}
+
+double CLinearScale::ShiftBack(double origin, double step, int steps) const
+{
+    return std::round(origin / step - steps) * step;
+}

@@ -1,0 +1,200 @@
+#include "MaterialLibrary/chart/CSvgCanvas.h"
+
+#include "MaterialLibrary/chart/XmlText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace
+{
+// Thousandths of the font size, for the characters from the blank to the tilde.
+constexpr std::array<int, 95> characterWidths = {
+    278, 278, 355, 556, 556, 889,  667, 191, 333, 333, 389, 584, 278, 333, 278, 278, 556, 556, 556,
+    556, 556, 556, 556, 556, 556,  556, 278, 278, 584, 584, 584, 556, 1015, 667, 667, 722, 722, 667,
+    611, 778, 722, 278, 500, 667,  556, 833, 722, 778, 667, 778, 722, 667, 611, 722, 667, 944, 667,
+    667, 611, 278, 278, 278, 469,  556, 333, 556, 556, 500, 556, 556, 278, 556, 556, 222, 222, 500,
+    222, 833, 556, 556, 556, 556,  333, 500, 278, 556, 500, 722, 500, 500, 500, 334, 260, 334, 584};
+constexpr int otherWidth = 556;
+constexpr double cellHeight = 1.15;
+constexpr double ascent = 0.905;
+
+int GetThousandths(std::string_view text)
+{
+    int sum = 0;
+    for (const char c : text)
+    {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xC0) == 0x80)
+        {
+            continue; // a further byte of a character
+        }
+        sum += byte >= 0x20 && byte < 0x7F ? characterWidths[byte - 0x20u] : otherWidth;
+    }
+    return sum;
+}
+
+std::string_view Trim(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+void Append(std::string& out, int number)
+{
+    char digits[16];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+}
+
+// Strings as they are, numbers in digits.
+template <typename... Parts>
+void AppendAll(std::string& out, const Parts&... parts)
+{
+    const auto append = [&out](const auto& part)
+    {
+        if constexpr (std::is_same_v<std::decay_t<decltype(part)>, int>)
+        {
+            Append(out, part);
+        }
+        else
+        {
+            out += part;
+        }
+    };
+    (append(parts), ...);
+}
+
+std::string FormatColour(Colour colour)
+{
+    constexpr char digits[] = "0123456789abcdef";
+    std::string text = "#";
+    for (const int shift : {4, 0, 12, 8, 20, 16})
+    {
+        text += digits[(colour >> shift) & 0xF];
+    }
+    return text;
+}
+
+std::string FormatDashes(std::int32_t style)
+{
+    constexpr std::array<std::string_view, 5> dashes = {"", "8 4", "1 3", "8 4 1 4", "8 4 1 4 1 4"};
+    return style >= PenStyle::dash && style <= PenStyle::dashDotDot
+               ? " stroke-linecap=\"butt\" stroke-dasharray=\"" +
+                     std::string(dashes[static_cast<std::size_t>(style)]) + "\""
+               : std::string();
+}
+
+std::string FormatRectangle(const PixelRect& rect)
+{
+    std::string text;
+    AppendAll(text, "<rect x=\"", rect.left, "\" y=\"", rect.top, "\" width=\"", std::max(rect.GetWidth(), 0),
+              "\" height=\"", std::max(rect.GetHeight(), 0), "\"");
+    return text;
+}
+} // namespace
+
+CSvgCanvas::CSvgCanvas(PixelSize size_, int fontPixels_) : size(size_), fontPixels(fontPixels_) {}
+
+std::string CSvgCanvas::GetDocument() const
+{
+    std::string document = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"";
+    AppendAll(document, " width=\"", size.width, "\" height=\"", size.height, "\" viewBox=\"0 0 ", size.width, " ",
+              size.height, "\" font-family=\"Arial, 'Liberation Sans', Helvetica, sans-serif\" font-size=\"",
+              fontPixels, "px\" stroke-linecap=\"square\" stroke-linejoin=\"round\">\n", body,
+              openPen ? "\"/>\n" : "", clipped ? "</g>\n" : "", "</svg>\n");
+    return document;
+}
+
+PixelSize CSvgCanvas::GetTextExtent(std::string_view text)
+{
+    const double width = std::ceil(GetThousandths(text) * fontPixels / 1000.0);
+    return {static_cast<int>(width), static_cast<int>(std::lround(cellHeight * fontPixels))};
+}
+
+void CSvgCanvas::FillRectangle(const PixelRect& rect, Colour colour)
+{
+    EndPath();
+    AppendAll(body, FormatRectangle(rect), " fill=\"", FormatColour(colour), "\"/>\n");
+}
+
+// Polylines of the same pen become one path, through the middle of the pixels.
+void CSvgCanvas::DrawPolyline(const Pen& pen, std::span<const PixelPoint> points)
+{
+    if (openPen != pen)
+    {
+        EndPath();
+        openPen = pen;
+        AppendAll(body, "<path fill=\"none\" stroke=\"", FormatColour(pen.colour), "\"");
+        if (pen.width > 1)
+        {
+            AppendAll(body, " stroke-width=\"", static_cast<int>(pen.width), "\"");
+        }
+        AppendAll(body, FormatDashes(pen.style), " d=\"");
+    }
+    AppendAll(body, "M", points.front().x, ".5 ", points.front().y, ".5");
+    for (std::size_t i = 1; i < points.size(); ++i)
+    {
+        AppendAll(body, i == 1 ? "l" : " ", points[i].x - points[i - 1].x, " ", points[i].y - points[i - 1].y);
+    }
+}
+
+void CSvgCanvas::EndPath()
+{
+    if (openPen)
+    {
+        body += "\"/>\n";
+        openPen.reset();
+    }
+}
+
+void CSvgCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour colour,
+                           std::optional<Colour> background)
+{
+    EndPath();
+    const PixelSize extent = GetTextExtent(text);
+    if (background)
+    {
+        FillRectangle({topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height}, *background);
+    }
+    const std::string_view visible = Trim(text);
+    if (visible.empty())
+    {
+        return;
+    }
+    // Viewers drop leading blanks.
+    const int blanks = GetTextExtent(text.substr(0, static_cast<std::size_t>(visible.data() - text.data()))).width;
+    AppendAll(body, "<text x=\"", topLeft.x + blanks, "\" y=\"",
+              topLeft.y + static_cast<int>(std::lround(ascent * fontPixels)), "\" textLength=\"",
+              GetTextExtent(visible).width, "\" lengthAdjust=\"spacingAndGlyphs\" fill=\"", FormatColour(colour),
+              "\">", ToXmlText(visible), "</text>\n");
+}
+
+void CSvgCanvas::Clip(const PixelRect& area)
+{
+    Unclip();
+    ++clipAreas;
+    AppendAll(body, "<clipPath id=\"c", clipAreas, "\">", FormatRectangle(area),
+              "/></clipPath>\n<g clip-path=\"url(#c", clipAreas, ")\">\n");
+    clipped = true;
+}
+
+void CSvgCanvas::Unclip()
+{
+    EndPath();
+    if (clipped)
+    {
+        body += "</g>\n";
+        clipped = false;
+    }
+}
+
+void CSvgCanvas::DrawXorLines(std::span<const PixelLine> lines, Colour colour)
+{
+    EndPath();
+    for (const PixelLine& line : lines)
+    {
+        AppendAll(body, "<path style=\"mix-blend-mode:difference\" fill=\"none\" stroke=\"", FormatColour(colour),
+                  "\" d=\"M", line.from.x, ".5 ", line.from.y, ".5L", line.to.x, ".5 ", line.to.y, ".5\"/>\n");
+    }
+}

@@ -1,0 +1,152 @@
+#include "MaterialLibrary/chart/CurveSearch.h"
+
+#include "MaterialLibrary/chart/CAxisMapping.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace
+{
+constexpr int hitDistance = 3;  // pixels
+constexpr int readDistance = 4; // pixels
+
+bool Contains(const DataRect& rect, const DataPoint& point)
+{
+    return point.x >= rect.xMin && point.x <= rect.xMax && point.y >= rect.yMin && point.y <= rect.yMax;
+}
+
+// Whether the line from a to b, two coordinates along and across an edge, meets the edge at `along` between
+// `acrossMin` and `acrossMax`.
+bool CrossesEdge(double aAlong, double aAcross, double bAlong, double bAcross, double along, double acrossMin,
+                 double acrossMax)
+{
+    const double t = (along - aAlong) / (bAlong - aAlong);
+    const double across = aAcross + t * (bAcross - aAcross);
+    return t >= 0.0 && t <= 1.0 && across >= acrossMin && across <= acrossMax;
+}
+
+bool Touches(const DataRect& rect, const DataPoint& a, const DataPoint& b)
+{
+    // Most segments lie wholly on one side.
+    if ((a.x < rect.xMin && b.x < rect.xMin) || (a.x > rect.xMax && b.x > rect.xMax) ||
+        (a.y < rect.yMin && b.y < rect.yMin) || (a.y > rect.yMax && b.y > rect.yMax))
+    {
+        return false;
+    }
+    return Contains(rect, a) || Contains(rect, b) ||
+           CrossesEdge(a.x, a.y, b.x, b.y, rect.xMin, rect.yMin, rect.yMax) ||
+           CrossesEdge(a.x, a.y, b.x, b.y, rect.xMax, rect.yMin, rect.yMax) ||
+           CrossesEdge(a.y, a.x, b.y, b.x, rect.yMin, rect.xMin, rect.xMax) ||
+           CrossesEdge(a.y, a.x, b.y, b.x, rect.yMax, rect.xMin, rect.xMax);
+}
+
+DataPoint Interpolate(const DataPoint& a, const DataPoint& b, double x)
+{
+    const double extent = b.x - a.x;
+    const double t = std::fabs(extent) <= 1e-12 ? 0.5 : (x - a.x) / extent;
+    return {x, a.y + t * (b.y - a.y)};
+}
+
+DataPoint FindOnCurve(const std::vector<DataPoint>& points, double x)
+{
+    for (std::size_t i = points.size() - 1; i > 0; --i)
+    {
+        const DataPoint& a = points[i - 1];
+        const DataPoint& b = points[i];
+        if (x >= std::min(a.x, b.x) && x <= std::max(a.x, b.x))
+        {
+            return Interpolate(a, b, x);
+        }
+    }
+    const bool lastIsNearer = std::fabs(points.back().x - x) < std::fabs(points.front().x - x);
+    return lastIsNearer ? points.back() : points.front();
+}
+
+std::int64_t Square(std::int64_t value)
+{
+    return value * value;
+}
+} // namespace
+
+std::int64_t HitTest(const CChartModel& model, PixelPoint point)
+{
+    for (std::int64_t index = model.GetCurveCount() - 1; index >= 0; --index)
+    {
+        const CAxisCurve& entry = model.GetCurve(index);
+        const CurveAxes axes = model.GetCurveAxes(entry);
+        if (!axes)
+        {
+            continue;
+        }
+        const CAxisMapping horizontal(model, Direction::Horizontal, *axes.horizontal);
+        const CAxisMapping vertical(model, Direction::Vertical, *axes.vertical);
+        const DataRect rect = {horizontal.GetValue(point.x - hitDistance),
+                               vertical.GetValue(point.y + hitDistance),
+                               horizontal.GetValue(point.x + hitDistance),
+                               vertical.GetValue(point.y - hitDistance)};
+        const std::vector<DataPoint>& points = entry.curve->points;
+        for (std::size_t i = points.size(); i > 1; --i)
+        {
+            if (Touches(rect, points[i - 2], points[i - 1]))
+            {
+                return index;
+            }
+        }
+    }
+    return -1;
+}
+
+std::optional<CurvePoint> FindNearestPoint(const CChartModel& model, PixelPoint cursor)
+{
+    const PixelRect& plot = model.frame.plot;
+    if (!plot.Contains(cursor))
+    {
+        return std::nullopt;
+    }
+    std::optional<CurvePoint> nearest;
+    std::int64_t nearestDistance = std::numeric_limits<std::int64_t>::max();
+    for (std::int64_t index = 0; index < model.GetCurveCount(); ++index)
+    {
+        const CAxisCurve& entry = model.GetCurve(index);
+        const CurveAxes axes = model.GetCurveAxes(entry);
+        if (!axes)
+        {
+            continue;
+        }
+        const CAxisMapping horizontal(model, Direction::Horizontal, *axes.horizontal);
+        const CAxisMapping vertical(model, Direction::Vertical, *axes.vertical);
+        const double xMin = horizontal.GetValue(cursor.x - readDistance);
+        const double xMax = horizontal.GetValue(cursor.x + readDistance);
+        const std::vector<DataPoint>& points = entry.curve->points;
+        for (std::size_t i = 0; i < points.size(); ++i)
+        {
+            if (!(points[i].x >= xMin && points[i].x <= xMax) || !std::isfinite(points[i].y))
+            {
+                continue;
+            }
+            const PixelPoint pixel = {horizontal.GetPixel(points[i].x), vertical.GetPixel(points[i].y)};
+            const std::int64_t distance = Square(pixel.x - cursor.x) + Square(pixel.y - cursor.y);
+            if (pixel.y >= plot.top && pixel.y <= plot.bottom && distance < nearestDistance)
+            {
+                nearestDistance = distance;
+                nearest = {index, static_cast<std::int32_t>(i)};
+            }
+        }
+    }
+    return nearest;
+}
+
+std::optional<SnappedPoint> SnapToCurve(const CChartModel& model, std::int64_t curve, double x)
+{
+    const CAxisCurve& entry = model.GetCurve(curve);
+    const CurveAxes axes = model.GetCurveAxes(entry);
+    if (!axes || entry.curve->points.empty())
+    {
+        return std::nullopt;
+    }
+    const DataPoint value = FindOnCurve(entry.curve->points, x);
+    return SnappedPoint{value,
+                        {CAxisMapping(model, Direction::Horizontal, *axes.horizontal).GetPixel(value.x),
+                         CAxisMapping(model, Direction::Vertical, *axes.vertical).GetPixel(value.y)}};
+}

@@ -1,0 +1,175 @@
+#include "MaterialLibrary/chart/CAxisMapping.h"
+#include "MaterialLibrary/chart/CCurveTracer.h"
+#include "MaterialLibrary/chart/ClipSegment.h"
+#include "MaterialLibrary/chart/PaintChart.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace
+{
+// Cut at the plot only on the sides where the view is cut; elsewhere a curve may run into the margins.
+PixelRect GetClipArea(const ChartScene& scene)
+{
+    const PixelRect& plot = scene.model.frame.plot;
+    PixelRect area = scene.client;
+    const auto horizontal = scene.model.GetAxes(Direction::Horizontal);
+    if (!horizontal.empty())
+    {
+        const CAxis& axis = horizontal.front();
+        area.left = axis.requestedMin > axis.dataMin || axis.pixelShift < 0 ? plot.left : area.left;
+        area.right = axis.requestedMax < axis.dataMax || axis.pixelShift > 0 ? plot.right + 1 : area.right;
+    }
+    const auto vertical = scene.model.GetAxes(Direction::Vertical);
+    if (!vertical.empty())
+    {
+        const CAxis& axis = vertical.front();
+        area.top = axis.requestedMax < axis.dataMax || axis.pixelShift < 0 ? plot.top : area.top;
+        area.bottom = axis.requestedMin > axis.dataMin || axis.pixelShift > 0 ? plot.bottom + 1 : area.bottom;
+    }
+    return area;
+}
+
+class CCurvePainter
+{
+public:
+    CCurvePainter(const ChartScene& scene_, const CAxisCurve& entry, const CurveAxes& axes, ICanvas& canvas_)
+        : style(scene_.style), curve(*entry.curve),
+          horizontal(scene_.model, Direction::Horizontal, *axes.horizontal),
+          vertical(scene_.model, Direction::Vertical, *axes.vertical), canvas(canvas_)
+    {
+        visible = {axes.horizontal->visibleMin, axes.vertical->visibleMin, axes.horizontal->visibleMax,
+                   axes.vertical->visibleMax};
+    }
+
+    void Paint()
+    {
+        if (curve.points.empty() || !horizontal.IsLaidOut() || !vertical.IsLaidOut())
+        {
+            return;
+        }
+        if (curve.lineStyle >= 0 || (style.flags & ChartStyle::drawLines) != 0)
+        {
+            PaintLines();
+        }
+        if (curve.lineStyle < 0 && (style.flags & ChartStyle::drawMarkers) != 0)
+        {
+            PaintMarkers();
+        }
+    }
+
+private:
+    // Of a visible point.
+    [[nodiscard]] PixelPoint GetPixel(const DataPoint& point) const
+    {
+        return {horizontal.GetVisiblePixel(point.x), vertical.GetVisiblePixel(point.y)};
+    }
+
+    // What is not a number is nowhere.
+    [[nodiscard]] bool IsVisible(const DataPoint& point) const
+    {
+        return point.x >= visible.xMin && point.x <= visible.xMax && point.y >= visible.yMin &&
+               point.y <= visible.yMax;
+    }
+
+    // From the last point to the first.
+    void PaintLines()
+    {
+        const std::int32_t width = style.bold ? std::max(style.lineWidth, 2) : style.lineWidth;
+        CCurveTracer tracer(canvas, {curve.colour, width, std::max(curve.lineStyle, PenStyle::solid)});
+        const std::span<const DataPoint> points = curve.points;
+        bool fromIsVisible = IsVisible(points.back());
+        bool atFrom = false; // the tracer is
+        for (std::size_t i = points.size() - 1; i > 0; --i)
+        {
+            const DataPoint& from = points[i];
+            const DataPoint& to = points[i - 1];
+            const bool toIsVisible = IsVisible(to);
+            if (fromIsVisible && toIsVisible)
+            {
+                if (!atFrom)
+                {
+                    tracer.MoveTo(GetPixel(from));
+                }
+                tracer.LineTo(GetPixel(to));
+            }
+            else
+            {
+                TraceVisiblePart(from, to, tracer);
+            }
+            atFrom = fromIsVisible && toIsVisible;
+            fromIsVisible = toIsVisible;
+        }
+        tracer.Finish();
+    }
+
+    void TraceVisiblePart(DataPoint from, DataPoint to, CCurveTracer& tracer) const
+    {
+        if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y) &&
+            ClipSegment(visible, from, to))
+        {
+            tracer.MoveTo(GetPixel(from));
+            tracer.LineTo(GetPixel(to));
+        }
+    }
+
+    // One for every visible point that ends a segment.
+    void PaintMarkers()
+    {
+        if (curve.points.size() < 2)
+        {
+            return;
+        }
+        std::optional<PixelPoint> previous;
+        for (std::size_t i = curve.points.size(); i > 0; --i)
+        {
+            const DataPoint& point = curve.points[i - 1];
+            if (IsVisible(point) && previous != GetPixel(point))
+            {
+                previous = GetPixel(point);
+                PaintMarker(*previous);
+            }
+        }
+    }
+
+    void PaintMarker(PixelPoint at)
+    {
+        if (curve.markerShape == 0)
+        {
+            const int reach = style.markerHalfSide;
+            canvas.FillRectangle({at.x - reach, at.y - reach, at.x + reach + 1, at.y + reach + 1}, curve.colour);
+            return;
+        }
+        const int reach = style.markerRadius;
+        const PixelPoint corners[] = {{at.x - reach, at.y},
+                                      {at.x, at.y - reach},
+                                      {at.x + reach, at.y},
+                                      {at.x, at.y + reach},
+                                      {at.x - reach, at.y}};
+        canvas.DrawPolyline({curve.colour, 0, PenStyle::solid}, corners);
+    }
+
+    const ChartStyle& style;
+    const CChartCurve& curve;
+    CAxisMapping horizontal;
+    CAxisMapping vertical;
+    ICanvas& canvas;
+    DataRect visible;
+};
+} // namespace
+
+void PaintCurves(const ChartScene& scene, ICanvas& canvas)
+{
+    canvas.Clip(GetClipArea(scene));
+    for (std::int64_t index = scene.model.GetCurveCount() - 1; index >= 0; --index)
+    {
+        const CAxisCurve& entry = scene.model.GetCurve(index);
+        const CurveAxes axes = scene.model.GetCurveAxes(entry);
+        if (axes && entry.curve->colour != scene.style.background)
+        {
+            CCurvePainter(scene, entry, axes, canvas).Paint();
+        }
+    }
+    canvas.Unclip();
+}

@@ -1,0 +1,162 @@
+#include "MaterialLibrary/chart/ZoomAndPan.h"
+
+#include <cmath>
+
+namespace
+{
+constexpr Direction directions[] = {Direction::Horizontal, Direction::Vertical};
+
+void RequestWithinLimits(CAxis& axis, double lo, double hi)
+{
+    axis.requestedMin = lo <= axis.lowerLimit ? axis.lowerLimit : lo;
+    axis.requestedMax = hi >= axis.upperLimit ? axis.upperLimit : hi;
+    axis.pixelShift = 0;
+}
+
+// Hosts rely on the second end being widened by what the first has become.
+void WidenNarrowRange(CAxis& axis)
+{
+    constexpr double narrowest = 1e-9;
+    double& lo = axis.requestedMin;
+    double& hi = axis.requestedMax;
+    if ((hi - lo) / std::fabs(hi + lo) < narrowest)
+    {
+        const double centre = (hi + lo) / 2.0;
+        lo = centre - std::fabs(hi + lo) * narrowest * 0.5;
+        hi = centre + std::fabs(hi + lo) * narrowest * 0.5;
+    }
+}
+
+struct PixelSpan
+{
+    double from;
+    double to;
+};
+
+// The rectangle's extent along an axis, in pixels from where the visible minimum stands.
+PixelSpan GetSpan(const CChartModel& model, Direction direction, const CAxis& axis, const PixelRect& rect)
+{
+    const PixelRect& plot = model.frame.plot;
+    if (direction == Direction::Horizontal)
+    {
+        const double origin = plot.left + axis.pixelShift;
+        return {rect.left - origin, rect.right - origin};
+    }
+    const double origin = plot.bottom + axis.pixelShift;
+    return {origin - rect.bottom, origin - rect.top};
+}
+
+// `sign` is -1 where moving the picture with the pixels lowers the values, +1 where it raises them.
+void PanAxis(CAxis& axis, const IScale& scale, int pixels, int sign)
+{
+    const int tickPixels = GetTickPixels(axis);
+    if (tickPixels <= 0)
+    {
+        return;
+    }
+    const int total = axis.savedPixelShift + pixels;
+    const int whole = total / tickPixels;
+    const int remainder = total % tickPixels;
+    const auto isWithinLimits = [&axis](double lo, double hi)
+    { return lo >= axis.lowerLimit && hi <= axis.upperLimit; };
+
+    const double lo = scale.GetTickValue(axis.savedVisibleMin, axis.tickStep, sign * whole);
+    const double hi = scale.GetTickValue(axis.savedVisibleMax, axis.tickStep, sign * whole);
+    if (!isWithinLimits(lo, hi))
+    {
+        return;
+    }
+    axis.visibleMin = axis.requestedMin = lo;
+    axis.visibleMax = axis.requestedMax = hi;
+    axis.pixelShift = isWithinLimits(scale.GetValueAtOffset(lo, sign * remainder, axis.scale),
+                                     scale.GetValueAtOffset(hi, sign * remainder, axis.scale))
+                          ? remainder
+                          : 0;
+}
+} // namespace
+
+void ZoomIn(CChartModel& model, const PixelRect& rect)
+{
+    for (const Direction direction : directions)
+    {
+        const IScale& scale = model.GetScale(direction);
+        for (CAxis& axis : model.GetAxes(direction))
+        {
+            const PixelSpan span = GetSpan(model, direction, axis, rect);
+            RequestWithinLimits(axis, scale.GetValueAtOffset(axis.visibleMin, span.from, axis.scale),
+                                scale.GetValueAtOffset(axis.visibleMin, span.to, axis.scale));
+            if (!scale.IsLogarithmic())
+            {
+                WidenNarrowRange(axis);
+            }
+        }
+    }
+}
+
+void ZoomOut(CChartModel& model, const PixelRect& rect)
+{
+    const PixelRect& plot = model.frame.plot;
+    for (const Direction direction : directions)
+    {
+        const IScale& scale = model.GetScale(direction);
+        const bool horizontal = direction == Direction::Horizontal;
+        const int plotLength = horizontal ? plot.GetWidth() : plot.GetHeight();
+        const int rectLength = horizontal ? rect.GetWidth() : rect.GetHeight();
+        const double pixels = MultiplyDivide(plotLength, plotLength, rectLength);
+        for (CAxis& axis : model.GetAxes(direction))
+        {
+            const PixelSpan span = GetSpan(model, direction, axis, rect);
+            const double centre = (span.from + span.to) / 2.0;
+            RequestWithinLimits(
+                axis, scale.GetValueAtOffset(axis.visibleMin, centre - pixels / 2.0, axis.scale),
+                scale.GetValueAtOffset(axis.visibleMin, centre + pixels / 2.0, axis.scale));
+        }
+    }
+}
+
+void SaveRanges(CChartModel& model)
+{
+    for (const Direction direction : directions)
+    {
+        for (CAxis& axis : model.GetAxes(direction))
+        {
+            axis.savedVisibleMin = axis.visibleMin;
+            axis.savedVisibleMax = axis.visibleMax;
+            axis.savedPixelShift = axis.pixelShift;
+        }
+    }
+}
+
+void Pan(CChartModel& model, int dx, int dy)
+{
+    for (CAxis& axis : model.GetAxes(Direction::Horizontal))
+    {
+        PanAxis(axis, model.GetScale(Direction::Horizontal), dx, -1);
+    }
+    for (CAxis& axis : model.GetAxes(Direction::Vertical))
+    {
+        PanAxis(axis, model.GetScale(Direction::Vertical), dy, 1);
+    }
+}
+
+int GetTickPixels(const CAxis& axis)
+{
+    return RoundToPixel(axis.tickStep * axis.scale);
+}
+
+void MoveByTicks(CChartModel& model, Direction direction, int ticks)
+{
+    const IScale& scale = model.GetScale(direction);
+    const int steps = direction == Direction::Horizontal ? ticks : -ticks;
+    if (steps == 0)
+    {
+        return;
+    }
+    for (CAxis& axis : model.GetAxes(direction))
+    {
+        axis.visibleMin = scale.ShiftBack(axis.visibleMin, axis.tickStep, steps);
+        axis.visibleMax = scale.ShiftBack(axis.visibleMax, axis.tickStep, steps);
+        axis.requestedMin = axis.visibleMin;
+        axis.requestedMax = axis.visibleMax;
+    }
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "MaterialLibrary/chart/ICanvas.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// Keeps what is drawn, in order. Characters are 6 pixels wide and 12 high.
+class CRecorderCanvas final : public ICanvas
+{
+public:
+    enum class Kind
+    {
+        Fill,
+        Lines,
+        Text,
+        Clip,
+        Unclip,
+        Xor
+    };
+
+    struct Call
+    {
+        Kind kind;
+        PixelRect rect{}; // filled, clipped, or the text's cell
+        Colour colour = 0;
+        Pen pen{};
+        std::vector<PixelPoint> points{};
+        std::string text{};
+        std::optional<Colour> background{};
+    };
+
+    std::vector<Call> calls;
+    PixelSize character = {6, 12};
+
+    [[nodiscard]] PixelSize GetTextExtent(std::string_view text) override
+    {
+        return {static_cast<int>(text.size()) * character.width, character.height};
+    }
+
+    void FillRectangle(const PixelRect& rect, Colour colour) override
+    {
+        calls.push_back({.kind = Kind::Fill, .rect = rect, .colour = colour});
+    }
+
+    void DrawPolyline(const Pen& pen, std::span<const PixelPoint> points) override
+    {
+        calls.push_back(
+            {.kind = Kind::Lines, .colour = pen.colour, .pen = pen, .points = {points.begin(), points.end()}});
+    }
+
+    void WriteText(PixelPoint topLeft, std::string_view text, Colour colour,
+                   std::optional<Colour> background) override
+    {
+        const PixelSize extent = GetTextExtent(text);
+        calls.push_back({.kind = Kind::Text,
+                         .rect = {topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height},
+                         .colour = colour,
+                         .text = std::string(text),
+                         .background = background});
+    }
+
+    void Clip(const PixelRect& area) override { calls.push_back({.kind = Kind::Clip, .rect = area}); }
+    void Unclip() override { calls.push_back({.kind = Kind::Unclip}); }
+
+    void DrawXorLines(std::span<const PixelLine> lines, Colour colour) override
+    {
+        for (const PixelLine& line : lines)
+        {
+            calls.push_back({.kind = Kind::Xor, .colour = colour, .points = {line.from, line.to}});
+        }
+    }
+
+    [[nodiscard]] std::vector<Call> Find(const std::function<bool(const Call&)>& wanted) const
+    {
+        std::vector<Call> found;
+        for (const Call& call : calls)
+        {
+            if (wanted(call))
+            {
+                found.push_back(call);
+            }
+        }
+        return found;
+    }
+
+    [[nodiscard]] std::vector<Call> FindTexts(std::string_view text) const
+    {
+        return Find([text](const Call& call) { return call.kind == Kind::Text && call.text == text; });
+    }
+
+    // The straight lines from point to point, in the pen's colour where one is given.
+    [[nodiscard]] std::vector<PixelLine> GetLines(std::optional<Colour> colour = {}) const
+    {
+        std::vector<PixelLine> lines;
+        for (const Call& call : calls)
+        {
+            if (call.kind == Kind::Lines && (!colour || call.colour == *colour))
+            {
+                for (std::size_t i = 1; i < call.points.size(); ++i)
+                {
+                    lines.push_back({call.points[i - 1], call.points[i]});
+                }
+            }
+        }
+        return lines;
+    }
+};

@@ -1,0 +1,126 @@
+#include "MaterialLibrary/chart/ChartTexts.h"
+#include "MaterialLibrary/chart/UnitPrefix.h"
+#include "shared/Translation/Translate.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace
+{
+CAxis MakeAxis(const char* unit, bool prefix)
+{
+    CAxis axis;
+    axis.unit = unit;
+    axis.automaticPrefix = prefix;
+    return axis;
+}
+
+TEST(TickLabel, TextsOfValues)
+{
+    const struct
+    {
+        const char* unit;
+        bool prefix;
+        double value;
+        const char* text;
+    } rows[] = {
+        {"Hz", true, 1000.0, " 1000Hz "},
+        {"Hz", true, 1500.0, " 1.5kHz "},
+        {"Hz", true, 1e6, " 1000kHz "},
+        {"Hz", true, -2.5e9, " -2.5GHz "},
+        {"Hz", true, 1e-3, " 1000uHz "},
+        {"Hz", true, 0.0, " 0Hz "},
+        {"", true, 1.0, " 1000m "},
+        {"s", true, 1e-12, " 1.00e-12s "}, // femto is out of range
+        {"s", true, 2e-12, " 2ps "},
+        {"s", true, 3e-40, " 3.00e-40s "},
+        {"Hz", true, 1e15, " 1000THz "},
+        {"Hz", true, 1.1e15, " 1.10e+15Hz "},
+        {"Hz", true, 1e30, " 1.00e+30Hz "},
+        {"MHz", false, 1000.0, " 1000MHz "},
+        {"MHz", false, 12345.0, " 1.23e+04MHz "},
+        {"MHz", false, 9999.0, " 9999MHz "},
+        {"MHz", false, 9999.9, " 1.00e+04MHz "},
+        {"", false, 1e-5, " 1.00e-05 "},
+        {"", false, 1e13, " 1.00e+13 "},
+        {"", false, 1e-100, " 1.00e-100 "},
+        {"", false, 0.012345, " 0.01235 "},
+        {"", false, -0.5, " -0.5 "},
+        {"deg", false, 45.0, " 4.50e+01deg "}, // a unit with the letter does the same
+        {"x", false, std::numeric_limits<double>::infinity(), " infx "},
+    };
+    for (const auto& row : rows)
+    {
+        EXPECT_EQ(FormatTickLabel(MakeAxis(row.unit, row.prefix), row.value), row.text) << row.value;
+    }
+}
+
+TEST(ReadOut, BothCoordinatesWithFiveDigits)
+{
+    const CAxis plain = MakeAxis("MHz", false);
+    const CAxis scaled = MakeAxis("Hz", true);
+    const CAxis bare = MakeAxis("", false);
+    EXPECT_EQ(FormatReadOut(plain, bare, {1234.567, 4.123456}), "1234.6MHz, 4.1235");
+    EXPECT_EQ(FormatReadOut(scaled, bare, {1234.567e6, 1e-5}), "1.2346GHz, 1e-05");
+    EXPECT_EQ(FormatReadOut(scaled, scaled, {1.5e15, -2e-13}), "1.500e+15Hz, -2.000e-13Hz");
+    EXPECT_EQ(FormatReadOut(scaled, scaled, {1e3, 0.0}), "1000Hz, 0Hz");
+    EXPECT_EQ(FormatReadOut(plain, plain, {123456.0, 1e100}), "1.2346e+05MHz, 1e+100MHz");
+}
+
+TEST(UnitPrefix, IsTheLastWhoseFactorIsBelowTheValue)
+{
+    const CAxis axis = MakeAxis("", true);
+    const std::string prefixes[] = {"f", "p", "n", "u", "m", "", "k", "M", "G", "T", "P", "E", "Z", "Y"};
+    for (int row = 0; row < 14; ++row)
+    {
+        const double factor = std::stod("1e" + std::to_string(3 * row - 15));
+        EXPECT_EQ(GetUnitPrefix(axis, factor * 1.001).text, prefixes[row]);
+        EXPECT_EQ(GetUnitPrefix(axis, -factor).text, prefixes[row > 0 ? row - 1 : 0]);
+        EXPECT_EQ(GetUnitPrefix(axis, factor * 1.001).factor, factor);
+    }
+    EXPECT_EQ(GetUnitPrefix(axis, 1e300).text, prefixes[13]);
+}
+
+TEST(TickLabel, PrefixesAreTranslatedInTheModulesDomain)
+{
+    const TranslateFunction before = translate;
+    translate = [](const char* domain, const char* catalogue, const char* text)
+    {
+        EXPECT_STREQ(domain, "MATERIALLIBARY.DLL");
+        EXPECT_STREQ(catalogue, "MaterialLibrary.po");
+        EXPECT_STRNE(text, "");
+        return std::strcmp(text, "k") == 0 ? "kilo" : text;
+    };
+    EXPECT_EQ(FormatTickLabel(MakeAxis("Hz", true), 1500.0), " 1.5kiloHz ");
+    EXPECT_EQ(FormatTickLabel(MakeAxis("Hz", true), 15.0), " 15Hz ");
+    EXPECT_EQ(FormatReadOut(MakeAxis("A", true), MakeAxis("V", true), {2e3, 4.0}), "2kiloA, 4V");
+    translate = before;
+}
+
+// Exponents have two digits where two do, as printf's have in the "C" locale of a POSIX system.
+TEST(TickLabel, AgreesWithPrintf)
+{
+    const CAxis axis = MakeAxis("", false);
+    std::mt19937_64 random(5);
+    for (int i = 0; i < 50'000; ++i)
+    {
+        const double value = i % 2 == 0 ? std::bit_cast<double>(random())
+                                        : std::ldexp(static_cast<double>(random()), -static_cast<int>(random() % 128));
+        char general[64];
+        std::snprintf(general, sizeof general, " %.4g ", value);
+        if (std::strchr(general, 'e') != nullptr)
+        {
+            std::snprintf(general, sizeof general, " %.2e ", value);
+        }
+        if (std::isfinite(value))
+        {
+            ASSERT_EQ(FormatTickLabel(axis, value), general);
+        }
+    }
+}
+} // namespace

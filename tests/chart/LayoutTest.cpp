@@ -1,0 +1,211 @@
+#include "MaterialLibrary/chart/AxisTicks.h"
+#include "MaterialLibrary/chart/ChartLayout.h"
+#include "MaterialLibrary/chart/ChartTexts.h"
+#include "tests/chart/CRecorderCanvas.h"
+#include "tests/chart/MakeChart.h"
+
+#include <bit>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace
+{
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double largest = std::numeric_limits<double>::max();
+
+// Of the labels that are drawn, in characters of 6 pixels.
+int GetWidestLabel(const CChartModel& model, Direction direction)
+{
+    std::size_t widest = 0;
+    for (const CAxis& axis : model.GetAxes(direction))
+    {
+        for (int i = 0; i <= CountTickIntervals(axis, model.GetScale(direction)); ++i)
+        {
+            widest = std::max(widest, FormatTickLabel(axis, GetAxisTick(axis, model.GetScale(direction), i)).size());
+        }
+    }
+    return static_cast<int>(widest) * 6;
+}
+
+TEST(Layout, MarginsComeFromTheWidestLabels)
+{
+    const struct
+    {
+        PixelRect client;
+        std::size_t verticalAxes;
+        bool logarithmic;
+    } rows[] = {{{0, 0, 760, 240}, 1, false},
+                {{0, 0, 760, 240}, 2, true},
+                {{10, 20, 310, 220}, 3, false},
+                {{0, 0, 1920, 1080}, 2, false}};
+    for (const auto& row : rows)
+    {
+        LaminateCurves laminate;
+        CChartModel model;
+        laminate.AddTo(model, row.verticalAxes, row.logarithmic);
+        CRecorderCanvas canvas;
+        LayOutChart(model, row.client, canvas);
+        const int h = 12;
+        const int wH = model.frame.widestHorizontalLabel;
+        const int wV = model.frame.widestVerticalLabel;
+        EXPECT_GE(wH, GetWidestLabel(model, Direction::Horizontal));
+        EXPECT_GE(wV, GetWidestLabel(model, Direction::Vertical));
+        const PixelRect expected = {row.client.left + std::max(wH / 2, wV) + h / 4, row.client.top + h,
+                                    row.client.right - (row.verticalAxes > 1 ? wV : h / 4) - wH / 2,
+                                    row.client.bottom - (static_cast<int>(row.verticalAxes) + 3) * h};
+        EXPECT_EQ(model.frame.plot, expected);
+        EXPECT_EQ(model.frame.lineHeight, h);
+        for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
+        {
+            const IScale& scale = model.GetScale(direction);
+            for (const CAxis& axis : model.GetAxes(direction))
+            {
+                const int length = direction == Direction::Horizontal ? expected.GetWidth() : expected.GetHeight();
+                EXPECT_LE(axis.visibleMin, axis.requestedMin);
+                EXPECT_GE(axis.visibleMax, axis.requestedMax);
+                EXPECT_EQ(axis.tickStep, scale.ChooseStep(axis.requestedMin, axis.requestedMax, length));
+                EXPECT_DOUBLE_EQ(
+                    axis.scale * (scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin)), length);
+            }
+        }
+    }
+}
+
+TEST(Layout, KeepsFortyPixelsOfPlotAndForgetsALargerFont)
+{
+    LaminateCurves laminate;
+    CChartModel model;
+    laminate.AddTo(model, 2, false);
+    CRecorderCanvas canvas;
+    for (const PixelRect client : {PixelRect{0, 0, 0, 0}, {0, 0, 50, 30}, {5, 5, 4, 4}, {0, 0, 5'000, 10}})
+    {
+        LayOutChart(model, client, canvas);
+        EXPECT_GE(model.frame.plot.GetWidth(), 40);
+        EXPECT_EQ(model.frame.plot.GetHeight(), 40);
+    }
+    canvas.character = {12, 30};
+    LayOutChart(model, {0, 0, 760, 480}, canvas);
+    EXPECT_EQ(model.frame.lineHeight, 30);
+    canvas.character = {6, 12};
+    LayOutChart(model, {0, 0, 760, 480}, canvas);
+    const ChartFrame settled = model.frame;
+    LayOutChart(model, {0, 0, 760, 480}, canvas);
+    EXPECT_EQ(model.frame.lineHeight, 12);
+    EXPECT_EQ(model.frame.widestHorizontalLabel, settled.widestHorizontalLabel);
+}
+
+TEST(Layout, WidensRangesThatCannotBeDrawn)
+{
+    const struct
+    {
+        bool logarithmic;
+        double lo, hi;
+        double wideLo, wideHi;
+    } rows[] = {
+        {false, 0, 0, -0.5, 0.5},
+        {false, 4.2, 4.2, 3.7, 4.7},
+        {false, -4.2, -4.2, -4.7, -3.7},
+        {false, 1.0, 1.0 + 1e-12, 0.5, 1.5 + 1e-12},
+        {false, 1.0, 1.0 + 1e-11, 1.0, 1.0 + 1e-11},
+        {false, -1.0, 1.0, -1.0, 1.0},
+        {true, 5.0, 5.0, 0.5, 50.0},
+        {true, 5.0, 6.0, 5.0, 6.0},
+        // From broken files and careless hosts.
+        {false, 7.0, 3.0, 3.0, 7.0},
+        {false, nan, 3.0, 1.0, 2.0}, // the data range
+        {false, -infinity, infinity, 1.0, 2.0},
+        {false, -largest, largest, -1e300, 1e300},
+        {false, 0.0, 1e-314, -0.5, 0.5},
+        {false, 1e20, 1e20, 1e20 - 1e11, 1e20 + 1e11},
+        {true, 0.0, 0.0, 1e-3, 1e-2}, // from the lower limit
+        {true, -4.0, 1e3, 1e-3, 1e3},
+        {true, 0.0, infinity, 1.0, 2.0},
+    };
+    for (const auto& row : rows)
+    {
+        CChartModel model;
+        model.AddAxis(0, false);
+        model.AddAxis(1, true);
+        model.FindAxis(0)->lowerLimit = 1e-3;
+        model.FindAxis(0)->dataMin = 1.0;
+        model.FindAxis(0)->dataMax = 2.0;
+        model.SetScaleMode(row.logarithmic, false);
+        model.FindAxis(0)->requestedMin = row.lo;
+        model.FindAxis(0)->requestedMax = row.hi;
+        CRecorderCanvas canvas;
+        LayOutChart(model, {0, 0, 500, 300}, canvas);
+        EXPECT_DOUBLE_EQ(model.FindAxis(0)->requestedMin, row.wideLo) << row.lo << " " << row.hi;
+        EXPECT_DOUBLE_EQ(model.FindAxis(0)->requestedMax, row.wideHi) << row.lo << " " << row.hi;
+        EXPECT_LE(CountTickIntervals(*model.FindAxis(0), model.GetScale(Direction::Horizontal)), 25);
+    }
+}
+
+TEST(Layout, FallsBackToLinearWhereAnAxisMayReachZero)
+{
+    LaminateCurves laminate;
+    CChartModel model;
+    laminate.AddTo(model, 1, true);
+    ASSERT_TRUE(model.GetScale(Direction::Horizontal).IsLogarithmic());
+    model.FindAxis(1)->requestedMax = 99.0;
+    model.FindAxis(0)->lowerLimit = 0.0;
+    CRecorderCanvas canvas;
+    LayOutChart(model, {0, 0, 500, 300}, canvas);
+    EXPECT_FALSE(model.GetScale(Direction::Horizontal).IsLogarithmic());
+    EXPECT_NE(model.FindAxis(1)->requestedMax, 99.0); // as with every change of the scale mode
+}
+
+// A font that grows with every look, and one without any size.
+TEST(Layout, EndsWithHostileFonts)
+{
+    class CGrowing final : public ITextMeasure
+    {
+    public:
+        PixelSize GetTextExtent(std::string_view) override { return {looks += 1'000, looks}; }
+        int looks = 0;
+    };
+    class CFlat final : public ITextMeasure
+    {
+    public:
+        PixelSize GetTextExtent(std::string_view) override { return {-5, 0}; }
+    };
+    LaminateCurves laminate;
+    CChartModel model;
+    laminate.AddTo(model, 3, true);
+    CGrowing growing;
+    LayOutChart(model, {0, 0, 760, 240}, growing);
+    EXPECT_LE(model.frame.widestVerticalLabel, 4'096);
+    CFlat flat;
+    model.frame = {};
+    LayOutChart(model, {0, 0, 760, 240}, flat);
+    EXPECT_EQ(model.frame.plot, (PixelRect{0, 0, 760, 240}));
+}
+
+TEST(Layout, EndsWithAnyRange)
+{
+    std::mt19937_64 random(3);
+    CRecorderCanvas canvas;
+    for (int round = 0; round < 3'000; ++round)
+    {
+        CChartModel model;
+        model.AddAxis(0, false);
+        model.AddAxis(1, true);
+        for (const std::int32_t identifier : {0, 1})
+        {
+            CAxis& axis = *model.FindAxis(identifier);
+            axis.lowerLimit = std::bit_cast<double>(random());
+            axis.dataMin = std::bit_cast<double>(random());
+            axis.dataMax = round % 3 == 0 ? axis.dataMin * (1.0 + 1e-13) : std::bit_cast<double>(random());
+        }
+        model.SetScaleMode(true, true);
+        LayOutChart(model, {0, 0, static_cast<int>(random() % 3'000), static_cast<int>(random() % 2'000)}, canvas);
+        for (const std::int32_t identifier : {0, 1})
+        {
+            const CAxis& axis = *model.FindAxis(identifier);
+            ASSERT_TRUE(std::isfinite(axis.visibleMin) && axis.visibleMin < axis.visibleMax) << round;
+            ASSERT_TRUE(axis.tickStep > 0.0 && axis.scale > 0.0 && std::isfinite(axis.scale)) << round;
+        }
+    }
+}
+} // namespace
