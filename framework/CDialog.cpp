@@ -1,0 +1,142 @@
+#include "framework/CDialog.h"
+
+#include "framework/CModalScope.h"
+#include "framework/DialogItems.h"
+#include "framework/ModuleResources.h"
+#include "framework/WindowScopes.h"
+#include "shared/MessageManager/MessageManager.h"
+#include "shared/Misc_String/Decimal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+namespace
+{
+struct DialogStart
+{
+    CDialog* dialog;
+    CModalScope* scope;
+};
+
+// The window that a dialog belongs to: the active one, or the last active one of the calling thread's main
+// window while another program is in front.
+HWND FindOwner()
+{
+    if (const HWND active = GetActiveWindow())
+    {
+        return active;
+    }
+    HWND owner = nullptr;
+    const auto takeMainWindow = [](HWND window, LPARAM result) -> BOOL
+    {
+        if (IsWindowVisible(window) == FALSE || GetWindow(window, GW_OWNER) != nullptr)
+        {
+            return TRUE;
+        }
+        *reinterpret_cast<HWND*>(result) = GetLastActivePopup(window);
+        return FALSE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), takeMainWindow, reinterpret_cast<LPARAM>(&owner));
+    return owner;
+}
+
+std::string_view TrimBlanks(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+} // namespace
+
+int CDialog::DoModal()
+{
+    const HWND owner = FindOwner();
+    CModalScope scope;
+    DialogStart start{this, &scope};
+    listening = true;
+    INT_PTR result = -1;
+    {
+        const CThemedControlsScope themed;
+        result = DialogBoxParamW(GetModuleInstance(), MAKEINTRESOURCEW(identifier), owner, Procedure,
+                                 reinterpret_cast<LPARAM>(&start));
+    }
+    scope.RaiseKept();
+    return static_cast<int>(result);
+}
+
+INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM /*wParam*/, LPARAM lParam) noexcept
+{
+    if (message != WM_INITDIALOG)
+    {
+        return FALSE; // HandleMessage has had it, the dialog manager does the rest
+    }
+    const DialogStart& start = *reinterpret_cast<const DialogStart*>(lParam);
+    start.scope->SetDialog(window);
+    return CallKeepingExceptions(INT_PTR{FALSE},
+                                 [&]() -> INT_PTR
+                                 {
+                                     start.dialog->Attach(window);
+                                     return start.dialog->OnInitDialog() ? TRUE : FALSE;
+                                 });
+}
+
+LRESULT CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != WM_COMMAND)
+    {
+        return CWnd::HandleMessage(message, wParam, lParam);
+    }
+    if (listening && !OnCommand(LOWORD(wParam), HIWORD(wParam)))
+    {
+        return CWnd::HandleMessage(message, wParam, lParam);
+    }
+    return 0;
+}
+
+bool CDialog::OnCommand(int control, unsigned code)
+{
+    if (code == BN_CLICKED && control == IDOK)
+    {
+        OnOK();
+        return true;
+    }
+    if (code == BN_CLICKED && control == IDCANCEL)
+    {
+        OnCancel();
+        return true;
+    }
+    return false;
+}
+
+void CDialog::EndModal(int result)
+{
+    listening = false; // hiding the dialog takes the focus from its controls
+    EndDialog(GetHandle(), result);
+}
+
+std::optional<double> CDialog::ReadNumber(int control)
+{
+    const std::string text = GetItemText(GetHandle(), control);
+    const std::string_view trimmed = TrimBlanks(text);
+    const DecimalResult number = ParseDecimal(trimmed);
+    const bool whole =
+        number.verdict != DecimalVerdict::None && number.stop == trimmed.data() + trimmed.size();
+    if (whole && std::isfinite(number.value))
+    {
+        return number.value;
+    }
+    RefuseNumber(GetDlgItem(GetHandle(), control));
+    return std::nullopt;
+}
+
+// The message and the way back take the focus from controls whose owner validates when they lose it.
+void CDialog::RefuseNumber(HWND control)
+{
+    const bool before = std::exchange(listening, false);
+    GetMessageManager()->ShowGeneric(GetHandle(), msg::severityWarning, "Please enter a number.", nullptr);
+    SetFocus(control);
+    SendMessageW(control, EM_SETSEL, 0, -1);
+    listening = before;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+// Texts and choices of a dialog's controls. Texts are in the system's multibyte code page and may have any
+// length. A control that the dialog lacks reads as empty, off or not chosen, and writing to it does nothing.
+
+[[nodiscard]] std::string GetItemText(HWND dialog, int control);
+void SetItemText(HWND dialog, int control, std::string_view text);
+
+[[nodiscard]] bool IsItemChecked(HWND dialog, int control);
+void SetItemChecked(HWND dialog, int control, bool checked);
+
+void ShowItem(HWND dialog, int control, bool visible);
+
+// Appends an entry to a combo box; `data` is what the program knows it by.
+void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data = 0);
+
+// Chooses the first entry with exactly that text or that data. False, and nothing changes, when there is
+// none.
+bool SelectComboText(HWND dialog, int combo, std::string_view text);
+bool SelectComboData(HWND dialog, int combo, LPARAM data);
+
+// The text of the chosen entry, empty when none is.
+[[nodiscard]] std::string GetComboText(HWND dialog, int combo);
+
+// The data of the chosen entry, `none` when none is.
+[[nodiscard]] LPARAM GetComboData(HWND dialog, int combo, LPARAM none);
