@@ -47,7 +47,9 @@ bool CAmplitudeSearch::Run()
     while (TryRatio(ratio))
     {
         if (IsAcceptable() || !(ratio < lastRatio))
+        {
             return true;
+        }
         ratio *= ratioStep;
     }
     return false;
@@ -60,14 +62,20 @@ bool CAmplitudeSearch::TryRatio(double ratio)
     {
         last = Solve(active, ratio);
         if (!last)
+        {
             return false;
+        }
         if (last->smallestAmplitude >= 0.0)
+        {
             break;
+        }
         // A column that is out already can still have an amplitude of minus some rounding noise: from there
         // on every attempt is the same.
         const ColumnMask worst = ColumnMask{1} << last->smallestAt;
         if ((active & worst) == 0)
+        {
             break;
+        }
         active &= ~worst;
     }
     return true;
@@ -80,7 +88,9 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::Solve(ColumnMask activeColumns, do
     {
         const ColumnMask kept = KeptValues(*solution, ratio);
         if (kept != solution->keptValues)
+        {
             Truncate(*solution, kept);
+        }
     }
     return solution;
 }
@@ -90,7 +100,9 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::FindDecomposition(ColumnMask activ
     for (Solution& solution : solutions)
     {
         if (solution.activeColumns == activeColumns)
+        {
             return &solution;
+        }
     }
     Solution& solution = solutions[nextSolution];
     nextSolution = (nextSolution + 1) % solutions.size();
@@ -105,16 +117,22 @@ void CAmplitudeSearch::BuildSystem(ColumnMask activeColumns)
         double* const column = MatrixOfColumns{system, height}.Column(k);
         std::fill_n(column, height, 0.0);
         if ((activeColumns >> k & 1) == 0)
+        {
             continue;
+        }
         const std::span<const double> term =
             basis.subspan(static_cast<std::size_t>(k) * target.size(), target.size());
         std::copy(term.begin(), term.end(), column);
         double* const differences = column + pointCount;
         differences[k] = smoothing * 2.0;
         if (k > 0)
+        {
             differences[k - 1] = smoothing * -1.0;
+        }
         if (k + 1 < termCount)
+        {
             differences[k + 1] = smoothing * -1.0;
+        }
     }
 }
 
@@ -127,7 +145,9 @@ bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
     // The target of the smoothing rows is 0: their part of U is of no use.
     CGolubReinsch decomposition(u, height, termCount, pointCount, solution.singularValues, v, offDiagonal);
     if (!decomposition.Decompose())
+    {
         return false;
+    }
 
     solution.activeColumns = activeColumns;
     solution.largestValue = *std::max_element(solution.singularValues, solution.singularValues + termCount);
@@ -135,7 +155,9 @@ bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
     {
         double product = 0.0;
         for (int i = 0; i < pointCount; ++i)
+        {
             product += u(i, j) * target[static_cast<std::size_t>(i)];
+        }
         solution.coefficients[j] = product / solution.singularValues[j];
     }
     Truncate(solution, 0);
@@ -151,7 +173,9 @@ CAmplitudeSearch::ColumnMask CAmplitudeSearch::KeptValues(const Solution& soluti
     {
         const double w = solution.singularValues[j];
         if (w > threshold && !(w < noise * solution.largestValue))
+        {
             kept |= ColumnMask{1} << j;
+        }
     }
     return kept;
 }
@@ -163,10 +187,14 @@ void CAmplitudeSearch::Truncate(Solution& solution, ColumnMask keptValues) const
     for (int j = 0; j < termCount; ++j)
     {
         if ((keptValues >> j & 1) == 0)
+        {
             continue;
+        }
         const double* const column = MatrixOfColumns{solution.right, termCount}.Column(j);
         for (int k = 0; k < termCount; ++k)
+        {
             solution.amplitudes[k] += column[k] * solution.coefficients[j];
+        }
     }
     solution.smallestAmplitude = 1e99;
     for (int k = 0; k < termCount; ++k)
@@ -187,7 +215,9 @@ bool CAmplitudeSearch::IsAcceptable() const
     for (int k = 1; k + 1 < termCount; ++k)
     {
         if (2.0 * x[k - 1] > x[k] && 2.0 * x[k + 1] > x[k])
+        {
             return false;
+        }
     }
     return last->smallestAmplitude >= 0.0 && 2.0 * x[termCount - 2] > x[termCount - 1];
 }

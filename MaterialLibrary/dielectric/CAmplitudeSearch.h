@@ -4,29 +4,29 @@
 #include <span>
 #include <vector>
 
-/// Looks for amplitudes of the Debye terms that give the measured imaginary parts.
-///
-/// Least squares by singular value decomposition, with 0.01 times a second difference added as further rows.
-/// While an amplitude is negative, the most negative one's column is taken out and the rest solved again.
-/// Amplitudes are acceptable when none is negative, each inner one is at least twice one of its neighbours,
-/// and the last is less than twice the one before. Where they are not, the whole is repeated with more of the
-/// small singular values left out: the truncation ratio goes from 0.02 up by a tenth of itself until it
-/// reaches 0.1. What comes out then is taken as it is.
-///
-/// A decomposition depends on the columns that take part, not on the ratio: each is made once and kept.
+// Looks for amplitudes of the Debye terms that give the measured imaginary parts.
+//
+// Least squares by singular value decomposition, with 0.01 times a second difference added as further rows.
+// While an amplitude is negative, the most negative one's column is taken out and the rest solved again.
+// Amplitudes are acceptable when none is negative, each inner one is at least twice one of its neighbours,
+// and the last is less than twice the one before. Where they are not, the whole is repeated with more of the
+// small singular values left out: the truncation ratio goes from 0.02 up by a tenth of itself until it
+// reaches 0.1. What comes out then is taken as it is.
+//
+// A decomposition depends on the columns that take part, not on the ratio: each is made once and kept.
 class CAmplitudeSearch
 {
 public:
     static constexpr int maxTerms = 64;
 
-    /// `basis`: for each of `termCount` terms (2 to maxTerms) the imaginary parts of the term with amplitude
-    /// 1 at the measured points; `target`: the measured imaginary parts there. Both must outlive the search.
+    // `basis`: for each of `termCount` terms (2 to maxTerms) the imaginary parts of the term with amplitude
+    // 1 at the measured points; `target`: the measured imaginary parts there. Both must outlive the search.
     CAmplitudeSearch(std::span<const double> basis, std::span<const double> target, int termCount);
 
-    /// False: a decomposition did not converge.
+    // False: a decomposition did not converge.
     [[nodiscard]] bool Run();
 
-    /// What Run found, one amplitude for each term.
+    // What Run found, one amplitude for each term.
     [[nodiscard]] std::span<const double> GetAmplitudes() const;
 
 private:

@@ -30,10 +30,14 @@ double PowerOfTen(int exponent)
 {
     constexpr int largestExact = 22;
     if (exponent > largestExact)
+    {
         return std::pow(10.0, exponent);
+    }
     double power = 1.0;
     for (int i = 0; i < exponent; ++i)
+    {
         power *= 10.0;
+    }
     return power;
 }
 
@@ -43,14 +47,18 @@ std::optional<CornerGrid> MakeCornerGrid(double firstFrequency, double lastFrequ
     const double high = std::ceil(std::log10(lastFrequency)) + 1.0;
     const double decades = high - low;
     if (!(decades >= 2.0 && decades <= CWidebandDebyeModel::maxDecades))
+    {
         return std::nullopt;
+    }
 
     CornerGrid grid;
     grid.termCount = static_cast<int>(decades);
     const bool wide = grid.termCount >= 6;
     const int first = static_cast<int>(low) + (wide ? 1 : 0);
     for (int k = 0; k <= grid.termCount; ++k)
+    {
         grid.corners[static_cast<std::size_t>(k)] = PowerOfTen(first + k);
+    }
     if (!wide)
     {
         // A narrow grid reaches two decades past the top in two strides.
@@ -70,14 +78,18 @@ std::vector<double> MakeBasis(std::span<const double> frequencies, std::span<con
     {
         double* const angles = basis.data() + k * points;
         for (std::size_t i = 0; i < points; ++i)
+        {
             angles[i] = std::atan(frequencies[i] / corners[k]);
+        }
     }
     for (std::size_t k = 0; k + 1 < corners.size(); ++k)
     {
         double* const angles = basis.data() + k * points;
         const double width = std::log(corners[k + 1] / corners[k]);
         for (std::size_t i = 0; i < points; ++i)
+        {
             angles[i] = (angles[i + points] - angles[i]) / width;
+        }
     }
     return basis;
 }
@@ -106,7 +118,9 @@ std::int32_t CWidebandDebyeModel::PrepareData(std::int32_t erCount, const double
 {
     ready = false;
     if (erCount < 1 || lossCount < 2 || !erFrequencies || !erValues || !lossFrequencies || !lossValues)
+    {
         return 0;
+    }
     const std::size_t erSize = static_cast<std::size_t>(erCount);
     const std::optional<ErTrend> trend = FindErTrend({erFrequencies, erSize}, {erValues, erSize});
     if (!trend)
@@ -155,15 +169,21 @@ int CWidebandDebyeModel::Fit()
     const bool prepared = ready && HasFittableData();
     ready = false;
     if (!prepared)
+    {
         return 0;
+    }
     const std::optional<CornerGrid> grid =
         MakeCornerGrid(preparedFrequencies.front(), preparedFrequencies.back());
     if (!grid)
+    {
         return 0;
+    }
     const std::vector<double> basis = MakeBasis(preparedFrequencies, grid->Corners());
     CAmplitudeSearch search(basis, preparedImaginaryParts, grid->termCount);
     if (!search.Run())
+    {
         return 0;
+    }
     StoreTerms(grid->Corners(), search.GetAmplitudes());
     FitEpsInf();
     ready = true;
@@ -174,12 +194,16 @@ void CWidebandDebyeModel::StoreTerms(std::span<const double> corners, std::span<
 {
     termInputs.clear();
     for (std::size_t k = 0; k < amplitudes.size(); ++k)
+    {
         termInputs.push_back({corners[k], corners[k + 1], amplitudes[k]});
+    }
     hasTermInputs = 1;
 
     terms.clear();
     for (const MLDEBYETERMINPUT& input : termInputs)
+    {
         terms.push_back({input.f1, input.f2, input.deltaEps, 1.0 / std::log(input.f2 / input.f1)});
+    }
     termCount = static_cast<std::int32_t>(terms.size());
 }
 
@@ -191,7 +215,9 @@ void CWidebandDebyeModel::FitEpsInf()
     {
         double real = 0.0;
         for (const MLDEBYETERM& term : terms)
+        {
             real += term.RealPart(preparedFrequencies[i]);
+        }
         sum += preparedRealParts[i] - real;
     }
     epsInf = sum / static_cast<double>(preparedFrequencies.size());
@@ -200,7 +226,9 @@ void CWidebandDebyeModel::FitEpsInf()
 std::int32_t CWidebandDebyeModel::Evaluate(double frequency, double& realPart, double& imaginaryPart) const
 {
     if (!ready)
+    {
         return 0;
+    }
     double real = epsInf;
     double imaginary = 0.0;
     for (const MLDEBYETERM& term : terms)

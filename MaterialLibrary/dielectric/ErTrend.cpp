@@ -18,7 +18,9 @@ ErTrend FitLine(const Sums& sum)
     const double det = sum.count * sum.xx - sum.x * sum.x;
     // All points at 1 Hz: every ln f is 0.
     if (sum.xx == 0.0 || det / sum.xx < equalFrequencies)
+    {
         return {sum.y / sum.count, 0.0};
+    }
 
     const ErTrend line{(sum.y * sum.xx - sum.xy * sum.x) / det, (sum.count * sum.xy - sum.x * sum.y) / det};
     const bool rejected = line.slope > 0.0 || line.offset <= 0.0 || line.At(highestFrequency) < 0.0;
@@ -34,13 +36,17 @@ double ErTrend::At(double frequency) const
 std::optional<ErTrend> FindErTrend(std::span<const double> frequencies, std::span<const double> values)
 {
     if (values.size() == 1)
+    {
         return ErTrend{values.front(), 0.0};
+    }
 
     Sums sum{static_cast<double>(values.size()), 0.0, 0.0, 0.0, 0.0};
     for (std::size_t i = 0; i < values.size(); ++i)
     {
         if (frequencies[i] <= 0.0 || values[i] <= 0.0)
+        {
             return std::nullopt;
+        }
         const double x = std::log(frequencies[i]);
         const double y = values[i];
         sum.x += x;

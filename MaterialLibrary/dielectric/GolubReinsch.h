@@ -4,14 +4,14 @@
 #include <cmath>
 #include <cstddef>
 
-/// A matrix given by pointers to its rows.
+// A matrix given by pointers to its rows.
 struct MatrixOfRows
 {
     double* const* rows;
     double& operator()(int i, int k) const { return rows[i][k]; }
 };
 
-/// A matrix stored column after column without gaps: what the fit uses, since the work runs down the columns.
+// A matrix stored column after column without gaps: what the fit uses, since the work runs down the columns.
 struct MatrixOfColumns
 {
     double* elements;
@@ -20,11 +20,11 @@ struct MatrixOfColumns
     double& operator()(int i, int k) const { return Column(k)[i]; }
 };
 
-/// The decomposition behind SvdDecompose, for any way of storing the matrix. The result does not depend on
-/// the storage, bit for bit: every number comes out of the same operations in the same order.
-///
-/// `a` (m x n), `w` (n) and `v` (n x n) are as in SvdDecompose, `offDiagonal` is scratch space for n doubles.
-/// Only the first `rowsOfU` rows of U are completed; the others are of no use to the caller.
+// The decomposition behind SvdDecompose, for any way of storing the matrix. The result does not depend on
+// the storage, bit for bit: every number comes out of the same operations in the same order.
+//
+// `a` (m x n), `w` (n) and `v` (n x n) are as in SvdDecompose, `offDiagonal` is scratch space for n doubles.
+// Only the first `rowsOfU` rows of U are completed; the others are of no use to the caller.
 template <class Matrix>
 class CGolubReinsch
 {
@@ -34,7 +34,7 @@ public:
     {
     }
 
-    /// False where a singular value has not converged at the 30th iteration.
+    // False where a singular value has not converged at the 30th iteration.
     [[nodiscard]] bool Decompose()
     {
         Bidiagonalise();
@@ -43,7 +43,9 @@ public:
         for (int k = n - 1; k >= 0; --k)
         {
             if (!Converge(k))
+            {
                 return false;
+            }
         }
         return true;
     }
@@ -57,7 +59,9 @@ private:
         const double larger = std::fabs(firstIsLarger ? x : y);
         const double smaller = std::fabs(firstIsLarger ? y : x);
         if (larger == 0.0)
+        {
             return 0.0;
+        }
         const double ratio = smaller / larger;
         return larger * std::sqrt(1.0 + ratio * ratio);
     }
@@ -82,9 +86,13 @@ private:
     {
         double scale = 0.0;
         for (int k = i; k < m; ++k)
+        {
             scale += std::fabs(a(k, i));
+        }
         if (scale == 0.0)
+        {
             return 0.0;
+        }
         double s = 0.0;
         for (int k = i; k < m; ++k)
         {
@@ -101,7 +109,9 @@ private:
             AddColumn(i, factor, i, j);
         }
         for (int k = i; k < m; ++k)
+        {
             a(k, i) *= scale;
+        }
         return scale * g;
     }
 
@@ -110,9 +120,13 @@ private:
     {
         double scale = 0.0;
         for (int k = i + 1; k < n; ++k)
+        {
             scale += std::fabs(a(i, k));
+        }
         if (scale == 0.0)
+        {
             return 0.0;
+        }
         double s = 0.0;
         for (int k = i + 1; k < n; ++k)
         {
@@ -124,17 +138,25 @@ private:
         const double h = f * g - s;
         a(i, i + 1) = f - g;
         for (int k = i + 1; k < n; ++k)
+        {
             e[k] = a(i, k) / h;
+        }
         for (int j = i + 1; j < m; ++j)
         {
             s = 0.0;
             for (int k = i + 1; k < n; ++k)
+            {
                 s += a(j, k) * a(i, k);
+            }
             for (int k = i + 1; k < n; ++k)
+            {
                 a(j, k) += s * e[k];
+            }
         }
         for (int k = i + 1; k < n; ++k)
+        {
             a(i, k) *= scale;
+        }
         return scale * g;
     }
 
@@ -142,14 +164,18 @@ private:
     {
         double s = 0.0;
         for (int k = from; k < m; ++k)
+        {
             s += a(k, i) * a(k, j);
+        }
         return s;
     }
 
     void AddColumn(int from, double factor, int i, int j)
     {
         for (int k = from; k < m; ++k)
+        {
             a(k, j) += factor * a(k, i);
+        }
     }
 
     void AccumulateRight()
@@ -160,18 +186,26 @@ private:
             {
                 // Two divisions, so that a tiny product does not underflow.
                 for (int j = i + 1; j < n; ++j)
+                {
                     v(j, i) = a(i, j) / a(i, i + 1) / e[i + 1];
+                }
                 for (int j = i + 1; j < n; ++j)
                 {
                     double s = 0.0;
                     for (int k = i + 1; k < n; ++k)
+                    {
                         s += a(i, k) * v(k, j);
+                    }
                     for (int k = i + 1; k < n; ++k)
+                    {
                         v(k, j) += s * v(k, i);
+                    }
                 }
             }
             for (int j = i + 1; j < n; ++j)
+            {
                 v(i, j) = v(j, i) = 0.0;
+            }
             v(i, i) = 1.0;
         }
     }
@@ -181,11 +215,15 @@ private:
         for (int i = n - 1; i >= 0; --i)
         {
             for (int j = i + 1; j < n; ++j)
+            {
                 a(i, j) = 0.0;
+            }
             if (w[i] == 0.0)
             {
                 for (int k = i; k < m; ++k)
+                {
                     a(k, i) = 0.0;
+                }
             }
             else
             {
@@ -195,7 +233,9 @@ private:
                     AddColumn(i, factor, i, j);
                 }
                 for (int k = i; k < m; ++k)
+                {
                     a(k, i) /= w[i];
+                }
             }
             a(i, i) += 1.0;
         }
@@ -208,16 +248,22 @@ private:
         {
             const int l = Split(k);
             if (l == k)
+            {
                 break;
+            }
             if (iteration == maxIterations)
+            {
                 return false;
+            }
             Sweep(l, k);
         }
         if (w[k] < 0.0)
         {
             w[k] = -w[k];
             for (int j = 0; j < n; ++j)
+            {
                 v(j, k) = -v(j, k);
+            }
         }
         return true;
     }
@@ -248,7 +294,9 @@ private:
             const double f = s * e[i];
             e[i] = c * e[i];
             if (Negligible(f))
+            {
                 break;
+            }
             const double g = w[i];
             w[i] = Hypotenuse(f, g);
             c = g / w[i];

@@ -1,7 +1,7 @@
 #pragma once
 
-/// One wideband Debye term: a permittivity step spread evenly over the logarithm of the frequency from f1 to
-/// f2.
+// One wideband Debye term: a permittivity step spread evenly over the logarithm of the frequency from f1 to
+// f2.
 struct MLDEBYETERM
 {
     double f1 = 1.0e6;     ///< Lower corner frequency, Hz.
@@ -9,9 +9,9 @@ struct MLDEBYETERM
     double deltaEps = 0.0; ///< The permittivity step.
     double g = 1.0;        ///< 1 / ln(f2 / f1)
 
-    /// Contribution to the real part of the permittivity at that frequency (Hz).
+    // Contribution to the real part of the permittivity at that frequency (Hz).
     [[nodiscard]] double RealPart(double frequency) const;
 
-    /// Contribution to the imaginary part: negative where the term is lossy.
+    // Contribution to the imaginary part: negative where the term is lossy.
     [[nodiscard]] double ImaginaryPart(double frequency) const;
 };

@@ -6,9 +6,9 @@
 
 namespace
 {
-constexpr std::size_t largeBlockBytes = 64 * 1024;
-constexpr std::size_t firstChunkBytes = 4 * 1024;
-constexpr std::size_t largestChunkBytes = 1024 * 1024;
+constexpr std::size_t largeBlockBytes = std::size_t{64} * 1024;
+constexpr std::size_t firstChunkBytes = std::size_t{4} * 1024;
+constexpr std::size_t largestChunkBytes = std::size_t{1024} * 1024;
 constexpr std::size_t headerBytes = 32; // a chunk's header, rounded up to the alignment of its blocks
 
 std::byte* AlignUp(std::byte* address, std::size_t alignment)

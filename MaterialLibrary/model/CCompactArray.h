@@ -83,7 +83,7 @@ private:
                 return;
             }
         }
-        const int grown = capacity + std::max(2, capacity / 2);
+        const int grown = capacity + std::max(1, capacity / 2);
         auto* const moved = static_cast<T*>(resource.allocate(Bytes(grown), alignof(T)));
         if (elements != nullptr)
         {

@@ -101,11 +101,12 @@ void CMaterialReader::NeedThisToken(std::string_view expected, MLTEXTID reason)
 
 const char* CMaterialReader::NeedQuoted()
 {
+    std::string_view quoted;
     if (!scanner->ReadQuoted(quoted))
     {
         throw CParseError(MLTEXT_MISSING_VALUE);
     }
-    return quoted.c_str();
+    return quoted.data();
 }
 
 double CMaterialReader::NeedNumber()

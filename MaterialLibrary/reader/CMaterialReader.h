@@ -5,7 +5,6 @@
 #include "MaterialLibrary/resources/TextIds.h"
 
 #include <span>
-#include <string>
 #include <string_view>
 
 class CFakeMaterialLib;
@@ -56,5 +55,4 @@ private:
     std::uint32_t minor = 0;
     ITechnologyMapProvider* technologies;
     std::string_view blockWord; // of the first block; a file holds blocks of one word only
-    std::string quoted;         // the quoted text read last
 };

@@ -90,6 +90,8 @@ void CTokenScanner::PutBackSavedChar()
     {
         *cursor = savedChar;
         savedChar = '\0';
+        cursor += inClosingQuote ? 1 : 0;
+        inClosingQuote = false;
     }
 }
 
@@ -308,7 +310,7 @@ bool CTokenScanner::ReadNumber(double& value)
     return true;
 }
 
-bool CTokenScanner::ReadQuoted(std::string& value)
+bool CTokenScanner::ReadQuoted(std::string_view& value)
 {
     if (!SkipBlanks() || !IsQuote(*cursor))
     {
@@ -316,11 +318,9 @@ bool CTokenScanner::ReadQuoted(std::string& value)
     }
     ++cursor;
     const std::size_t length = std::strcspn(cursor, quoteChars);
-    value.assign(cursor, length);
+    value = {cursor, length};
     cursor += length;
-    if (*cursor != '\0')
-    {
-        ++cursor;
-    }
+    EndToken();
+    inClosingQuote = savedChar != '\0';
     return true;
 }

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 // Cuts a NUL-terminated text into tokens in place: a token handed out ends with a NUL written over the
@@ -40,14 +39,18 @@ public:
     // the number ends before the letter but reading goes on behind it.
     [[nodiscard]] bool ReadNumber(double& value);
 
-    // A text in quotes, without escapes, possibly over several lines. The end of the text closes it too.
-    [[nodiscard]] bool ReadQuoted(std::string& value);
+    // A text in quotes, without escapes, possibly over several lines. The end of the text closes it too. The
+    // text ends with a NUL and is valid until the next operation.
+    [[nodiscard]] bool ReadQuoted(std::string_view& value);
 
     // Line breaks passed, 0 on the first line. Those inside quotes do not count.
     [[nodiscard]] std::uint32_t GetLine() const { return line; }
 
     // Characters consumed since the start of the line.
-    [[nodiscard]] std::uint32_t GetColumn() const { return static_cast<std::uint32_t>(cursor - lineStart); }
+    [[nodiscard]] std::uint32_t GetColumn() const
+    {
+        return static_cast<std::uint32_t>(cursor - lineStart) + (inClosingQuote ? 1 : 0);
+    }
 
 private:
     enum Class : std::uint8_t
@@ -82,6 +85,7 @@ private:
     char* cursor = nullptr;
     const char* textEnd = nullptr;
     char savedChar = '\0';
+    bool inClosingQuote = false; // the saved character is a closing quote, consumed already
     std::uint32_t line = 0;
     char* lineStart = nullptr;
     std::array<Class, 256> classes{};

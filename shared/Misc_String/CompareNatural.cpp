@@ -17,12 +17,18 @@ constexpr std::array<Byte, 256> MakeWeights()
 {
     std::array<Byte, 256> weights{};
     for (std::size_t code = 0; code < weights.size(); ++code)
+    {
         weights[code] = static_cast<Byte>(code);
+    }
     Byte weight = ' ';
     for (const char c : printableBelowLetters)
+    {
         weights[static_cast<Byte>(c)] = weight++;
+    }
     for (std::size_t letter = 0; letter < 26; ++letter, ++weight)
+    {
         weights['A' + letter] = weights['a' + letter] = weight;
+    }
     return weights;
 }
 
@@ -44,19 +50,29 @@ int CompareNumbers(const Byte* a, const Byte* b)
     const Byte* const beginA = a;
     const Byte* const beginB = b;
     while (*a == '0')
+    {
         ++a;
+    }
     while (*b == '0')
+    {
         ++b;
+    }
     int firstDifference = 0;
     for (; IsDigit(*a) && IsDigit(*b); ++a, ++b)
     {
         if (firstDifference == 0)
+        {
             firstDifference = CompareWeights(*a, *b);
+        }
     }
     if (IsDigit(*a) || IsDigit(*b))
+    {
         return IsDigit(*a) ? 1 : -1;
+    }
     if (firstDifference != 0)
+    {
         return firstDifference;
+    }
     const std::ptrdiff_t moreZeros = (a - beginA) - (b - beginB);
     return static_cast<int>(moreZeros > 0) - static_cast<int>(moreZeros < 0);
 }
@@ -79,7 +95,9 @@ int CompareNatural(const char* first, const char* second)
     for (; weights[*a] == weights[*b]; ++a, ++b)
     {
         if (*a == 0)
+        {
             return 0;
+        }
         if (IsDigit(*a))
         {
             ++sharedDigits;
@@ -93,11 +111,15 @@ int CompareNatural(const char* first, const char* second)
             ++a;
             ++b;
             if (weights[*a] != weights[*b])
+            {
                 return CompareWeights(*a, *b);
+            }
         }
     }
     if (!IsDigit(*a) && !IsDigit(*b))
+    {
         return CompareCharacters(a, b);
+    }
     const int order = CompareNumbers(a - sharedDigits, b - sharedDigits);
     return negative ? -order : order;
 }

@@ -44,7 +44,9 @@ bool IsHuge(const ScannedDecimal& number)
 {
     std::int64_t digitsBeforePoint = number.exponent + number.digitCount;
     for (const char* p = number.digits; *p == '0' || *p == '.'; ++p)
+    {
         digitsBeforePoint -= *p == '0' ? 1 : 0;
+    }
     return digitsBeforePoint > 0;
 }
 
@@ -78,15 +80,21 @@ DecimalResult ConvertLongNumber(const ScannedDecimal& number)
     constexpr std::uint64_t exactIntegers = std::uint64_t{1} << 53;
     const std::int64_t exponent = number.exponent;
     if (number.digitCount > 19 || exponent < -largestPowerOfTen || exponent > largestPowerOfTen)
+    {
         return ConvertAnyNumber(number);
+    }
 
     if (number.mantissa <= exactIntegers && IsExactPower(exponent))
+    {
         return {WithSign(ScaleExactly(number.mantissa, exponent), number.negative), number.stop,
                 DecimalVerdict::Ok};
+    }
     if (number.mantissa != 0)
     {
         if (const auto value = MultiplyByPowerOfTen(number.mantissa, static_cast<int>(exponent)))
+        {
             return {WithSign(*value, number.negative), number.stop, DecimalVerdict::Ok};
+        }
     }
     return ConvertAnyNumber(number);
 }
@@ -102,11 +110,15 @@ inline void ReadExponent(ScannedDecimal& number, const char* last)
     constexpr std::int64_t limit = 100'000'000'000'000; // more digits than a text can make up for
     const char* p = number.stop + 1;
     if (p == last)
+    {
         return;
+    }
     const bool negative = *p == '-';
     p += static_cast<int>(negative | (*p == '+'));
     if (p == last || !IsDigit(*p))
+    {
         return;
+    }
     std::int64_t exponent = *p++ - '0';
     // Exponents of one and of two digits mix: the second digit goes without a branch.
     const unsigned second = p < last ? static_cast<unsigned char>(*p - '0') : 255U;
@@ -116,7 +128,9 @@ inline void ReadExponent(ScannedDecimal& number, const char* last)
     if (isDigit)
     {
         for (; p < last && IsDigit(*p); ++p)
+        {
             exponent = exponent < limit ? exponent * 10 + (*p - '0') : exponent;
+        }
     }
     number.exponent += negative ? -exponent : exponent;
     number.stop = p;
@@ -158,7 +172,9 @@ DecimalResult ParseLongNumber(const char* first, const char* p, std::uint64_t ma
     ScannedDecimal number = {
         digits, p, mantissa, p - digits - static_cast<int>(point), point ? fraction - p : 0, negative};
     if (IsExponentLetter(p, last))
+    {
         ReadExponent(number, last);
+    }
     return ConvertLongNumber(number);
 }
 } // namespace
@@ -168,7 +184,9 @@ DecimalResult ParseLongNumber(const char* first, const char* p, std::uint64_t ma
 DecimalResult ParseDecimal(const char* first, const char* last) noexcept
 {
     if (first == last)
+    {
         return {0.0, first, DecimalVerdict::None};
+    }
     const bool negative = *first == '-';
     const char* const digits = first + static_cast<int>(negative | (*first == '+'));
 
@@ -177,7 +195,9 @@ DecimalResult ParseDecimal(const char* first, const char* last) noexcept
         readable >= 8 ? LoadEight(digits) : LoadFewer(digits, static_cast<std::size_t>(readable));
     const DigitWord nonDigits = MarkNonDigits(word);
     if (nonDigits == 0)
+    {
         return ParseLongNumber(first, digits + 8, EightDigits(word), nullptr, last);
+    }
 
     const DigitWord mark = nonDigits & (~nonDigits + 1);
     const DigitWord markedByte = (mark << 1) - (mark >> 7);
@@ -188,11 +208,15 @@ DecimalResult ParseDecimal(const char* first, const char* last) noexcept
     const DigitWord end = point ? nonDigits ^ mark : nonDigits;
     const int pointAt = std::countr_zero(nonDigits) / 8;
     if (end == 0)
+    {
         return ParseLongNumber(first, digits + 8, EightDigits(joinedWord), digits + pointAt + 1, last);
+    }
 
     const int length = std::countr_zero(end) / 8;
     if (length == static_cast<int>(point))
+    {
         return {0.0, first, DecimalVerdict::None};
+    }
     const std::uint64_t mantissa = FirstDigits(joinedWord, static_cast<unsigned>(length));
     const char* const stop = digits + length;
     const int fractionDigits = length - pointAt - static_cast<int>(point);
@@ -202,7 +226,9 @@ DecimalResult ParseDecimal(const char* first, const char* last) noexcept
                                  -fractionDigits, negative};
         ReadExponent(number, last);
         if (!IsExactPower(number.exponent))
+        {
             return ConvertAnyNumber(number);
+        }
         return {WithSign(ScaleExactly(mantissa, number.exponent), negative), number.stop, DecimalVerdict::Ok};
     }
     // A whole number is divided by one: that is quicker than to ask.

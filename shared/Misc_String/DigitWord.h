@@ -46,7 +46,9 @@ inline DigitWord LoadUpTo(const char* text, const char* last)
 {
     const std::ptrdiff_t count = last - text;
     if (count >= 8)
+    {
         return LoadEight(text);
+    }
     DigitWord word;
     std::memcpy(&word, last - 8, sizeof word);
     return ((word >> 8) >> (8 * (7 - count))) ^ ('0' * everyByte);

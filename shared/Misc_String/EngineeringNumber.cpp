@@ -68,13 +68,19 @@ bool ParseCleanText(std::string_view text, double* out)
     const char* const begin = std::find_if(text.data(), last, BeginsNumber);
     // Not one that is the second byte of a character.
     if (std::any_of(text.data(), begin, [](char c) { return static_cast<unsigned char>(c) >= 0x80; }))
+    {
         return false;
+    }
     const DecimalResult number = ParseDecimal(begin, last);
     if (number.verdict != DecimalVerdict::Ok)
+    {
         return false;
+    }
     // An exponent letter left over may belong to an exponent with a blank in it.
     if (number.stop != last && (!IsKept(*number.stop) || *number.stop == 'e' || *number.stop == 'E'))
+    {
         return false;
+    }
     return StoreScaled(number, last, out);
 }
 
@@ -85,10 +91,14 @@ bool ParseAnyText(std::string_view text, double* out)
     for (std::size_t i = 0; i < text.size(); ++i)
     {
         if (IsKept(text[i]))
+        {
             kept[count++] = text[i];
+        }
         else if (i + 1 < text.size() &&
                  IsDoubleByte(static_cast<unsigned char>(text[i]), static_cast<unsigned char>(text[i + 1])))
+        {
             ++i;
+        }
     }
     const char* const last = kept.data() + count;
     const char* const begin = std::find_if(kept.data(), kept.data() + count, BeginsNumber);
@@ -108,7 +118,9 @@ bool ParseEngineeringNumber(const char* text, double* out)
 {
     *out = 0.0;
     if (text == nullptr)
+    {
         FatalError("..\\shared\\Misc_String", 109);
+    }
     const void* const end = std::memchr(text, 0, textLimit);
     const std::size_t length =
         end != nullptr ? static_cast<std::size_t>(static_cast<const char*>(end) - text) : textLimit;

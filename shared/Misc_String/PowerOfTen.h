@@ -20,11 +20,15 @@ constexpr PowerOfTen MakePowerOfTen(int n)
 {
     std::uint64_t five = 1;
     for (int i = 0; i < (n < 0 ? -n : n); ++i)
+    {
         five *= 5;
+    }
     const int shift = std::countl_zero(five);
     const std::uint64_t divisor = five << shift;
     if (n >= 0)
+    {
         return {divisor, n - shift};
+    }
 
     std::uint64_t remainder = std::uint64_t{1} << 63;
     std::uint64_t quotient = 0; // of 2^127 by the divisor, which is above 2^63
@@ -34,7 +38,9 @@ constexpr PowerOfTen MakePowerOfTen(int n)
         remainder <<= 1;
         const bool goes = carry || remainder >= divisor;
         if (goes)
+        {
             remainder -= divisor;
+        }
         quotient = (quotient << 1) | (goes ? 1U : 0U);
     }
     return {quotient, n + shift - 127};
@@ -44,7 +50,10 @@ inline constexpr auto powersOfTen = []
 {
     std::array<PowerOfTen, 2 * largestPowerOfTen + 1> powers{};
     for (int n = -largestPowerOfTen; n <= largestPowerOfTen; ++n)
-        powers[static_cast<std::size_t>(n + largestPowerOfTen)] = MakePowerOfTen(n);
+    {
+        const int index = n + largestPowerOfTen;
+        powers[static_cast<std::size_t>(index)] = MakePowerOfTen(n);
+    }
     return powers;
 }();
 
@@ -61,7 +70,8 @@ constexpr std::uint64_t MultiplyHigh(std::uint64_t a, std::uint64_t b)
 // for the one number in some hundreds that lies too near to the middle between two doubles to tell.
 constexpr std::optional<double> MultiplyByPowerOfTen(std::uint64_t digits, int exponent)
 {
-    const PowerOfTen& power = powersOfTen[static_cast<std::size_t>(exponent + largestPowerOfTen)];
+    const int index = exponent + largestPowerOfTen;
+    const PowerOfTen& power = powersOfTen[static_cast<std::size_t>(index)];
     const int shift = std::countl_zero(digits);
     // The exact product, in units of `high`, is at least `high` and less than `high` + 2.
     const std::uint64_t high = MultiplyHigh(digits << shift, power.significand);
@@ -69,7 +79,9 @@ constexpr std::optional<double> MultiplyByPowerOfTen(std::uint64_t digits, int e
     const std::uint64_t half = std::uint64_t{1} << (dropped - 1);
     const std::uint64_t rest = high & (2 * half - 1);
     if (rest == half || rest == half - 1)
+    {
         return std::nullopt;
+    }
     const std::uint64_t significand = (high >> dropped) + (rest > half ? 1U : 0U);
     // The significand's bit 52 adds the 1 that is missing in the exponent, a carry to 2^53 another.
     const auto biased = static_cast<std::uint64_t>(power.exponent - shift + 64 + dropped + 52 + 1023 - 1);

@@ -23,7 +23,9 @@ Texts Combine(const Texts& characters, int length)
         for (; begin < end; ++begin)
         {
             for (const std::string& character : characters)
+            {
                 texts.push_back(texts[begin] + character);
+            }
         }
     }
     return texts;
@@ -38,8 +40,10 @@ public:
         for (std::size_t i = 0; i < texts.size(); ++i)
         {
             for (std::size_t j = 0; j < texts.size(); ++j)
+            {
                 answers[i * texts.size() + j] =
                     static_cast<signed char>(CompareNatural(texts[i].c_str(), texts[j].c_str()));
+            }
         }
     }
 
@@ -52,9 +56,11 @@ public:
         {
             Texts lower = texts;
             for (std::string& text : lower)
+            {
                 std::ranges::transform(text, text.begin(),
                                        [](char c)
                                        { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+            }
             return lower;
         }();
         for (std::size_t i = 0; i < texts.size(); ++i)
@@ -74,12 +80,16 @@ public:
         for (std::size_t i = 0; i < texts.size(); ++i)
         {
             for (std::size_t j = 0; j < texts.size(); ++j)
+            {
                 rank[i] += At(j, i) < 0 ? 1 : 0;
+            }
         }
         for (std::size_t i = 0; i < texts.size(); ++i)
         {
             for (std::size_t j = 0; j < texts.size(); ++j)
+            {
                 ASSERT_EQ(At(i, j) < 0, rank[i] < rank[j]) << texts[i] << " and " << texts[j];
+            }
         }
     }
 
@@ -95,7 +105,9 @@ public:
                 for (std::size_t k = 0; k < texts.size() && At(i, j) < 0; ++k)
                 {
                     if (At(j, k) < 0 && At(i, k) >= 0)
+                    {
                         visit(texts[i], texts[j], texts[k]);
+                    }
                 }
             }
         }
@@ -127,22 +139,32 @@ TEST(CompareNatural, CharactersByCollation)
 {
     std::string order;
     for (char c = 1; c < ' '; ++c)
+    {
         order += c;
+    }
     order += R"(_-+. !"#$%&'()*,/:;<=>?@[\]^`{|}~)";
     for (char c = 'A'; c <= 'Z'; ++c)
+    {
         order += c;
+    }
     for (int c = 127; c < 256; ++c)
+    {
         order += static_cast<char>(c);
+    }
     ASSERT_EQ(order.size(), 255U - 26 - 10);
 
     Texts texts = {""};
     for (const char c : order)
+    {
         texts.push_back(std::string("x") + c);
+    }
     const COrder comparisons(texts);
     for (std::size_t i = 1; i < texts.size(); ++i)
     {
         for (std::size_t j = 0; j < i; ++j)
+        {
             ASSERT_EQ(comparisons.At(j, i), -1) << i << " and " << j;
+        }
     }
 }
 
@@ -270,7 +292,9 @@ TEST_F(CompareNaturalDoubleByte, OnlyDigitsAsTrailBytesMakeCycles)
         for (std::size_t i = 0; i + 1 < text.size(); i += isLead(text[i]) ? 2 : 1)
         {
             if (isLead(text[i]) && text[i + 1] == '1')
+            {
                 return true;
+            }
         }
         return false;
     };

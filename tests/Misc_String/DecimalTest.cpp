@@ -48,9 +48,13 @@ void ExpectAsStandard(const std::string& text)
     double value = 0.0;
     const auto standard = std::from_chars(text.data(), text.data() + text.size(), value);
     if (standard.ec == std::errc{})
+    {
         ExpectDecimal({text, "", value});
+    }
     else
+    {
         EXPECT_NE(ParseDecimal(text).verdict, DecimalVerdict::Ok) << text;
+    }
 }
 
 std::string Text(const char* format, double value, int digits)
@@ -105,7 +109,9 @@ TEST(Decimal, Accepts)
         {"0e99999999999999999999", "", 0.0},
     };
     for (const Row& row : rows)
+    {
         ExpectDecimal(row);
+    }
 }
 
 TEST(Decimal, BeyondTheDoubles)
@@ -121,14 +127,18 @@ TEST(Decimal, BeyondTheDoubles)
              {"123456e-99999999999999999999", "", 0.0, DecimalVerdict::Underflow},
              {"." + zeros + "1", "", 0.0, DecimalVerdict::Underflow},
          })
+    {
         ExpectDecimal(row);
+    }
 }
 
 TEST(Decimal, RefusesWhatIsNoDecimalNumber)
 {
     for (const std::string text :
          {"", "+", "-", ".", "-.", "+-1", "--1", ".e5", "e5", " 1", "inf", "-inf", "nan", "x1", "\2621"})
+    {
         ExpectDecimal({text, text, 0.0, DecimalVerdict::None});
+    }
 }
 
 // All ways to cut a number: digits before and behind the point, and every way in which a text can end
@@ -142,11 +152,17 @@ TEST(Decimal, EveryShape)
         {
             const std::string number = digits.substr(0, before) + "." + digits.substr(before, behind);
             if (before + behind == 0)
+            {
                 continue;
+            }
             for (const char* const exponent : {"", "e5", "e-7", "E11", "e-28"})
+            {
                 ExpectAsStandard("-" + number + exponent);
+            }
             if (behind == 0)
+            {
                 ExpectAsStandard(number.substr(0, before));
+            }
         }
     }
 }
@@ -159,7 +175,9 @@ TEST(Decimal, NearestDouble)
         // Any double, in as many digits as it needs or not quite.
         const double any = std::bit_cast<double>(random() >> 1);
         if (std::isfinite(any))
+        {
             ExpectAsStandard(Text("%.*e", any, static_cast<int>(10 + random() % 12)));
+        }
         // The sizes of a material file.
         const double usual =
             std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 128) - 128);

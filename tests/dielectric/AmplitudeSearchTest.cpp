@@ -29,7 +29,9 @@ void ExpectNear(const Numbers& found, const Numbers& expected)
 {
     ASSERT_EQ(found.size(), expected.size());
     for (std::size_t k = 0; k < found.size(); ++k)
+    {
         EXPECT_NEAR(found[k], expected[k], 0.01) << k;
+    }
 }
 
 // The last term is weak: its singular value is passed over once the ratio is above about 0.07.

@@ -150,9 +150,13 @@ TEST(DebyeModel, LaysTheCornersOnDecades)
         ASSERT_EQ(corners.size() + (corners.empty() ? 0 : 1), row.exponents.size())
             << row.first << " " << row.last;
         if (!corners.empty())
+        {
             corners.push_back(model.GetTerms().back().f2);
+        }
         for (std::size_t k = 0; k < corners.size(); ++k)
+        {
             EXPECT_EQ(corners[k], std::pow(10.0, row.exponents[k])) << row.first << " " << row.last;
+        }
         EXPECT_EQ(static_cast<std::size_t>(model.GetTermCount()), model.GetTerms().size());
     }
 }
@@ -217,7 +221,9 @@ TEST(DebyeModel, EvaluatesAnywhereWithoutHarm)
     ASSERT_TRUE(PrepareAndFit(model, {{1e6, 1e9}, {4.5, 4.2}, {1e6, 1e8, 1e10}, {0.02, 0.021, 0.022}}));
     double real = 0.0, imaginary = 0.0;
     for (const double f : {0.0, 1.0, 1e9, 1e15, -1e9, smallest, largest, infinity, notANumber})
+    {
         EXPECT_EQ(model.Evaluate(f, real, imaginary), 1);
+    }
     ASSERT_EQ(model.Evaluate(1e9, real, imaginary), 1);
     EXPECT_NEAR(real, 4.2, 0.1);
     EXPECT_NEAR(-imaginary / real, 0.0215, 0.001);

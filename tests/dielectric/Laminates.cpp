@@ -5,7 +5,7 @@
 
 namespace
 {
-/// splitmix64
+// splitmix64
 class CDice
 {
 public:
@@ -33,7 +33,9 @@ double Frequency(int step)
 {
     double f = steps[static_cast<std::size_t>(step % stepsPerDecade)];
     for (int decade = 1; decade < step / stepsPerDecade; ++decade)
+    {
         f *= 10.0;
+    }
     return f;
 }
 } // namespace
@@ -42,7 +44,9 @@ PlainLaminate MakeLaminate(std::uint64_t seed, int lossPoints)
 {
     CDice dice(seed * 2654435761u + 17u);
     if (lossPoints == 0)
+    {
         lossPoints = dice.Between(2, 40);
+    }
     const int lowest = stepsPerDecade * dice.Between(4, 9) + (dice.Between(0, 1) ? dice.Between(0, 23) : 0);
     const int narrowest = lossPoints > stepsPerDecade ? 2 * stepsPerDecade : stepsPerDecade;
     const int span = std::max(narrowest, std::min(stepsPerDecade * dice.Between(1, 6), 263 - lowest));

@@ -6,5 +6,5 @@
 
 #include <cstdint>
 
-/// The laminate of that seed with `lossPoints` rows of loss tangent (0: between 2 and 40, by the seed).
+// The laminate of that seed with `lossPoints` rows of loss tangent (0: between 2 and 40, by the seed).
 [[nodiscard]] PlainLaminate MakeLaminate(std::uint64_t seed, int lossPoints = 0);

@@ -10,7 +10,9 @@ bool PlainFit::PrepareTrend(const PlainLaminate& laminate)
     trendOffset = er[0];
     trendSlope = 0.0;
     if (f.size() < 2)
+    {
         return true;
+    }
     double sx = 0.0, sy = 0.0, sxy = 0.0, sxx = 0.0;
     bool level = true;
     for (std::size_t i = 0; i < f.size(); ++i)
@@ -28,7 +30,9 @@ bool PlainFit::PrepareTrend(const PlainLaminate& laminate)
         level = level && er[i] == er[0];
     }
     if (level)
+    {
         return true;
+    }
     const double n = static_cast<double>(f.size());
     const double det = n * sxx - sx * sx;
     if (sxx == 0.0 || det / sxx < 1e-6)
@@ -49,10 +53,14 @@ bool PlainFit::PrepareTrend(const PlainLaminate& laminate)
 bool PlainFit::Prepare(const PlainLaminate& laminate)
 {
     if (laminate.lossFrequencies.size() < 2 || !PrepareTrend(laminate))
+    {
         return false;
+    }
     std::size_t first = 0;
     while (first < laminate.lossFrequencies.size() && !(laminate.lossFrequencies[first] >= 10000.0))
+    {
         ++first;
+    }
     if (laminate.lossFrequencies.size() - first < 2)
     {
         errorText = "Too few data points given for Df above 10 KHz";
@@ -79,14 +87,18 @@ bool PlainFit::Solve(const PlainMatrix& system, const std::vector<double>& targe
     std::vector<double> w(n), c(n);
     ++solves;
     if (!decompose(u, w, v))
+    {
         return false;
+    }
     const double largest = *std::max_element(w.begin(), w.end());
     firstSingularValueWasLargest = firstSingularValueWasLargest && w[0] == largest;
     for (std::size_t j = 0; j < n; ++j)
     {
         double product = 0.0;
         for (std::size_t i = 0; i < target.size(); ++i)
+        {
             product += u[i][j] * target[i];
+        }
         c[j] = product / w[j];
     }
     // A value that counts as zero takes its vector with it, which may be past all numbers on absurd data.
@@ -94,8 +106,12 @@ bool PlainFit::Solve(const PlainMatrix& system, const std::vector<double>& targe
     {
         amplitudes[k] = 0.0;
         for (std::size_t j = 0; j < n; ++j)
+        {
             if (w[j] > ratio * w[0] && !(w[j] < 1e-12 * largest))
+            {
                 amplitudes[k] += v[k][j] * c[j];
+            }
+        }
     }
     return true;
 }
@@ -105,18 +121,26 @@ std::vector<double> PlainFit::Corners() const
     const double low = std::floor(std::log10(frequencies.front())) - 1.0;
     const double high = std::ceil(std::log10(frequencies.back())) + 1.0;
     if (!(high - low >= 2.0 && high - low <= 40.0))
+    {
         return {};
+    }
     const std::size_t n = static_cast<std::size_t>(high - low);
     std::vector<double> corner(n + 1);
     for (std::size_t k = 0; k <= n; ++k)
     {
         double exponent = low + static_cast<double>(k);
         if (n >= 6)
+        {
             exponent = exponent + 1.0;
+        }
         else if (k == n - 1)
+        {
             exponent = high;
+        }
         else if (k == n)
+        {
             exponent = high + 2.0;
+        }
         corner[k] = std::pow(10.0, exponent);
     }
     return corner;
@@ -127,14 +151,20 @@ PlainMatrix PlainFit::System(const std::vector<double>& corner) const
     const std::size_t m = frequencies.size(), n = corner.size() - 1;
     PlainMatrix full(m + n, std::vector<double>(n, 0.0));
     for (std::size_t i = 0; i < m; ++i)
+    {
         for (std::size_t k = 0; k < n; ++k)
+        {
             full[i][k] = (std::atan(frequencies[i] / corner[k + 1]) - std::atan(frequencies[i] / corner[k])) /
                          std::log(corner[k + 1] / corner[k]);
+        }
+    }
     for (std::size_t k = 0; k < n; ++k)
     {
         full[m + k][k] = 0.01 * 2.0;
         if (k > 0)
+        {
             full[m + k][k - 1] = full[m + k - 1][k] = 0.01 * -1.0;
+        }
     }
     return full;
 }
@@ -144,8 +174,10 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
     const auto finite = [](double x) { return std::isfinite(x); };
     bool sane = ready;
     for (std::size_t i = 0; i < frequencies.size(); ++i)
+    {
         sane = sane && frequencies[i] > 0.0 && finite(frequencies[i]) && finite(realParts[i]) &&
                finite(imaginaryParts[i]);
+    }
     const std::vector<double> corner = sane ? Corners() : std::vector<double>{};
     if (corner.empty())
     {
@@ -182,16 +214,26 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
                 }
             }
             if (smallest >= 0.0)
+            {
                 break;
+            }
             for (std::vector<double>& row : system)
+            {
                 row[where] = 0.0;
+            }
         }
         bool smooth = true;
         for (std::size_t k = 1; k + 1 < n; ++k)
+        {
             if (2.0 * x[k - 1] > x[k] && 2.0 * x[k + 1] > x[k])
+            {
                 smooth = false;
+            }
+        }
         if ((smallest >= 0.0 && smooth && 2.0 * x[n - 2] > x[n - 1]) || !(ratio < 0.1))
+        {
             break;
+        }
         ratio = ratio * 1.1;
     }
 
@@ -202,7 +244,9 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
 void PlainFit::StoreTerms(const std::vector<double>& corner, const std::vector<double>& amplitudes)
 {
     for (std::size_t k = 0; k < amplitudes.size(); ++k)
+    {
         terms.push_back({corner[k], corner[k + 1], amplitudes[k], 1.0 / std::log(corner[k + 1] / corner[k])});
+    }
     double sum = 0.0;
     for (std::size_t i = 0; i < frequencies.size(); ++i)
     {
@@ -216,7 +260,9 @@ void PlainFit::StoreTerms(const std::vector<double>& corner, const std::vector<d
 bool PlainFit::Evaluate(double f, double& real, double& imaginary) const
 {
     if (!ready)
+    {
         return false;
+    }
     real = epsInf;
     imaginary = 0.0;
     for (const PlainTerm& t : terms)

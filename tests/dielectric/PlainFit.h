@@ -19,10 +19,10 @@ struct PlainTerm
 
 using PlainMatrix = std::vector<std::vector<double>>;
 
-/// Replaces `a` by U and fills w and v, so that the former a = U * diag(w) * v^T; false: not converged.
+// Replaces `a` by U and fills w and v, so that the former a = U * diag(w) * v^T; false: not converged.
 using PlainDecompose = std::function<bool(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)>;
 
-/// Golub and Reinsch, Numer. Math. 14 (1970), with scaled Householder vectors.
+// Golub and Reinsch, Numer. Math. 14 (1970), with scaled Householder vectors.
 bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v);
 
 struct PlainFit

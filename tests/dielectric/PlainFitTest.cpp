@@ -24,7 +24,9 @@ void ExpectSameFit(const PlainLaminate& laminate, Tally& tally)
     ASSERT_EQ(PrepareAndFit(model, laminate), fitted);
     ASSERT_EQ(model.GetErrorText(), plain.errorText);
     if (!fitted)
+    {
         return;
+    }
     ASSERT_EQ(model.GetTerms().size(), plain.terms.size());
     for (std::size_t k = 0; k < plain.terms.size(); ++k)
     {
@@ -121,6 +123,8 @@ TEST(PlainFit, IsTheSameAtEveryCall)
     ASSERT_TRUE(PrepareAndFit(first, laminate) && PrepareAndFit(again, laminate) &&
                 PrepareAndFit(again, laminate));
     for (std::size_t k = 0; k < first.GetTerms().size(); ++k)
+    {
         EXPECT_EQ(Bits(first.GetTerms()[k].deltaEps), Bits(again.GetTerms()[k].deltaEps));
+    }
     EXPECT_EQ(Bits(first.GetEpsInf()), Bits(again.GetEpsInf()));
 }

@@ -9,7 +9,9 @@ double Hypotenuse(double a, double b)
 {
     const double x = std::fabs(a), y = std::fabs(b);
     if (x > y)
+    {
         return x * std::sqrt(1.0 + (y / x) * (y / x));
+    }
     return y == 0.0 ? 0.0 : y * std::sqrt(1.0 + (x / y) * (x / y));
 }
 } // namespace
@@ -31,7 +33,9 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
         E(i) = scale * g;
         g = scale = 0.0;
         for (int k = i; k < m; ++k)
+        {
             scale += std::fabs(A(k, i));
+        }
         if (scale != 0.0)
         {
             double s = 0.0;
@@ -48,17 +52,25 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
             {
                 s = 0.0;
                 for (int k = i; k < m; ++k)
+                {
                     s += A(k, i) * A(k, j);
+                }
                 for (int k = i; k < m; ++k)
+                {
                     A(k, j) += s / h * A(k, i);
+                }
             }
             for (int k = i; k < m; ++k)
+            {
                 A(k, i) *= scale;
+            }
         }
         W(i) = scale * g;
         g = scale = 0.0;
         for (int k = i + 1; k < n; ++k)
+        {
             scale += std::fabs(A(i, k));
+        }
         if (scale != 0.0)
         {
             double s = 0.0;
@@ -72,17 +84,25 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
             const double h = f * g - s;
             A(i, i + 1) = f - g;
             for (int k = i + 1; k < n; ++k)
+            {
                 E(k) = A(i, k) / h;
+            }
             for (int j = i + 1; j < m; ++j)
             {
                 s = 0.0;
                 for (int k = i + 1; k < n; ++k)
+                {
                     s += A(j, k) * A(i, k);
+                }
                 for (int k = i + 1; k < n; ++k)
+                {
                     A(j, k) += s * E(k);
+                }
             }
             for (int k = i + 1; k < n; ++k)
+            {
                 A(i, k) *= scale;
+            }
         }
         norm = std::max(norm, std::fabs(W(i)) + std::fabs(E(i)));
     }
@@ -94,18 +114,26 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
             if (g != 0.0)
             {
                 for (int j = i + 1; j < n; ++j)
+                {
                     V(j, i) = (A(i, j) / A(i, i + 1)) / g;
+                }
                 for (int j = i + 1; j < n; ++j)
                 {
                     double s = 0.0;
                     for (int k = i + 1; k < n; ++k)
+                    {
                         s += A(i, k) * V(k, j);
+                    }
                     for (int k = i + 1; k < n; ++k)
+                    {
                         V(k, j) += s * V(k, i);
+                    }
                 }
             }
             for (int j = i + 1; j < n; ++j)
+            {
                 V(i, j) = V(j, i) = 0.0;
+            }
         }
         V(i, i) = 1.0;
         g = E(i);
@@ -114,25 +142,35 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
     for (int i = n - 1; i >= 0; --i)
     {
         for (int j = i + 1; j < n; ++j)
+        {
             A(i, j) = 0.0;
+        }
         if (W(i) != 0.0)
         {
             for (int j = i + 1; j < n; ++j)
             {
                 double s = 0.0;
                 for (int k = i + 1; k < m; ++k)
+                {
                     s += A(k, i) * A(k, j);
+                }
                 const double f = s / A(i, i) / W(i);
                 for (int k = i; k < m; ++k)
+                {
                     A(k, j) += f * A(k, i);
+                }
             }
             for (int j = i; j < m; ++j)
+            {
                 A(j, i) /= W(i);
+            }
         }
         else
         {
             for (int j = i; j < m; ++j)
+            {
                 A(j, i) = 0.0;
+            }
         }
         A(i, i) += 1.0;
     }
@@ -150,7 +188,9 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
         {
             int l = k;
             while (l > 0 && !negligible(E(l)) && !negligible(W(l - 1)))
+            {
                 --l;
+            }
             if (l > 0 && !negligible(E(l)))
             {
                 double c = 0.0, s = 1.0;
@@ -159,13 +199,17 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                     const double f = s * E(i);
                     E(i) = c * E(i);
                     if (negligible(f))
+                    {
                         break;
+                    }
                     g = W(i);
                     W(i) = Hypotenuse(f, g);
                     c = g / W(i);
                     s = -f / W(i);
                     for (int j = 0; j < m; ++j)
+                    {
                         rotate(A(j, l - 1), A(j, i), c, s);
+                    }
                 }
             }
             const double last = W(k);
@@ -175,12 +219,16 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 {
                     W(k) = -last;
                     for (int j = 0; j < n; ++j)
+                    {
                         V(j, k) = -V(j, k);
+                    }
                 }
                 break;
             }
             if (iteration == 30)
+            {
                 return false;
+            }
 
             double x = W(l), y = W(k - 1), h = E(k);
             g = E(k - 1);
@@ -202,7 +250,9 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 h = y * s;
                 y = y * c;
                 for (int i = 0; i < n; ++i)
+                {
                     rotate(V(i, j), V(i, j + 1), c, s);
+                }
                 W(j) = Hypotenuse(f, h);
                 if (W(j) != 0.0)
                 {
@@ -212,7 +262,9 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 f = c * g + s * y;
                 x = c * y - s * g;
                 for (int i = 0; i < m; ++i)
+                {
                     rotate(A(i, j), A(i, j + 1), c, s);
+                }
             }
             E(l) = 0.0;
             E(k) = f;

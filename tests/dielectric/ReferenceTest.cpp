@@ -62,11 +62,15 @@ std::vector<double> ReadValues()
         double value = 0.0;
         const auto [next, error] = std::from_chars(at, end, value);
         if (error != std::errc())
+        {
             break;
+        }
         values.push_back(value);
         at = next;
         while (at < end && (*at == ' ' || *at == '\n' || *at == '\r'))
+        {
             ++at;
+        }
     }
     return values;
 }
@@ -76,7 +80,9 @@ TEST(Reference, EveryBuildGivesTheSameValues)
 {
     const std::vector<double> values = ComputeValues();
     if (std::getenv("ML_WRITE_REFERENCE"))
+    {
         WriteValues(values);
+    }
     const std::vector<double> expected = ReadValues();
     ASSERT_EQ(expected.size(), values.size());
     double worst = 0.0;

@@ -22,9 +22,13 @@ Decomposition Decompose(const PlainMatrix& a)
     Decomposition d{a, PlainMatrix(n, std::vector<double>(n, -1.0)), std::vector<double>(n, -1.0), false};
     std::vector<double*> rows, rowsOfV;
     for (std::vector<double>& row : d.u)
+    {
         rows.push_back(row.data());
+    }
     for (std::vector<double>& row : d.v)
+    {
         rowsOfV.push_back(row.data());
+    }
     d.converged = SvdDecompose(rows.data(), static_cast<int>(a.size()), static_cast<int>(n), d.w.data(),
                                rowsOfV.data());
     return d;
@@ -35,13 +39,17 @@ double NotOrthonormal(const PlainMatrix& m)
 {
     double worst = 0.0;
     for (std::size_t j = 0; j < m.front().size(); ++j)
+    {
         for (std::size_t k = 0; k < m.front().size(); ++k)
         {
             double product = j == k ? -1.0 : 0.0;
             for (const std::vector<double>& row : m)
+            {
                 product += row[j] * row[k];
+            }
             worst = std::max(worst, std::fabs(product));
         }
+    }
     return worst;
 }
 
@@ -49,13 +57,17 @@ double NotReconstructed(const PlainMatrix& a, const Decomposition& d)
 {
     double worst = 0.0;
     for (std::size_t i = 0; i < a.size(); ++i)
+    {
         for (std::size_t k = 0; k < d.w.size(); ++k)
         {
             double sum = -a[i][k];
             for (std::size_t j = 0; j < d.w.size(); ++j)
+            {
                 sum += d.u[i][j] * d.w[j] * d.v[k][j];
+            }
             worst = std::max(worst, std::fabs(sum));
         }
+    }
     return worst;
 }
 
@@ -63,8 +75,12 @@ PlainMatrix MakeMatrix(std::size_t m, std::size_t n, double (*element)(double i,
 {
     PlainMatrix a(m, std::vector<double>(n));
     for (std::size_t i = 0; i < m; ++i)
+    {
         for (std::size_t k = 0; k < n; ++k)
+        {
             a[i][k] = element(static_cast<double>(i), static_cast<double>(k));
+        }
+    }
     return a;
 }
 
@@ -125,8 +141,12 @@ TEST(SvdDecompose, GivesOrthonormalFactorsThatMakeUpTheMatrix)
         ASSERT_TRUE(d.converged);
         double scale = 0.0;
         for (const std::vector<double>& elements : row.matrix)
+        {
             for (const double x : elements)
+            {
                 scale = std::max(scale, std::fabs(x));
+            }
+        }
         EXPECT_LE(NotReconstructed(row.matrix, d), 1e-14 * scale * static_cast<double>(row.matrix.size()));
         EXPECT_LE(NotOrthonormal(d.v), 1e-14);
         EXPECT_LE(NotOrthonormal(d.u), 1e-14);
@@ -135,7 +155,9 @@ TEST(SvdDecompose, GivesOrthonormalFactorsThatMakeUpTheMatrix)
         std::vector<double> sorted = d.w;
         std::sort(sorted.rbegin(), sorted.rend());
         for (std::size_t j = 0; j < row.values.size(); ++j)
+        {
             EXPECT_NEAR(sorted[j], row.values[j], 1e-13 * scale * 10.0) << j;
+        }
     }
 }
 

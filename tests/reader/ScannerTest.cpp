@@ -83,7 +83,7 @@ TEST(NextToken, CountsLinesAndColumns)
         EXPECT_EQ(scan.scanner.GetLine(), row.line) << row.token;
         EXPECT_EQ(scan.scanner.GetColumn(), row.column) << row.token;
     }
-    std::string quoted;
+    std::string_view quoted;
     ASSERT_TRUE(scan.scanner.ReadQuoted(quoted));
     EXPECT_EQ(quoted, "1\n2");
     EXPECT_EQ(scan.scanner.GetLine(), 4u); // a break inside quotes is no new line
@@ -103,7 +103,7 @@ TEST(NextToken, GoesByTheSetsOfCharacters)
     }
     Scan quotes(" 'a\"b'");
     quotes.scanner.SetQuoteChars("'");
-    std::string quoted;
+    std::string_view quoted;
     EXPECT_TRUE(quotes.scanner.ReadQuoted(quoted));
     EXPECT_EQ(quoted, "a\"b");
 }
@@ -209,7 +209,7 @@ TEST(ReadQuoted, TakesTheTextBetweenQuotesOrToTheEnd)
     for (const Row& row : rows)
     {
         Scan scan(row.text);
-        std::string value;
+        std::string_view value;
         EXPECT_EQ(scan.scanner.ReadQuoted(value), row.accepted) << row.text;
         EXPECT_EQ(value, row.value) << row.text;
         EXPECT_EQ(scan.Next(), row.rest) << row.text;
