@@ -77,14 +77,14 @@ std::string ReadProfileString(const char* section, const char* name, const char*
     return bytes ? std::string(bytes->data(), strnlen(bytes->data(), bytes->size())) : std::string(otherwise);
 }
 
-bool WriteProfileInteger(const char* section, const char* name, int value)
+bool StoreProfileInteger(const char* section, const char* name, int value)
 {
     std::array<char, sizeof value> bytes;
     std::memcpy(bytes.data(), &value, sizeof value);
     return WriteValue(section, name, REG_DWORD, bytes);
 }
 
-bool WriteProfileString(const char* section, const char* name, const std::string& value)
+bool StoreProfileString(const char* section, const char* name, const std::string& value)
 {
     return WriteValue(section, name, REG_SZ, {value.c_str(), value.size() + 1});
 }

@@ -10,5 +10,5 @@
 [[nodiscard]] std::string ReadProfileString(const char* section, const char* name, const char* otherwise);
 
 // Whether the value was written.
-bool WriteProfileInteger(const char* section, const char* name, int value);
-bool WriteProfileString(const char* section, const char* name, const std::string& value);
+bool StoreProfileInteger(const char* section, const char* name, int value);
+bool StoreProfileString(const char* section, const char* name, const std::string& value);

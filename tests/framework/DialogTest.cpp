@@ -1,0 +1,292 @@
+#include "framework/CDialog.h"
+#include "framework/CHandle.h"
+#include "framework/DialogItems.h"
+#include "tests/CModalScript.h"
+#include "tests/CollectedMessages.h"
+#include "tests/CountHandles.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <stdexcept>
+#include <vector>
+
+namespace
+{
+using testing::ThrowsMessage;
+
+constexpr int firstEdit = 601;
+constexpr int secondEdit = 602;
+constexpr int combo = 603;
+constexpr int check = 604;
+
+class CTestDialog final : public CDialog
+{
+public:
+    CTestDialog() : CDialog(500) {}
+
+    using CDialog::EndModal;
+    using CDialog::ReadNumber;
+
+    void PressEscape() const { PostMessageW(GetHandle(), WM_COMMAND, IDCANCEL, 0); }
+
+    std::function<void()> onInit;
+    std::function<void(UINT)> onMessage;
+    std::vector<std::pair<int, unsigned>> commands;
+
+protected:
+    bool OnInitDialog() override
+    {
+        if (onInit)
+        {
+            onInit();
+        }
+        return true;
+    }
+    bool OnCommand(int control, unsigned code) override
+    {
+        commands.emplace_back(control, code);
+        return CDialog::OnCommand(control, code);
+    }
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (onMessage)
+        {
+            onMessage(message);
+        }
+        return CDialog::HandleMessage(message, wParam, lParam);
+    }
+};
+
+class Dialog : public testing::Test
+{
+protected:
+    Dialog()
+    {
+        RegisterPlainWindowClass(L"DialogTestHost");
+        host.Reset(
+            CreatePlainWindow({.className = L"DialogTestHost", .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE}));
+        SetActiveWindow(host.Get());
+    }
+
+    CWindowHandle host;
+    CTestDialog dialog;
+};
+
+TEST_F(Dialog, BelongsToTheHostsActiveWindow)
+{
+    CModalScript script({[&]
+                         {
+                             EXPECT_EQ(GetWindow(dialog.GetHandle(), GW_OWNER), host.Get());
+                             EXPECT_FALSE(IsWindowEnabled(host.Get()));
+                             EXPECT_EQ(GetActiveWindow(), dialog.GetHandle());
+                             EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), firstEdit));
+                             EXPECT_EQ(CWnd::FromHandle(dialog.GetHandle()), &dialog);
+                             dialog.EndModal(77);
+                         }});
+    EXPECT_EQ(dialog.DoModal(), 77);
+    EXPECT_TRUE(script.IsDone());
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_EQ(GetActiveWindow(), host.Get());
+    EXPECT_EQ(dialog.GetHandle(), nullptr);
+}
+
+TEST_F(Dialog, EndsByItsButtonsAndByTheCloseBox)
+{
+    const struct
+    {
+        UINT message;
+        WPARAM parameter;
+        int result;
+    } rows[] = {{WM_COMMAND, IDOK, IDOK}, {WM_COMMAND, IDCANCEL, IDCANCEL}, {WM_CLOSE, 0, IDCANCEL}};
+    for (const auto& row : rows)
+    {
+        CModalScript script({[&] { PostMessageW(dialog.GetHandle(), row.message, row.parameter, 0); }});
+        EXPECT_EQ(dialog.DoModal(), row.result);
+        EXPECT_TRUE(script.IsDone());
+    }
+}
+
+TEST_F(Dialog, EnterEscapeAndTabAreTheDialogManagers)
+{
+    const auto press = [&](WPARAM key) { return [key] { PostMessageW(GetFocus(), WM_KEYDOWN, key, 0); }; };
+    for (const auto& [key, result] : {std::pair<WPARAM, int>{VK_RETURN, IDOK}, {VK_ESCAPE, IDCANCEL}})
+    {
+        CModalScript script({press(VK_TAB),
+                             [&] { EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), secondEdit)); },
+                             press(key)});
+        EXPECT_EQ(dialog.DoModal(), result);
+        EXPECT_TRUE(script.IsDone());
+    }
+}
+
+TEST_F(Dialog, WithoutATemplateThereIsNone)
+{
+    CDialog missing(501);
+    EXPECT_EQ(missing.DoModal(), -1);
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+}
+
+TEST_F(Dialog, ExceptionsOfEveryMomentReachTheCaller)
+{
+    const auto fail = [] { throw std::runtime_error("failed"); };
+    dialog.onInit = fail;
+    EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("failed"));
+    dialog.onInit = nullptr;
+
+    for (const UINT moment : {UINT{WM_SHOWWINDOW}, UINT{WM_PAINT}, UINT{WM_COMMAND}, UINT{WM_TIMER},
+                              UINT{WM_DESTROY}, UINT{WM_NCDESTROY}})
+    {
+        dialog.onMessage = [&](UINT message)
+        {
+            if (message == moment)
+            {
+                fail();
+            }
+        };
+        CModalScript script(
+            {[&] { PostMessageW(dialog.GetHandle(), WM_TIMER, 1, 0); }, [&] { dialog.PressEscape(); }});
+        EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("failed")) << moment;
+        EXPECT_EQ(dialog.GetHandle(), nullptr);
+        EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    }
+}
+
+TEST_F(Dialog, AnExceptionPassesThroughNestedDialogs)
+{
+    CTestDialog inner;
+    inner.onInit = [] { throw std::runtime_error("inner"); };
+    dialog.onMessage = [&](UINT message)
+    {
+        if (message == WM_APP)
+        {
+            inner.DoModal();
+        }
+    };
+    CModalScript script({[&] { PostMessageW(dialog.GetHandle(), WM_APP, 0, 0); }});
+    EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("inner"));
+    EXPECT_TRUE(script.IsDone());
+}
+
+TEST_F(Dialog, ReadsDecimalNumbersOnly)
+{
+    CollectedMessages messages;
+    const struct
+    {
+        const char* text;
+        std::optional<double> number;
+    } rows[] = {
+        {"0", 0.0},
+        {"-0.25", -0.25},
+        {" \t+1e3 ", 1000.0},
+        {".5", 0.5},
+        {"1.", 1.0},
+        {"1e-999", 0.0},
+        {"", std::nullopt},
+        {"  ", std::nullopt},
+        {"abc", std::nullopt},
+        {"1 2", std::nullopt},
+        {"1mm", std::nullopt},
+        {"1,5", std::nullopt},
+        {"0x10", std::nullopt},
+        {"1e", std::nullopt},
+        {"nan", std::nullopt},
+        {"inf", std::nullopt},
+        {"1e999", std::nullopt},
+        {"--1", std::nullopt},
+    };
+    const auto readAll = [&]
+    {
+        const HWND window = dialog.GetHandle();
+        for (const auto& row : rows)
+        {
+            messages.boxes.clear();
+            SetItemText(window, firstEdit, row.text);
+            SetFocus(GetDlgItem(window, secondEdit));
+            dialog.commands.clear();
+            EXPECT_EQ(dialog.ReadNumber(firstEdit), row.number) << row.text;
+            EXPECT_EQ(GetItemText(window, firstEdit), row.text);
+            ASSERT_EQ(messages.boxes.size(), row.number ? 0U : 1U) << row.text;
+            if (row.number)
+            {
+                continue;
+            }
+            EXPECT_EQ(messages.boxes[0].text, "Please enter a number.");
+            EXPECT_EQ(messages.boxes[0].caption, messages.applicationName);
+            EXPECT_EQ(messages.boxes[0].style, msg::boxIconExclamation);
+            EXPECT_EQ(messages.boxes[0].owner, window);
+            EXPECT_EQ(GetFocus(), GetDlgItem(window, firstEdit));
+            EXPECT_EQ(SendDlgItemMessageW(window, firstEdit, EM_GETSEL, 0, 0),
+                      MAKELONG(0, std::string(row.text).size()));
+            EXPECT_THAT(dialog.commands, testing::IsEmpty())
+                << "the focus that changes must not validate again";
+        }
+    };
+    CModalScript script({readAll, [&] { dialog.PressEscape(); }});
+    dialog.DoModal();
+    EXPECT_TRUE(script.IsDone());
+}
+
+TEST_F(Dialog, EndedItNoLongerListensToItsControls)
+{
+    CModalScript script({[&]
+                         {
+                             SetFocus(GetDlgItem(dialog.GetHandle(), firstEdit));
+                             dialog.commands.clear();
+                             dialog.PressEscape();
+                         }});
+    dialog.DoModal();
+    EXPECT_THAT(dialog.commands, testing::ElementsAre(std::pair<int, unsigned>(IDCANCEL, 0U)));
+}
+
+TEST_F(Dialog, ItemsKeepTextsChecksAndChoices)
+{
+    const std::string longText = "tab\t & \xB0 " + std::string(10000, 'x');
+    dialog.onInit = [&]
+    {
+        const HWND window = dialog.GetHandle();
+        SetItemText(window, firstEdit, longText);
+        EXPECT_EQ(GetItemText(window, firstEdit), longText);
+        EXPECT_EQ(GetItemText(window, 999), "");
+        SetItemChecked(window, check, true);
+        EXPECT_TRUE(IsItemChecked(window, check));
+        SetItemChecked(window, check, false);
+        EXPECT_FALSE(IsItemChecked(window, check));
+        EXPECT_FALSE(IsItemChecked(window, 999));
+
+        EXPECT_EQ(GetComboText(window, combo), "");
+        EXPECT_EQ(GetComboData(window, combo, -7), -7);
+        AddComboItem(window, combo, "<All>", -1);
+        AddComboItem(window, combo, "fr4", 2);
+        AddComboItem(window, combo, longText, 5);
+        AddComboItem(window, combo, "", 6);
+        EXPECT_TRUE(SelectComboText(window, combo, longText));
+        EXPECT_EQ(GetComboText(window, combo), longText);
+        EXPECT_FALSE(SelectComboText(window, combo, "FR4")) << "letters differ in case";
+        EXPECT_EQ(GetComboData(window, combo, 0), 5);
+        EXPECT_TRUE(SelectComboData(window, combo, -1));
+        EXPECT_EQ(GetComboText(window, combo), "<All>");
+        EXPECT_TRUE(SelectComboText(window, combo, ""));
+        EXPECT_EQ(GetComboData(window, 999, -7), -7);
+        dialog.EndModal(1);
+    };
+    EXPECT_EQ(dialog.DoModal(), 1);
+}
+
+TEST_F(Dialog, HundredsOfRoundsLeaveNothingBehind)
+{
+    dialog.onInit = [&] { dialog.EndModal(1); };
+    const auto rounds = [&](int count)
+    {
+        for (int i = 0; i < count; ++i)
+        {
+            dialog.DoModal();
+        }
+    };
+    rounds(3);
+    const std::size_t gdi = CountGdiHandles();
+    const std::size_t windows = CountWindows();
+    rounds(200);
+    EXPECT_EQ(CountGdiHandles(), gdi);
+    EXPECT_EQ(CountWindows(), windows);
+}
+} // namespace
