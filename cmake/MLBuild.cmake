@@ -22,7 +22,11 @@ if(WIN32)
     target_compile_definitions(ml_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NOMINMAX
         WIN32_LEAN_AND_MEAN)
     add_compile_options(-gdwarf-4)
-    add_link_options(-static)
+    add_link_options(-static -Wl,--no-insert-timestamp)
+endif()
+if(NOT ML_COVERAGE)
+    # What is built does not depend on the folder that it is built in.
+    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 endif()
 if(ML_SANITIZE)
     # Also for GoogleTest, whose containers cross into the tests.
@@ -59,6 +63,18 @@ function(ml_library name)
     endif()
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC ml_options ${arg_LIBS})
+endfunction()
+
+# ml_split_debug_information(TARGET): moves it to the file TARGET.debug beside the target's own, where debuggers
+# find it.
+function(ml_split_debug_information name)
+    add_custom_command(TARGET ${name} POST_BUILD
+        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE_NAME:${name}> $<TARGET_FILE_NAME:${name}>.debug
+        # Without --preserve-dates the time of the build stands in the result.
+        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=$<TARGET_FILE_NAME:${name}>.debug
+            $<TARGET_FILE_NAME:${name}>
+        WORKING_DIRECTORY $<TARGET_FILE_DIR:${name}>
+        VERBATIM)
 endfunction()
 
 # ml_test(NAME SOURCES a.cpp ... [LIBS ...] [LABELS ...])
