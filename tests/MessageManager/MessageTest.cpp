@@ -77,6 +77,23 @@ TEST(Message, IsCaptionedByCallerApplicationOrExecutable)
     }
 }
 
+TEST(PlatformMessageBox, KnowsTheProgram)
+{
+    msg::ISystemMessageBox& box = msg::GetPlatformMessageBox();
+    EXPECT_NE(box.GetExecutablePath().find("message_manager_test"), std::string::npos);
+    EXPECT_EQ(box.FindMainWindow(), nullptr);
+    EXPECT_EQ(box.GetApplicationName(), "") << "no application object was initialised";
+}
+
+#ifndef _WIN32
+TEST(PlatformMessageBox, IsTheErrorStreamOutsideWindows)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(msg::GetPlatformMessageBox().Show(nullptr, "text", "caption", 0x34), msg::answerOk);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "caption: text\n");
+}
+#endif
+
 TEST(Message, IsShownByThePlatformAgainWhenAReplacementEnds)
 {
     {
