@@ -40,7 +40,7 @@ std::vector<double> ListMultiplesOfDecade(const CAxis& axis)
 int CountTickIntervals(const CAxis& axis, const IScale& scale)
 {
     const double extent = scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin);
-    const double intervals = std::round(extent / axis.tickStep);
+    const double intervals = RoundHalfAway(extent / axis.tickStep);
     return intervals > 0.0 ? static_cast<int>(std::min(intervals, mostIntervals)) : 0;
 }
 

@@ -21,8 +21,8 @@ struct TickRange
 };
 [[nodiscard]] TickRange GetDrawnTicks(const CChartModel& model, Direction direction, const CAxis& axis);
 
-// Where the minor ticks of every interval stand: as parts of the step on a linear axis, as multiples of the decade's
-// first value on a logarithmic one.
+// Where the minor ticks of every interval stand: as parts of the step on a linear axis, as multiples of the
+// decade's first value on a logarithmic one.
 [[nodiscard]] std::vector<double> ListMinorParts(const CAxis& axis, const IScale& scale);
 
 // The value of such a part of the interval that begins at tick `index`.

@@ -12,10 +12,7 @@ public:
     CAxisMapping(const CChartModel& model, Direction direction, const CAxis& axis);
 
     // Where a curve passes.
-    [[nodiscard]] int GetPixel(double value) const
-    {
-        return fixedPixel + RoundToPixel(GetDistance(value));
-    }
+    [[nodiscard]] int GetPixel(double value) const { return fixedPixel + RoundToPixel(GetDistance(value)); }
 
     // The same for a value in the visible range, quicker, on an axis that has been laid out.
     [[nodiscard]] bool IsLaidOut() const { return laidOut; }

@@ -3,9 +3,9 @@
 #include "MaterialLibrary/chart/CChart.h"
 #include "MaterialLibrary/chart/IHorzVertAxisInfo.h"
 
-// The principal axes of a chart. It keeps nothing itself: every operation reads or writes the chart's axes. For
-// an axis that the chart does not have, one axis shared by the whole module stands in, so that reads have an
-// answer and writes no visible effect.
+// The principal axes of a chart. It keeps nothing itself: every operation reads or writes the chart's axes.
+// For an axis that the chart does not have, one axis shared by the whole module stands in, so that reads have
+// an answer and writes no visible effect.
 class CChartControlWrapper final : public IHorzVertAxisInfo
 {
 public:

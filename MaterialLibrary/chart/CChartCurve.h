@@ -14,7 +14,7 @@ struct CChartCurve
     std::vector<DataPoint> points;
     DataRect bounds; // the owner keeps it current: UpdateBounds after every change of the points
     Colour colour = 0;
-    std::int32_t lineStyle = -1;  // a PenStyle, or negative: solid lines, and markers where the chart has them
+    std::int32_t lineStyle = -1; // a PenStyle, or negative: solid lines, and markers where the chart has them
     std::int64_t markerShape = 0; // 0 a square, otherwise a diamond
     std::string name;
     std::vector<std::string> pointLabels; // one per point, or fewer

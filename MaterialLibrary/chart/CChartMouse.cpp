@@ -205,8 +205,7 @@ void CChartMouse::BeginDrag(PixelPoint point)
 
 void CChartMouse::DrawFeedback(PixelPoint to)
 {
-    const FeedbackLines feedback =
-        GetDragFeedback(chart.GetInteraction(), chart.GetModel().frame.plot, to);
+    const FeedbackLines feedback = GetDragFeedback(chart.GetInteraction(), chart.GetModel().frame.plot, to);
     host.DrawFeedback(feedback.Get(), feedbackColour);
 }
 

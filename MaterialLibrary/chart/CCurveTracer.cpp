@@ -44,8 +44,15 @@ void CCurveTracer::Finish()
 
 bool CCurveTracer::NeedsLineBetween(const Column& from, const Column& to) const
 {
-    const bool covered = from.Covers(to.first) && to.Covers(from.last) && std::abs(to.x - from.x) == 1;
-    return !covered || !reduces || pen.width > 1;
+    if (!reduces || pen.width > 1 || std::abs(to.x - from.x) != 1)
+    {
+        return true;
+    }
+    // Half way the line changes the column; a row more on both sides for how renderers round.
+    const int rows = std::abs(to.first - from.last);
+    const int reach = std::min(rows, rows / 2 + 1);
+    const int direction = to.first > from.last ? reach : -reach;
+    return !from.Covers(from.last + direction) || !to.Covers(to.first - direction);
 }
 
 void CCurveTracer::BeginColumn(PixelPoint point)

@@ -5,14 +5,14 @@
 #include <optional>
 #include <vector>
 
-// Puts a curve's segments, in pixels, together to polylines on a canvas. A million points fall on a few hundred
-// columns of pixels, and only what lights pixels is drawn of them:
-// - A run of points in one column becomes an upright line from the lowest to the highest of them: between two points
-//   of a column a line lights exactly the pixels between.
-// - The line from one column to the next is left out where both columns light all pixels that it could: a line never
-//   leaves the rectangle between its ends.
-// The lit pixels are the same, so this is for solid lines; of wide ones the second rule is not certain, and a dashed
-// line is left whole. A curve with few points to a column stays one polyline.
+// Puts a curve's segments, in pixels, together to polylines on a canvas. A million points fall on a few
+// hundred columns of pixels, and only what lights pixels is drawn of them. A run of points in one column
+// becomes an upright line from the lowest to the highest of them: between two points of a column a line
+// lights exactly the pixels between. The line from one column to the next is left out where the columns light
+// all of its pixels: a thin line lights pixels at most half a pixel beside it, so its first half lies in the
+// one column and its second in the other. The lit pixels are the same, so this is for solid lines; of wide
+// ones the second rule is not certain, and a dashed line is left whole. A curve with few points to a column
+// stays one polyline.
 class CCurveTracer
 {
 public:
@@ -69,7 +69,7 @@ private:
     const Pen pen;
     const bool reduces;
     std::optional<Column> previous; // complete
-    bool open = false; // there is a current column
+    bool open = false;              // there is a current column
     Column current;
     std::vector<PixelPoint> points; // of the polyline under way
 };

@@ -1,10 +1,9 @@
 #include "MaterialLibrary/chart/CLinearScale.h"
 
+#include "MaterialLibrary/chart/Geometry.h"
 #include "MaterialLibrary/chart/TickSearch.h"
 #include "MaterialLibrary/chart/TickUnderPixel.h"
 #include "MaterialLibrary/chart/TolerantRounding.h"
-
-#include <cmath>
 
 double CLinearScale::ChooseStep(double lo, double hi, int pixels) const
 {
@@ -38,5 +37,5 @@ double CLinearScale::GetValueAtOffset(double origin, double pixels, double scale
 
 double CLinearScale::ShiftBack(double origin, double step, int steps) const
 {
-    return std::round(origin / step - steps) * step;
+    return RoundHalfAway(origin / step - steps) * step;
 }

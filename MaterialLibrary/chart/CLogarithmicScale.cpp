@@ -2,6 +2,7 @@
 
 #include "MaterialLibrary/chart/CLinearScale.h"
 #include "MaterialLibrary/chart/Decades.h"
+#include "MaterialLibrary/chart/Geometry.h"
 #include "MaterialLibrary/chart/TickSearch.h"
 #include "MaterialLibrary/chart/TickUnderPixel.h"
 #include "MaterialLibrary/chart/TolerantRounding.h"
@@ -14,8 +15,8 @@ namespace
 // Of the two minor ticks around the value under a pixel the one that stands on the pixel, or else the value.
 double SnapToMinorTick(double value, int pixel, const AxisPlacement& placement)
 {
-    const double minorStep = 10.0 * ChooseMinorDecadeStep(placement.scale) *
-                             RaiseTen(FloorTolerant(std::log10(value)));
+    const double minorStep =
+        10.0 * ChooseMinorDecadeStep(placement.scale) * RaiseTen(FloorTolerant(std::log10(value)));
     if (!(minorStep > 0.0))
     {
         return value;
@@ -25,7 +26,7 @@ double SnapToMinorTick(double value, int pixel, const AxisPlacement& placement)
     {
         const double decades = std::log10(minor) - std::log10(placement.value);
         if (minor > 0.0 &&
-            std::round(decades * placement.scale) * placement.sign + placement.pixel == pixel)
+            RoundHalfAway(decades * placement.scale) * placement.sign + placement.pixel == pixel)
         {
             return minor;
         }

@@ -10,11 +10,11 @@ namespace
 {
 // Thousandths of the font size, for the characters from the blank to the tilde.
 constexpr std::array<int, 95> characterWidths = {
-    278, 278, 355, 556, 556, 889,  667, 191, 333, 333, 389, 584, 278, 333, 278, 278, 556, 556, 556,
-    556, 556, 556, 556, 556, 556,  556, 278, 278, 584, 584, 584, 556, 1015, 667, 667, 722, 722, 667,
-    611, 778, 722, 278, 500, 667,  556, 833, 722, 778, 667, 778, 722, 667, 611, 722, 667, 944, 667,
-    667, 611, 278, 278, 278, 469,  556, 333, 556, 556, 500, 556, 556, 278, 556, 556, 222, 222, 500,
-    222, 833, 556, 556, 556, 556,  333, 500, 278, 556, 500, 722, 500, 500, 500, 334, 260, 334, 584};
+    278, 278, 355, 556, 556, 889, 667, 191, 333, 333, 389, 584, 278, 333,  278, 278, 556, 556, 556,
+    556, 556, 556, 556, 556, 556, 556, 278, 278, 584, 584, 584, 556, 1015, 667, 667, 722, 722, 667,
+    611, 778, 722, 278, 500, 667, 556, 833, 722, 778, 667, 778, 722, 667,  611, 722, 667, 944, 667,
+    667, 611, 278, 278, 278, 469, 556, 333, 556, 556, 500, 556, 556, 278,  556, 556, 222, 222, 500,
+    222, 833, 556, 556, 556, 556, 333, 500, 278, 556, 500, 722, 500, 500,  500, 334, 260, 334, 584};
 constexpr int otherWidth = 556;
 constexpr double cellHeight = 1.15;
 constexpr double ascent = 0.905;
@@ -98,18 +98,20 @@ CSvgCanvas::CSvgCanvas(PixelSize size_, int fontPixels_) : size(size_), fontPixe
 
 std::string CSvgCanvas::GetDocument() const
 {
-    std::string document = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"";
-    AppendAll(document, " width=\"", size.width, "\" height=\"", size.height, "\" viewBox=\"0 0 ", size.width, " ",
-              size.height, "\" font-family=\"Arial, 'Liberation Sans', Helvetica, sans-serif\" font-size=\"",
-              fontPixels, "px\" stroke-linecap=\"square\" stroke-linejoin=\"round\">\n", body,
-              openPen ? "\"/>\n" : "", clipped ? "</g>\n" : "", "</svg>\n");
+    std::string document =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"";
+    AppendAll(document, " width=\"", size.width, "\" height=\"", size.height, "\" viewBox=\"0 0 ", size.width,
+              " ", size.height,
+              "\" font-family=\"Arial, 'Liberation Sans', Helvetica, sans-serif\" font-size=\"", fontPixels,
+              "px\" stroke-linecap=\"square\" stroke-linejoin=\"round\">\n", body, openPen ? "\"/>\n" : "",
+              clipped ? "</g>\n" : "", "</svg>\n");
     return document;
 }
 
 PixelSize CSvgCanvas::GetTextExtent(std::string_view text)
 {
     const double width = std::ceil(GetThousandths(text) * fontPixels / 1000.0);
-    return {static_cast<int>(width), static_cast<int>(std::lround(cellHeight * fontPixels))};
+    return {static_cast<int>(width), RoundToPixel(cellHeight * fontPixels)};
 }
 
 void CSvgCanvas::FillRectangle(const PixelRect& rect, Colour colour)
@@ -135,7 +137,8 @@ void CSvgCanvas::DrawPolyline(const Pen& pen, std::span<const PixelPoint> points
     AppendAll(body, "M", points.front().x, ".5 ", points.front().y, ".5");
     for (std::size_t i = 1; i < points.size(); ++i)
     {
-        AppendAll(body, i == 1 ? "l" : " ", points[i].x - points[i - 1].x, " ", points[i].y - points[i - 1].y);
+        AppendAll(body, i == 1 ? "l" : " ", points[i].x - points[i - 1].x, " ",
+                  points[i].y - points[i - 1].y);
     }
 }
 
@@ -155,7 +158,8 @@ void CSvgCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour col
     const PixelSize extent = GetTextExtent(text);
     if (background)
     {
-        FillRectangle({topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height}, *background);
+        FillRectangle({topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height},
+                      *background);
     }
     const std::string_view visible = Trim(text);
     if (visible.empty())
@@ -163,11 +167,12 @@ void CSvgCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour col
         return;
     }
     // Viewers drop leading blanks.
-    const int blanks = GetTextExtent(text.substr(0, static_cast<std::size_t>(visible.data() - text.data()))).width;
+    const int blanks =
+        GetTextExtent(text.substr(0, static_cast<std::size_t>(visible.data() - text.data()))).width;
     AppendAll(body, "<text x=\"", topLeft.x + blanks, "\" y=\"",
-              topLeft.y + static_cast<int>(std::lround(ascent * fontPixels)), "\" textLength=\"",
-              GetTextExtent(visible).width, "\" lengthAdjust=\"spacingAndGlyphs\" fill=\"", FormatColour(colour),
-              "\">", ToXmlText(visible), "</text>\n");
+              topLeft.y + RoundToPixel(ascent * fontPixels), "\" textLength=\"", GetTextExtent(visible).width,
+              "\" lengthAdjust=\"spacingAndGlyphs\" fill=\"", FormatColour(colour), "\">", ToXmlText(visible),
+              "</text>\n");
 }
 
 void CSvgCanvas::Clip(const PixelRect& area)
@@ -194,7 +199,8 @@ void CSvgCanvas::DrawXorLines(std::span<const PixelLine> lines, Colour colour)
     EndPath();
     for (const PixelLine& line : lines)
     {
-        AppendAll(body, "<path style=\"mix-blend-mode:difference\" fill=\"none\" stroke=\"", FormatColour(colour),
-                  "\" d=\"M", line.from.x, ".5 ", line.from.y, ".5L", line.to.x, ".5 ", line.to.y, ".5\"/>\n");
+        AppendAll(body, "<path style=\"mix-blend-mode:difference\" fill=\"none\" stroke=\"",
+                  FormatColour(colour), "\" d=\"M", line.from.x, ".5 ", line.from.y, ".5L", line.to.x, ".5 ",
+                  line.to.y, ".5\"/>\n");
     }
 }

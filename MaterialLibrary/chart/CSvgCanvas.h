@@ -5,8 +5,8 @@
 #include <string>
 
 // Paints into a picture of the SVG format. Texts are measured with the widths of a common sans-serif typeface
-// instead of a font, so that a chart has the same layout on every computer; viewers with another font are told
-// to squeeze texts to these widths.
+// instead of a font, so that a chart has the same layout on every computer; viewers with another font are
+// told to squeeze texts to these widths.
 class CSvgCanvas final : public ICanvas
 {
 public:

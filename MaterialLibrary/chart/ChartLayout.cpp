@@ -126,15 +126,14 @@ bool MeasureLabels(CChartModel& model, ITextMeasure& measure)
     for (const Direction direction : directions)
     {
         const IScale& scale = model.GetScale(direction);
-        int& widest = direction == Direction::Horizontal ? frame.widestHorizontalLabel
-                                                         : frame.widestVerticalLabel;
+        int& widest =
+            direction == Direction::Horizontal ? frame.widestHorizontalLabel : frame.widestVerticalLabel;
         for (const CAxis& axis : model.GetAxes(direction))
         {
             const int intervals = CountTickIntervals(axis, scale);
             for (int i = 0; i <= intervals; ++i)
             {
-                const PixelSize extent =
-                    Measure(measure, FormatTickLabel(axis, GetAxisTick(axis, scale, i)));
+                const PixelSize extent = Measure(measure, FormatTickLabel(axis, GetAxisTick(axis, scale, i)));
                 widest = std::max(widest, extent.width);
                 frame.lineHeight = std::max(frame.lineHeight, extent.height);
             }

@@ -1,7 +1,8 @@
 #include "MaterialLibrary/chart/ChartTexts.h"
 
-#include "MaterialLibrary/chart/UnitPrefix.h"
 #include "shared/Translation/Translate.h"
+
+#include "MaterialLibrary/chart/UnitPrefix.h"
 
 #include <charconv>
 
@@ -51,8 +52,8 @@ std::string FormatTickLabel(const CAxis& axis, double value)
     const UnitPrefix& prefix = GetUnitPrefix(axis, value);
     if (!NeedsExponent(prefix))
     {
-        const std::string text =
-            Pad(FormatNumber(value / prefix.factor, std::chars_format::general, 4) + TranslatePrefix(prefix) + axis.unit);
+        const std::string text = Pad(FormatNumber(value / prefix.factor, std::chars_format::general, 4) +
+                                     TranslatePrefix(prefix) + axis.unit);
         if (text.find('e') == std::string::npos)
         {
             return text;

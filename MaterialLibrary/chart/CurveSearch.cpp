@@ -81,10 +81,9 @@ std::int64_t HitTest(const CChartModel& model, PixelPoint point)
         }
         const CAxisMapping horizontal(model, Direction::Horizontal, *axes.horizontal);
         const CAxisMapping vertical(model, Direction::Vertical, *axes.vertical);
-        const DataRect rect = {horizontal.GetValue(point.x - hitDistance),
-                               vertical.GetValue(point.y + hitDistance),
-                               horizontal.GetValue(point.x + hitDistance),
-                               vertical.GetValue(point.y - hitDistance)};
+        const DataRect rect = {
+            horizontal.GetValue(point.x - hitDistance), vertical.GetValue(point.y + hitDistance),
+            horizontal.GetValue(point.x + hitDistance), vertical.GetValue(point.y - hitDistance)};
         const std::vector<DataPoint>& points = entry.curve->points;
         for (std::size_t i = points.size(); i > 1; --i)
         {

@@ -20,7 +20,7 @@ struct FeedbackLines
 [[nodiscard]] PixelRect GetDragRectangle(const ChartInteraction& interaction, const PixelRect& plot,
                                          PixelPoint to);
 
-// What is drawn on the window to show that rectangle, when zooming out also how the plot's corners move. Nothing
-// where the drag starts.
+// What is drawn on the window to show that rectangle, when zooming out also how the plot's corners move.
+// Nothing where the drag starts.
 [[nodiscard]] FeedbackLines GetDragFeedback(const ChartInteraction& interaction, const PixelRect& plot,
                                             PixelPoint to);

@@ -80,11 +80,17 @@ inline constexpr int farthestPixel = 1 << 24;
     return static_cast<int>(std::min(place, static_cast<double>(farthestPixel)));
 }
 
-// A place whose integral part is what std::round gives, halves away from zero, without a call.
+// A place whose integral part is the nearest whole number, halves away from zero, without a call.
 [[nodiscard]] inline double AddHalf(double place)
 {
     constexpr double belowHalf = 0.49999999999999994; // a half would lift what is just below it
     return place + std::copysign(belowHalf, place);
+}
+
+// What std::round promises; the Windows build's own is wrong just below a half.
+[[nodiscard]] inline double RoundHalfAway(double value)
+{
+    return std::trunc(AddHalf(value));
 }
 
 // The pixel nearest to a place.

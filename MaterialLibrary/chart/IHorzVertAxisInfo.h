@@ -4,8 +4,8 @@
 
 #include <string>
 
-// Reads and sets a chart's two principal axes: the horizontal axis 0 and the vertical axis 1. Points are pairs of
-// their values. The order of the operations is kept.
+// Reads and sets a chart's two principal axes: the horizontal axis 0 and the vertical axis 1. Points are
+// pairs of their values. The order of the operations is kept.
 class IHorzVertAxisInfo
 {
 public:

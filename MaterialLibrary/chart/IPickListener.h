@@ -7,7 +7,8 @@ class IPickListener
 {
 public:
     // `clicked` is where the user clicked, in data values; `picked` is the point of the curve at its x.
-    virtual void OnPointPicked(const CChartCurve& curve, const DataPoint& clicked, const DataPoint& picked) = 0;
+    virtual void OnPointPicked(const CChartCurve& curve, const DataPoint& clicked,
+                               const DataPoint& picked) = 0;
 
 protected:
     ~IPickListener() = default;

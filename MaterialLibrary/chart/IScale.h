@@ -30,8 +30,8 @@ public:
     // The value so many steps from an origin.
     [[nodiscard]] virtual double GetTickValue(double origin, double step, double steps) const = 0;
 
-    // The value at a pixel. A pixel on which a tick stands, or a minor tick of a logarithmic axis, gives exactly
-    // that tick's value.
+    // The value at a pixel. A pixel on which a tick stands, or a minor tick of a logarithmic axis, gives
+    // exactly that tick's value.
     [[nodiscard]] virtual double GetValueAtPixel(int pixel, const AxisPlacement& placement) const = 0;
 
     // The value so many pixels from an origin.

@@ -17,7 +17,8 @@ public:
     {
         const bool inverted = scene.style.invertsColours;
         axisPen = {scene.style.GetShownColour(axis.axisColour), 0, PenStyle::solid};
-        gridPen = {scene.style.GetShownColour(axis.gridColour), 0, inverted ? PenStyle::dot : PenStyle::solid};
+        gridPen = {scene.style.GetShownColour(axis.gridColour), 0,
+                   inverted ? PenStyle::dot : PenStyle::solid};
     }
 
     void PaintTicks(const std::vector<PlacedText>& labels)
@@ -126,7 +127,8 @@ void PaintFrame(const ChartScene& scene, Direction direction, ICanvas& canvas)
         if (both || !atOrigin)
         {
             const bool horizontal = direction == Direction::Horizontal;
-            DrawLine(canvas, pen, horizontal ? PixelPoint{plot.left, plot.top} : PixelPoint{plot.right, plot.top},
+            DrawLine(canvas, pen,
+                     horizontal ? PixelPoint{plot.left, plot.top} : PixelPoint{plot.right, plot.top},
                      {plot.right, horizontal ? plot.top : plot.bottom});
         }
         if (both || atOrigin)

@@ -138,7 +138,8 @@ private:
         if (curve.markerShape == 0)
         {
             const int reach = style.markerHalfSide;
-            canvas.FillRectangle({at.x - reach, at.y - reach, at.x + reach + 1, at.y + reach + 1}, curve.colour);
+            canvas.FillRectangle({at.x - reach, at.y - reach, at.x + reach + 1, at.y + reach + 1},
+                                 curve.colour);
             return;
         }
         const int reach = style.markerRadius;

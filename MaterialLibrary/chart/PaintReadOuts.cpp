@@ -10,15 +10,16 @@ namespace
 constexpr Colour crossHairColour = 0x5C5C5C;
 constexpr int labelGap = 2; // pixels
 
-// The first read-out shares the row of the horizontal titles, whose other end they take; the further ones have
-// rows of their own below the legend.
+// The first read-out shares the row of the horizontal titles, whose other end they take; the further ones
+// have rows of their own below the legend.
 int GetReadOutTop(const ChartFrame& frame, int number)
 {
     const int h = frame.lineHeight;
     return frame.plot.bottom + (number == 0 ? h + h / 8 : (3 + number) * h);
 }
 
-void WriteReadOut(const ChartScene& scene, ICanvas& canvas, int number, const CurveAxes& axes, DataPoint point)
+void WriteReadOut(const ChartScene& scene, ICanvas& canvas, int number, const CurveAxes& axes,
+                  DataPoint point)
 {
     const ChartFrame& frame = scene.model.frame;
     const std::string text = FormatReadOut(*axes.horizontal, *axes.vertical, point);

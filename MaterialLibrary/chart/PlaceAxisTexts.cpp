@@ -26,7 +26,7 @@ int GetLabelStride(const CAxis& axis, const IScale& scale, int labelSize, int ax
 
 bool IsLabelled(const CAxis& axis, const IScale& scale, int tick, int stride)
 {
-    const double number = std::round(scale.Transform(axis.visibleMin) / axis.tickStep) + tick;
+    const double number = RoundHalfAway(scale.Transform(axis.visibleMin) / axis.tickStep) + tick;
     return std::fmod(number, stride) == 0.0;
 }
 
@@ -69,8 +69,8 @@ public:
         std::vector<PlacedText> labels = ListLabels();
         const bool horizontal = direction == Direction::Horizontal;
         const PixelRect& plot = scene.model.frame.plot;
-        const int stride = GetLabelStride(axis, scale, widest, axesOnSide,
-                                          horizontal ? plot.GetWidth() : plot.GetHeight());
+        const int stride =
+            GetLabelStride(axis, scale, widest, axesOnSide, horizontal ? plot.GetWidth() : plot.GetHeight());
         std::vector<PixelRect> cells;
         std::erase_if(labels,
                       [&](const PlacedText& label)
@@ -118,7 +118,8 @@ private:
             // Lowered so that the digits at the plot's corner stay below those of the vertical axis.
             return {keepInside(tickPixel - extent.width / 2), plot.bottom + h / 4};
         }
-        const int left = IsOnFarSide(direction, index) ? plot.right + h / 8 : plot.left - h / 8 - extent.width;
+        const int left =
+            IsOnFarSide(direction, index) ? plot.right + h / 8 : plot.left - h / 8 - extent.width;
         return {keepInside(left), tickPixel - extent.height / 2};
     }
 

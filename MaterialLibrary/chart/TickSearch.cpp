@@ -1,5 +1,6 @@
 #include "MaterialLibrary/chart/TickSearch.h"
 
+#include "MaterialLibrary/chart/Geometry.h"
 #include "MaterialLibrary/chart/TolerantRounding.h"
 
 #include <algorithm>
@@ -44,15 +45,15 @@ int GetMantissa(double step)
     {
         step /= 10.0;
     }
-    while (std::round(step) < 10.0)
+    while (RoundHalfAway(step) < 10.0)
     {
         step *= 10.0;
     }
-    while (std::round(step) > 50.0)
+    while (RoundHalfAway(step) > 50.0)
     {
         step /= 10.0;
     }
-    return static_cast<int>(std::round(step));
+    return static_cast<int>(RoundHalfAway(step));
 }
 } // namespace
 
@@ -62,7 +63,7 @@ IntervalCount CountIntervals(double lo, double hi, double step)
     const double first = FloorTolerant(lo / step);
     const double last = CeilTolerant(hi / step);
     const double span = last * step - first * step;
-    const double count = std::round(span / step);
+    const double count = RoundHalfAway(span / step);
     if (!(count <= ceiling))
     {
         return {ceiling, span};
@@ -126,7 +127,7 @@ double ChooseMinorDecadeStep(double pixelsPerDecade)
 {
     for (const double step : stepBases)
     {
-        if (std::round(-std::log10(1.0 - step) * pixelsPerDecade) >= 10.0)
+        if (RoundHalfAway(-std::log10(1.0 - step) * pixelsPerDecade) >= 10.0)
         {
             return step;
         }

@@ -1,12 +1,11 @@
 #include "MaterialLibrary/chart/TickUnderPixel.h"
 
+#include "MaterialLibrary/chart/Geometry.h"
 #include "MaterialLibrary/chart/TolerantRounding.h"
-
-#include <cmath>
 
 double GetTickOffset(double tick, const AxisPlacement& placement)
 {
-    return std::round(tick * placement.scale * placement.step);
+    return RoundHalfAway(tick * placement.scale * placement.step);
 }
 
 double GetTicksAtPixel(int pixel, const AxisPlacement& placement)

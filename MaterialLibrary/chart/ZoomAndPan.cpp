@@ -107,9 +107,9 @@ void ZoomOut(CChartModel& model, const PixelRect& rect)
         {
             const PixelSpan span = GetSpan(model, direction, axis, rect);
             const double centre = (span.from + span.to) / 2.0;
-            RequestWithinLimits(
-                axis, scale.GetValueAtOffset(axis.visibleMin, centre - pixels / 2.0, axis.scale),
-                scale.GetValueAtOffset(axis.visibleMin, centre + pixels / 2.0, axis.scale));
+            RequestWithinLimits(axis,
+                                scale.GetValueAtOffset(axis.visibleMin, centre - pixels / 2.0, axis.scale),
+                                scale.GetValueAtOffset(axis.visibleMin, centre + pixels / 2.0, axis.scale));
         }
     }
 }

@@ -7,15 +7,15 @@
 // The requested ranges become what the rectangle encloses, within the axes' limits.
 void ZoomIn(CChartModel& model, const PixelRect& rect);
 
-// The requested ranges grow about the rectangle's centre, by as much as the rectangle is smaller than the plot.
-// The rectangle has an area.
+// The requested ranges grow about the rectangle's centre, by as much as the rectangle is smaller than the
+// plot. The rectangle has an area.
 void ZoomOut(CChartModel& model, const PixelRect& rect);
 
 // Keeps the visible ranges and shifts that a pan starts from.
 void SaveRanges(CChartModel& model);
 
-// Moves the saved ranges by whole ticks, and the pixels that are left over into the shifts. An axis that would
-// leave its limits stays as it is.
+// Moves the saved ranges by whole ticks, and the pixels that are left over into the shifts. An axis that
+// would leave its limits stays as it is.
 void Pan(CChartModel& model, int dx, int dy);
 
 // One tick of the axis in whole pixels.

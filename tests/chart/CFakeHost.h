@@ -1,16 +1,17 @@
 #pragma once
 
-#include "MaterialLibrary/chart/IChartHost.h"
 #include "tests/chart/CRasterCanvas.h"
 #include "tests/chart/CRecorderCanvas.h"
+
+#include "MaterialLibrary/chart/IChartHost.h"
 
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
-// A window of a given size, or none, that writes down what it is asked to do. Its clock goes on by what is slept
-// and by one millisecond per look at it.
+// A window of a given size, or none, that writes down what it is asked to do. Its clock goes on by what is
+// slept and by one millisecond per look at it.
 class CFakeHost final : public IChartHost
 {
 public:
@@ -28,7 +29,10 @@ public:
     void CaptureMouse() override { log.emplace_back("capture"); }
     void ReleaseMouse() override { log.emplace_back("release"); }
     void SetMouseCursor(ChartCursor cursor) override { lastCursor = cursor; }
-    void InvalidateChart(bool erase) override { log.emplace_back(erase ? "invalidate and erase" : "invalidate"); }
+    void InvalidateChart(bool erase) override
+    {
+        log.emplace_back(erase ? "invalidate and erase" : "invalidate");
+    }
     void NotifyZoomChanged() override { log.emplace_back("notify"); }
     std::uint32_t GetMilliseconds() override { return now++; }
 

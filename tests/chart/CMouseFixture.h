@@ -1,9 +1,10 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/CChartMouse.h"
 #include "tests/chart/CFakeHost.h"
 #include "tests/chart/MakeChart.h"
+
+#include "MaterialLibrary/chart/CAxisMapping.h"
+#include "MaterialLibrary/chart/CChartMouse.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <vector>
 
-// Pixels, with thin lines by the usual midpoint steps; wide lines put a square at every step. Texts show as their
-// filled cells.
+// Pixels, with thin lines by the usual midpoint steps; wide lines put a square at every step. Texts show as
+// their filled cells.
 class CRasterCanvas final : public ICanvas
 {
 public:
@@ -41,7 +41,8 @@ public:
                  [&](PixelPoint at)
                  {
                      const int reach = pen.width > 1 ? pen.width / 2 : 0;
-                     FillRectangle({at.x - reach, at.y - reach, at.x + reach + 1, at.y + reach + 1}, pen.colour);
+                     FillRectangle({at.x - reach, at.y - reach, at.x + reach + 1, at.y + reach + 1},
+                                   pen.colour);
                  });
         }
     }

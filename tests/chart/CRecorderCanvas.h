@@ -46,8 +46,10 @@ public:
 
     void DrawPolyline(const Pen& pen, std::span<const PixelPoint> points) override
     {
-        calls.push_back(
-            {.kind = Kind::Lines, .colour = pen.colour, .pen = pen, .points = {points.begin(), points.end()}});
+        calls.push_back({.kind = Kind::Lines,
+                         .colour = pen.colour,
+                         .pen = pen,
+                         .points = {points.begin(), points.end()}});
     }
 
     void WriteText(PixelPoint topLeft, std::string_view text, Colour colour,

@@ -1,6 +1,8 @@
 #include "MaterialLibrary/chart/ChartTexts.h"
-#include "MaterialLibrary/chart/UnitPrefix.h"
+
 #include "shared/Translation/Translate.h"
+
+#include "MaterialLibrary/chart/UnitPrefix.h"
 
 #include <bit>
 #include <cmath>
@@ -109,8 +111,9 @@ TEST(TickLabel, AgreesWithPrintf)
     std::mt19937_64 random(5);
     for (int i = 0; i < 50'000; ++i)
     {
-        const double value = i % 2 == 0 ? std::bit_cast<double>(random())
-                                        : std::ldexp(static_cast<double>(random()), -static_cast<int>(random() % 128));
+        const double value =
+            i % 2 == 0 ? std::bit_cast<double>(random())
+                       : std::ldexp(static_cast<double>(random()), -static_cast<int>(random() % 128));
         char general[64];
         std::snprintf(general, sizeof general, " %.4g ", value);
         if (std::strchr(general, 'e') != nullptr)

@@ -1,8 +1,10 @@
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
 #include "MaterialLibrary/chart/CurveSearch.h"
+
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
+
+#include "MaterialLibrary/chart/CAxisMapping.h"
+#include "MaterialLibrary/chart/ChartLayout.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -31,8 +33,10 @@ protected:
 
     [[nodiscard]] PixelPoint GetPixel(DataPoint value) const
     {
-        return {CAxisMapping(model, Direction::Horizontal, model.GetAxis(Direction::Horizontal, 0)).GetPixel(value.x),
-                CAxisMapping(model, Direction::Vertical, model.GetAxis(Direction::Vertical, 0)).GetPixel(value.y)};
+        return {CAxisMapping(model, Direction::Horizontal, model.GetAxis(Direction::Horizontal, 0))
+                    .GetPixel(value.x),
+                CAxisMapping(model, Direction::Vertical, model.GetAxis(Direction::Vertical, 0))
+                    .GetPixel(value.y)};
     }
 };
 
@@ -44,9 +48,10 @@ TEST_F(CurveSearch, HitsTheLastCurveThatPassesNearby)
         PixelPoint offset;
         std::int64_t hit;
     } rows[] = {
-        {{20, 20}, {0, 0}, 0},   {{20, 80}, {0, 0}, 1},  {{50, 50}, {0, 0}, 1},  {{20, 20}, {0, 4}, 0},
-        {{20, 20}, {0, 25}, -1}, {{0, 0}, {-3, 3}, 0},   {{0, 0}, {-9, 9}, -1},  {{100, 0}, {2, 0}, 1},
-        {{50, 90}, {0, 0}, -1},  {{100, 100}, {3, 0}, 0}, {{100, 100}, {-300, -900}, -1},
+        {{20, 20}, {0, 0}, 0},   {{20, 80}, {0, 0}, 1},          {{50, 50}, {0, 0}, 1},
+        {{20, 20}, {0, 4}, 0},   {{20, 20}, {0, 25}, -1},        {{0, 0}, {-3, 3}, 0},
+        {{0, 0}, {-9, 9}, -1},   {{100, 0}, {2, 0}, 1},          {{50, 90}, {0, 0}, -1},
+        {{100, 100}, {3, 0}, 0}, {{100, 100}, {-300, -900}, -1},
     };
     for (const auto& row : rows)
     {
@@ -65,7 +70,8 @@ TEST_F(CurveSearch, ReadsTheNearestPointOfTheColumn)
     const auto find = [this](PixelPoint at)
     {
         const std::optional<CurvePoint> found = FindNearestPoint(model, at);
-        return found ? std::pair(static_cast<int>(found->curve), static_cast<int>(found->point)) : std::pair(-1, -1);
+        return found ? std::pair(static_cast<int>(found->curve), static_cast<int>(found->point))
+                     : std::pair(-1, -1);
     };
     EXPECT_EQ(find(middle), std::pair(0, 1));
     EXPECT_EQ(find({middle.x + 4, middle.y - 60}), std::pair(0, 1));

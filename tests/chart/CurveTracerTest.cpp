@@ -1,9 +1,10 @@
-#include "MaterialLibrary/chart/CCurveTracer.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
 #include "tests/chart/CRasterCanvas.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
+
+#include "MaterialLibrary/chart/CCurveTracer.h"
+#include "MaterialLibrary/chart/ChartLayout.h"
+#include "MaterialLibrary/chart/PaintChart.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -16,7 +17,8 @@ std::vector<PixelLine> MakeSegments(std::mt19937& random, int kind)
     PixelPoint at = {20, 60};
     for (int i = 0; i < 200; ++i)
     {
-        const auto pick = [&random](int reach) { return static_cast<int>(random() % (2u * static_cast<unsigned>(reach) + 1u)) - reach; };
+        const auto pick = [&random](int reach)
+        { return static_cast<int>(random() % (2u * static_cast<unsigned>(reach) + 1u)) - reach; };
         PixelPoint to = at;
         if (kind == 0) // a dense curve that moves on slowly, up and down
         {

@@ -1,8 +1,9 @@
+#include "tests/chart/CRecorderCanvas.h"
+#include "tests/chart/MakeChart.h"
+
 #include "MaterialLibrary/chart/AxisTicks.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
 #include "MaterialLibrary/chart/ChartTexts.h"
-#include "tests/chart/CRecorderCanvas.h"
-#include "tests/chart/MakeChart.h"
 
 #include <bit>
 #include <gtest/gtest.h>
@@ -23,7 +24,8 @@ int GetWidestLabel(const CChartModel& model, Direction direction)
     {
         for (int i = 0; i <= CountTickIntervals(axis, model.GetScale(direction)); ++i)
         {
-            widest = std::max(widest, FormatTickLabel(axis, GetAxisTick(axis, model.GetScale(direction), i)).size());
+            widest = std::max(widest,
+                              FormatTickLabel(axis, GetAxisTick(axis, model.GetScale(direction), i)).size());
         }
     }
     return static_cast<int>(widest) * 6;
@@ -62,12 +64,14 @@ TEST(Layout, MarginsComeFromTheWidestLabels)
             const IScale& scale = model.GetScale(direction);
             for (const CAxis& axis : model.GetAxes(direction))
             {
-                const int length = direction == Direction::Horizontal ? expected.GetWidth() : expected.GetHeight();
+                const int length =
+                    direction == Direction::Horizontal ? expected.GetWidth() : expected.GetHeight();
                 EXPECT_LE(axis.visibleMin, axis.requestedMin);
                 EXPECT_GE(axis.visibleMax, axis.requestedMax);
                 EXPECT_EQ(axis.tickStep, scale.ChooseStep(axis.requestedMin, axis.requestedMax, length));
-                EXPECT_DOUBLE_EQ(
-                    axis.scale * (scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin)), length);
+                EXPECT_DOUBLE_EQ(axis.scale *
+                                     (scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin)),
+                                 length);
             }
         }
     }
@@ -199,7 +203,8 @@ TEST(Layout, EndsWithAnyRange)
             axis.dataMax = round % 3 == 0 ? axis.dataMin * (1.0 + 1e-13) : std::bit_cast<double>(random());
         }
         model.SetScaleMode(true, true);
-        LayOutChart(model, {0, 0, static_cast<int>(random() % 3'000), static_cast<int>(random() % 2'000)}, canvas);
+        LayOutChart(model, {0, 0, static_cast<int>(random() % 3'000), static_cast<int>(random() % 2'000)},
+                    canvas);
         for (const std::int32_t identifier : {0, 1})
         {
             const CAxis& axis = *model.FindAxis(identifier);

@@ -9,7 +9,8 @@
 
 // Made-up curves and charts.
 
-inline CChartCurve MakeCurve(std::vector<DataPoint> points, Colour colour = 0x0000FF, std::string name = "curve")
+inline CChartCurve MakeCurve(std::vector<DataPoint> points, Colour colour = 0x0000FF,
+                             std::string name = "curve")
 {
     CChartCurve curve;
     curve.points = std::move(points);

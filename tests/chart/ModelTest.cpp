@@ -1,5 +1,6 @@
-#include "MaterialLibrary/chart/CChartModel.h"
 #include "tests/chart/MakeChart.h"
+
+#include "MaterialLibrary/chart/CChartModel.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -131,7 +132,8 @@ TEST(CChartModel, IsLogarithmicOnlyWhereEveryAxisStaysAboveZero)
     model.AddAxis(2, true);
     CChartCurve curve = MakeCurve({{1, 2}, {10, 4}});
     model.AddCurve(curve, 0, 1);
-    const auto isLogarithmic = [&model](Direction direction) { return model.GetScale(direction).IsLogarithmic(); };
+    const auto isLogarithmic = [&model](Direction direction)
+    { return model.GetScale(direction).IsLogarithmic(); };
     model.SetScaleMode(true, true);
     EXPECT_FALSE(isLogarithmic(Direction::Horizontal));
     EXPECT_FALSE(isLogarithmic(Direction::Vertical));

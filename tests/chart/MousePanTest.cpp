@@ -1,5 +1,6 @@
-#include "MaterialLibrary/chart/ZoomAndPan.h"
 #include "tests/chart/CMouseFixture.h"
+
+#include "MaterialLibrary/chart/ZoomAndPan.h"
 
 namespace
 {

@@ -1,7 +1,8 @@
+#include "tests/chart/CMouseFixture.h"
+
 #include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/CChartMouse.h"
 #include "MaterialLibrary/chart/ZoomAndPan.h"
-#include "tests/chart/CMouseFixture.h"
 
 namespace
 {
@@ -13,9 +14,10 @@ TEST_F(CMouseFixture, EveryModeHasItsCursor)
     {
         std::int32_t mode;
         ChartCursor cursor;
-    } rows[] = {{-3, ChartCursor::Arrow}, {0, ChartCursor::Arrow}, {1, ChartCursor::Zoom}, {2, ChartCursor::Zoom},
-                {3, ChartCursor::Zoom},   {4, ChartCursor::Zoom},  {5, ChartCursor::Pan},  {6, ChartCursor::Pick},
-                {7, ChartCursor::Pick},   {8, ChartCursor::Arrow}, {99, ChartCursor::Arrow}};
+    } rows[] = {{-3, ChartCursor::Arrow}, {0, ChartCursor::Arrow}, {1, ChartCursor::Zoom},
+                {2, ChartCursor::Zoom},   {3, ChartCursor::Zoom},  {4, ChartCursor::Zoom},
+                {5, ChartCursor::Pan},    {6, ChartCursor::Pick},  {7, ChartCursor::Pick},
+                {8, ChartCursor::Arrow},  {99, ChartCursor::Arrow}};
     for (const auto& row : rows)
     {
         chart.GetInteraction().mode = row.mode;
@@ -65,7 +67,8 @@ TEST_F(CMouseFixture, ShortDragsChangeNothing)
     {
         std::int32_t mode;
         int dx, dy;
-    } rows[] = {{1, 1, 80}, {1, 80, 1}, {1, 0, 0}, {1, -1, -1}, {2, 1, 80}, {3, 80, 1}, {4, 1, 80}, {2, 0, 0}};
+    } rows[] = {{1, 1, 80}, {1, 80, 1}, {1, 0, 0},  {1, -1, -1},
+                {2, 1, 80}, {3, 80, 1}, {4, 1, 80}, {2, 0, 0}};
     for (const auto& row : rows)
     {
         chart.GetInteraction().mode = row.mode;

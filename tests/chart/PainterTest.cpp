@@ -1,10 +1,11 @@
+#include "tests/chart/CRecorderCanvas.h"
+#include "tests/chart/MakeChart.h"
+
 #include "MaterialLibrary/chart/AxisTicks.h"
 #include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
 #include "MaterialLibrary/chart/ChartTexts.h"
 #include "MaterialLibrary/chart/PaintChart.h"
-#include "tests/chart/CRecorderCanvas.h"
-#include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -57,7 +58,8 @@ protected:
         std::vector<int> places;
         for (const PixelLine& line : canvas.GetLines(colour))
         {
-            if (line.from.x == line.to.x && line.from.y == model.frame.plot.top && line.to.y == model.frame.plot.bottom)
+            if (line.from.x == line.to.x && line.from.y == model.frame.plot.top &&
+                line.to.y == model.frame.plot.bottom)
             {
                 places.push_back(line.from.x);
             }
@@ -77,12 +79,15 @@ TEST_F(Painter, PaintsInOrderWithTheFirstCurveOnTop)
         return FindFirst([=](const Call& call)
                          { return call.kind == kind && call.text == text && call.colour == colour; });
     };
-    const std::size_t places[] = {
-        find(Kind::Fill, "", 0x000000),          find(Kind::Lines, "", 0x808080), FindFirst([](const Call& call)
-                                                                                        { return call.kind == Kind::Clip; }),
-        find(Kind::Lines, "", 0x00BB00),         find(Kind::Lines, "", 0x0000AA), FindFirst([](const Call& call)
-                                                                                        { return call.kind == Kind::Unclip; }),
-        find(Kind::Text, "second", 0x00BB00),    find(Kind::Text, "entry", 0xFFFFFF), canvas.calls.size() - 1};
+    const std::size_t places[] = {find(Kind::Fill, "", 0x000000),
+                                  find(Kind::Lines, "", 0x808080),
+                                  FindFirst([](const Call& call) { return call.kind == Kind::Clip; }),
+                                  find(Kind::Lines, "", 0x00BB00),
+                                  find(Kind::Lines, "", 0x0000AA),
+                                  FindFirst([](const Call& call) { return call.kind == Kind::Unclip; }),
+                                  find(Kind::Text, "second", 0x00BB00),
+                                  find(Kind::Text, "entry", 0xFFFFFF),
+                                  canvas.calls.size() - 1};
     EXPECT_TRUE(std::ranges::is_sorted(places));
     EXPECT_EQ(canvas.calls.front().rect, client);
     EXPECT_NE(canvas.calls.back().text.find(", "), std::string::npos); // a read-out
@@ -139,8 +144,8 @@ TEST_F(Painter, TicksGridLabelsAndZeroLine)
     EXPECT_EQ(labels[0].colour, 0x0A0A0Au);
     EXPECT_EQ(labels[0].rect.left, GetPixel({50, 0}).x - 12);
     EXPECT_GE(labels[0].rect.top, plot.bottom);
-    const std::vector<Call> upright = canvas.Find([&](const Call& call)
-                                                  { return call.text == " 50 " && call.rect.right <= plot.left; });
+    const std::vector<Call> upright =
+        canvas.Find([&](const Call& call) { return call.text == " 50 " && call.rect.right <= plot.left; });
     ASSERT_EQ(upright.size(), 1u);
     EXPECT_EQ((upright[0].rect.top + upright[0].rect.bottom) / 2, GetPixel({0, 50}).y);
 
@@ -192,7 +197,8 @@ TEST_F(Painter, ShiftedTicksStayInThePlot)
         Axis(1).gridColour = 0x0C0C0C;
         Paint();
         const int intervals = CountTickIntervals(Axis(0), model.GetScale(Direction::Horizontal));
-        EXPECT_EQ(GetUprights(0x0B0B0B).size(), static_cast<std::size_t>(intervals + (shift == 0 ? 1 : 0))) << shift;
+        EXPECT_EQ(GetUprights(0x0B0B0B).size(), static_cast<std::size_t>(intervals + (shift == 0 ? 1 : 0)))
+            << shift;
         for (const PixelLine& line : canvas.GetLines(0x0B0B0B))
         {
             EXPECT_TRUE(line.from.x >= plot.left && line.to.x <= plot.right) << shift;
@@ -201,7 +207,8 @@ TEST_F(Painter, ShiftedTicksStayInThePlot)
         {
             EXPECT_TRUE(line.from.y >= plot.top && line.to.y <= plot.bottom) << shift;
         }
-        const auto labels = canvas.Find([&](const Call& call) { return call.kind == Kind::Text && call.rect.right <= plot.left; });
+        const auto labels = canvas.Find([&](const Call& call)
+                                        { return call.kind == Kind::Text && call.rect.right <= plot.left; });
         EXPECT_FALSE(labels.empty());
     }
 }
@@ -238,11 +245,12 @@ TEST_F(Painter, CurvesAreClippedOnTheCutSidesOnly)
 TEST_F(Painter, CurvesRunFromTheLastPointToTheFirstAndAreCutToTheVisibleRange)
 {
     Paint();
-    EXPECT_EQ(canvas.GetLines(0x0000AA),
-              (std::vector<PixelLine>{{GetPixel({100, 100}), GetPixel({50, 80})}, {GetPixel({50, 80}), GetPixel({0, 0})}}));
+    EXPECT_EQ(canvas.GetLines(0x0000AA), (std::vector<PixelLine>{{GetPixel({100, 100}), GetPixel({50, 80})},
+                                                                 {GetPixel({50, 80}), GetPixel({0, 0})}}));
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    first.points = {{-1e308, 20}, {30, 20}, {nan, 1}, {40, 40}, {50, infinity}, {60, 60}, {60, 1e300}, {1e300, 1e300}, {70, 10}};
+    first.points = {{-1e308, 20}, {30, 20},    {nan, 1},       {40, 40}, {50, infinity},
+                    {60, 60},     {60, 1e300}, {1e300, 1e300}, {70, 10}};
     Paint();
     const auto lines = canvas.GetLines(0x0000AA);
     ASSERT_EQ(lines.size(), 3u);
@@ -268,12 +276,17 @@ TEST_F(Painter, PensAndMarkers)
     const auto getPen = [this]
     {
         Paint();
-        return canvas.Find([](const Call& call) { return call.colour == 0x0000AA && call.kind == Kind::Lines; }).at(0).pen;
+        return canvas
+            .Find([](const Call& call) { return call.colour == 0x0000AA && call.kind == Kind::Lines; })
+            .at(0)
+            .pen;
     };
     const auto countMarkers = [this]
     {
         Paint();
-        return canvas.Find([](const Call& call) { return call.colour == 0x0000AA && call.kind == Kind::Fill; }).size();
+        return canvas
+            .Find([](const Call& call) { return call.colour == 0x0000AA && call.kind == Kind::Fill; })
+            .size();
     };
     EXPECT_EQ(getPen(), (Pen{0x0000AA, 0, PenStyle::solid}));
     style.bold = true;
@@ -304,11 +317,14 @@ TEST_F(Painter, LegendFillsTwoRows)
 {
     const PixelRect plot = model.frame.plot;
     const int h = 12;
-    model.GetLegend() = {{0x0000FF, "Er"}, {0x00FFFF, std::string(40, 'a')}, {0xFFFF00, std::string(80, 'b')}};
+    model.GetLegend() = {
+        {0x0000FF, "Er"}, {0x00FFFF, std::string(40, 'a')}, {0xFFFF00, std::string(80, 'b')}};
     Paint();
-    const auto squares = canvas.Find([](const Call& call) { return call.kind == Kind::Fill && call.colour != 0; });
+    const auto squares =
+        canvas.Find([](const Call& call) { return call.kind == Kind::Fill && call.colour != 0; });
     ASSERT_EQ(squares.size(), 3u);
-    EXPECT_EQ(squares[0].rect, (PixelRect{plot.left, plot.bottom + 2 * h + 1, plot.left + 9, plot.bottom + 2 * h + 10}));
+    EXPECT_EQ(squares[0].rect,
+              (PixelRect{plot.left, plot.bottom + 2 * h + 1, plot.left + 9, plot.bottom + 2 * h + 10}));
     EXPECT_EQ(squares[1].rect.left, plot.left + h + 12 + h);
     EXPECT_EQ(squares[2].rect.left, plot.left);
     EXPECT_EQ(squares[2].rect.top, plot.bottom + 3 * h + 1);
@@ -407,7 +423,11 @@ TEST_F(Painter, InversionDarkensBrightColoursAndDotsTheGrid)
     }
     Axis(0).gridColour = 0xCCCCCC;
     Paint();
-    EXPECT_FALSE(canvas.Find([](const Call& call) { return call.pen == Pen{0x333333, 0, PenStyle::dot}; }).empty());
+    EXPECT_FALSE(canvas.Find(
+                           [](const Call& call) {
+                               return call.pen == Pen{0x333333, 0, PenStyle::dot};
+                           })
+                     .empty());
     style.invertsColours = false;
     EXPECT_EQ(style.GetShownColour(0xFFFFFF), 0xFFFFFFu);
 }

@@ -1,9 +1,10 @@
+#include "tests/chart/CRecorderCanvas.h"
+#include "tests/chart/MakeChart.h"
+
 #include "MaterialLibrary/chart/CSvgCanvas.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
 #include "MaterialLibrary/chart/PaintChart.h"
 #include "MaterialLibrary/chart/PlaceAxisTexts.h"
-#include "tests/chart/CRecorderCanvas.h"
-#include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
 
@@ -17,12 +18,16 @@ public:
     CSvgCanvas measure{{1, 1}, 12};
 
     PixelSize GetTextExtent(std::string_view text) override { return measure.GetTextExtent(text); }
-    void FillRectangle(const PixelRect& rect, Colour colour) override { recorder.FillRectangle(rect, colour); }
+    void FillRectangle(const PixelRect& rect, Colour colour) override
+    {
+        recorder.FillRectangle(rect, colour);
+    }
     void DrawPolyline(const Pen& pen, std::span<const PixelPoint> points) override
     {
         recorder.DrawPolyline(pen, points);
     }
-    void WriteText(PixelPoint at, std::string_view text, Colour colour, std::optional<Colour> background) override
+    void WriteText(PixelPoint at, std::string_view text, Colour colour,
+                   std::optional<Colour> background) override
     {
         recorder.WriteText(at, text, colour, background);
         const PixelSize extent = GetTextExtent(text);
@@ -36,8 +41,8 @@ public:
     }
 };
 
-// What characters cover of a cell: not the blanks at its ends, nor the leading above digits, nor, where nothing hangs
-// below the line, the room for that.
+// What characters cover of a cell: not the blanks at its ends, nor the leading above digits, nor, where
+// nothing hangs below the line, the room for that.
 PixelRect GetInk(const CRecorderCanvas::Call& call)
 {
     PixelRect ink = call.rect;
@@ -66,11 +71,13 @@ TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
                     const PixelRect client = {0, 0, size.width, size.height};
                     LayOutChart(model, client, canvas);
                     ChartInteraction interaction;
-                    interaction.lastPoint = hovering ? PixelPoint{model.frame.plot.right - 20, model.frame.plot.top + 20}
-                                                     : PixelPoint{-1, -1};
+                    interaction.lastPoint =
+                        hovering ? PixelPoint{model.frame.plot.right - 20, model.frame.plot.top + 20}
+                                 : PixelPoint{-1, -1};
                     PaintChart({model, {}, interaction, client}, canvas);
-                    const auto texts = canvas.recorder.Find([](const CRecorderCanvas::Call& call)
-                                                            { return call.kind == CRecorderCanvas::Kind::Text; });
+                    const auto texts =
+                        canvas.recorder.Find([](const CRecorderCanvas::Call& call)
+                                             { return call.kind == CRecorderCanvas::Kind::Text; });
                     ASSERT_GE(texts.size(), 5 + 2 * axes);
                     for (std::size_t i = 0; i < texts.size(); ++i)
                     {

@@ -1,7 +1,8 @@
+#include "tests/chart/CRecorderCanvas.h"
+
 #include "MaterialLibrary/chart/AxisTicks.h"
 #include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
-#include "tests/chart/CRecorderCanvas.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -10,6 +11,15 @@
 namespace
 {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+TEST(RoundHalfAway, IsExactJustBelowAndAtAHalf)
+{
+    EXPECT_EQ(RoundHalfAway(0.49999999999999994), 0.0);
+    EXPECT_EQ(RoundHalfAway(-0.49999999999999994), 0.0);
+    EXPECT_EQ(RoundHalfAway(0.5), 1.0);
+    EXPECT_EQ(RoundHalfAway(-2.5), -3.0);
+    EXPECT_EQ(RoundHalfAway(4503599627370497.0), 4503599627370497.0);
+}
 
 TEST(Scale, LinearOperations)
 {
@@ -58,8 +68,8 @@ TEST(Scale, PixelsOnTicksReadTheTicksValue)
     EXPECT_TRUE(std::isfinite(scale.GetValueAtPixel(79, placement)));
 }
 
-// For made-up charts of every kind: where a tick is drawn, and on a logarithmic axis a minor tick, the read-out
-// shows its value to the last bit; and values grow with the pixels.
+// For made-up charts of every kind: where a tick is drawn, and on a logarithmic axis a minor tick, the
+// read-out shows its value to the last bit; and values grow with the pixels.
 TEST(Scale, EveryDrawnTickReadsBackExactly)
 {
     std::mt19937 random(11);
@@ -75,13 +85,15 @@ TEST(Scale, EveryDrawnTickReadsBackExactly)
         {
             CAxis& axis = *model.FindAxis(identifier);
             axis.lowerLimit = logarithmic ? 1e-12 : axis.lowerLimit;
-            axis.dataMin = logarithmic ? std::pow(10.0, -6.0 + 9.0 * uniform(random)) : 1e3 * uniform(random) - 500;
+            axis.dataMin =
+                logarithmic ? std::pow(10.0, -6.0 + 9.0 * uniform(random)) : 1e3 * uniform(random) - 500;
             axis.dataMax = logarithmic ? axis.dataMin * std::pow(10.0, 0.2 + 6.0 * uniform(random))
                                        : axis.dataMin + std::pow(10.0, -3.0 + 6.0 * uniform(random));
         }
         model.SetScaleMode(logarithmic, logarithmic);
         CRecorderCanvas canvas;
-        LayOutChart(model, {0, 0, 100 + static_cast<int>(random() % 1'500), 100 + static_cast<int>(random() % 900)},
+        LayOutChart(model,
+                    {0, 0, 100 + static_cast<int>(random() % 1'500), 100 + static_cast<int>(random() % 900)},
                     canvas);
         for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
         {

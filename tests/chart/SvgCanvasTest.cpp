@@ -1,8 +1,9 @@
+#include "tests/chart/MakeChart.h"
+
 #include "MaterialLibrary/chart/CSvgCanvas.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
 #include "MaterialLibrary/chart/PaintChart.h"
 #include "MaterialLibrary/chart/XmlText.h"
-#include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
 
@@ -71,8 +72,9 @@ TEST(CSvgCanvas, DrawsEachCall)
     const std::string document = canvas.GetDocument();
     ExpectWellFormed(document);
     for (const char* const part :
-         {"stroke=\"#ff0000\" d=\"M1.5 2.5l3 0 0 7M1.5 2.5l3 0\"/>", "stroke=\"#112233\" stroke-width=\"3\"", "stroke-dasharray",
-          "<rect x=\"1\" y=\"2\" width=\"4\" height=\"7\"", "fill=\"#030201\"", ">4 &lt; 5</text>", "difference"})
+         {"stroke=\"#ff0000\" d=\"M1.5 2.5l3 0 0 7M1.5 2.5l3 0\"/>", "stroke=\"#112233\" stroke-width=\"3\"",
+          "stroke-dasharray", "<rect x=\"1\" y=\"2\" width=\"4\" height=\"7\"", "fill=\"#030201\"",
+          ">4 &lt; 5</text>", "difference"})
     {
         EXPECT_NE(document.find(part), std::string::npos) << part;
     }
@@ -89,11 +91,11 @@ TEST(ToXmlText, IsUtf8WhateverTheTextWas)
         const char* xml;
     } rows[] = {{"a<b>&\"c", "a&lt;b&gt;&amp;&quot;c"},
                 {"25 \xC2\xB0\x43", "25 \xC2\xB0\x43"},
-                {"25 \xB0\x43", "25 \xC2\xB0\x43"},              // Latin-1
+                {"25 \xB0\x43", "25 \xC2\xB0\x43"},                           // Latin-1
                 {"\x80 \x93x\x94", "\xE2\x82\xAC \xE2\x80\x9Cx\xE2\x80\x9D"}, // Windows-1252
                 {"\x81", "?"},
                 {"tab\there\x01\x7F", "tab?here??"},
-                {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                // overlong: not UTF-8
+                {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                 // overlong: not UTF-8
                 {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"}, // a surrogate
                 {"\xEF\xBF\xBF", "\xC3\xAF\xC2\xBF\xC2\xBF"},     // no character
                 {"\xF0\x9F\x93\x88", "\xF0\x9F\x93\x88"},

@@ -1,6 +1,7 @@
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
 #include "tests/chart/CFakeHost.h"
 #include "tests/chart/MakeChart.h"
+
+#include "MaterialLibrary/chart/CChartControlWrapper.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,8 @@ TEST(CChartControlWrapper, ReadsAndSetsThePrincipalAxes)
     EXPECT_EQ(chart.GetModel().FindAxis(0)->title, "Frequency");
     EXPECT_EQ(chart.GetModel().FindAxis(1)->title, "Loss");
     info.SetAutomaticPrefix(false);
-    EXPECT_FALSE(chart.GetModel().FindAxis(0)->automaticPrefix || chart.GetModel().FindAxis(1)->automaticPrefix);
+    EXPECT_FALSE(chart.GetModel().FindAxis(0)->automaticPrefix ||
+                 chart.GetModel().FindAxis(1)->automaticPrefix);
 
     DataPoint low;
     DataPoint high;
