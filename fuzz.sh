@@ -10,32 +10,33 @@ if [[ ! $seconds =~ ^[0-9]+$ ]]; then
     exit 2
 fi
 shift
+targets=("$@")
+if (($# == 0)); then
+    targets=(fuzz/fuzz_*.cpp)
+    targets=("${targets[@]#fuzz/fuzz_}")
+    targets=("${targets[@]%.cpp}")
+fi
 
 scripts/packages.sh fuzz
-targets=(fuzz/fuzz_*.cpp)
-targets=("${targets[@]##*/}")
-scripts/build.sh fuzz "${targets[@]%.cpp}"
+scripts/build.sh fuzz "${targets[@]/#/fuzz_}"
 mkdir -p build/fuzz/failures
 results=()
 status=0
-for program in build/fuzz/fuzz/fuzz_*; do
-    name=${program##*/fuzz_}
-    if (($# > 0)) && [[ " $* " != *" $name "* ]]; then
-        continue
-    fi
-    log=build/fuzz/$name.log
-    mkdir -p "build/fuzz/corpus/$name"
-    seeds=("fuzz/corpus/$name")
-    [[ $name == file ]] && seeds+=(examples/materials)
+for target in "${targets[@]}"; do
+    log=build/fuzz/$target.log
+    mkdir -p "build/fuzz/corpus/$target"
+    seeds=("fuzz/corpus/$target")
+    [[ $target == file ]] && seeds+=(examples/materials)
     failed=""
-    echo "$name: $seconds seconds"
-    "$program" -max_total_time="$seconds" -print_final_stats=1 -timeout=20 -artifact_prefix=build/fuzz/failures/ \
-        "build/fuzz/corpus/$name" "${seeds[@]}" >"$log" 2>&1 </dev/null || failed=", FAILED"
+    echo "$target: $seconds seconds"
+    "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -print_final_stats=1 -timeout=20 \
+        -artifact_prefix=build/fuzz/failures/ "build/fuzz/corpus/$target" "${seeds[@]}" >"$log" 2>&1 </dev/null ||
+        failed=", FAILED"
     if [[ -n $failed ]]; then
         status=1
         tail -n 40 "$log"
     fi
-    results+=("$name: $(awk '/stat::number_of_executed_units/ { print $2 }' "$log") inputs$failed")
+    results+=("$target: $(awk '/stat::number_of_executed_units/ { print $2 }' "$log") inputs$failed")
 done
 printf '%s\n' "${results[@]}"
 exit "$status"
