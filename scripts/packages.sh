@@ -10,7 +10,7 @@ run) wanted=$run ;;
 test) wanted="$run clang lld" ;;
 bench)
     wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libfast-float-dev libeigen3-dev
-        liblapacke-dev"
+        liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev"
     ;;
 fuzz) wanted="$build clang libclang-rt-14-dev" ;;
 coverage) wanted="$build gcovr" ;;
