@@ -4,7 +4,7 @@
 #
 # A transcript holds commands ("$ matlib list"), what each writes to standard output as it is and to
 # standard error after "! ", and the exit code in brackets unless it is 0. Commands run in the folder of
-# this script; BIN stands for the folder of the programs. RUNNER starts Windows programs. With --update the
+# this script; BIN stands for the folder of the programs, VERSION for that of the project. RUNNER starts Windows programs. With --update the
 # transcript is rewritten.
 set -euo pipefail
 
@@ -16,6 +16,7 @@ runner=${3:-}
 suffix=
 [[ -e $BIN/matlib.exe ]] && suffix=.exe
 cd "$(dirname "${BASH_SOURCE[0]}")"
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' ../../CMakeLists.txt)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -24,15 +25,15 @@ smallest_host() { $runner "$BIN/smallest_host$suffix" "$@" | tr -d '\r'; }
 # matlib without the folders that belong beside it
 lone_matlib() { cp "$BIN/matlib$suffix" "$work/" && $runner "$work/matlib$suffix" "$@"; }
 
-show_paths() { sed "s|$BIN|BIN|g" "$1"; }
+name_what_varies() { sed "s|$BIN|BIN|g; s|${version//./\\.}|VERSION|g" "$1"; }
 
 while IFS= read -r line; do
     printf '%s\n' "$line"
     [[ $line == '$ '* ]] || continue
     status=0
     eval "${line#\$ }" >"$work/out" 2>"$work/err" </dev/null || status=$?
-    show_paths "$work/out"
-    show_paths "$work/err" | sed 's/^/! /'
+    name_what_varies "$work/out"
+    name_what_varies "$work/err" | sed 's/^/! /'
     ((status == 0)) || printf '[%s]\n' "$status"
 done < <(grep '^[$#] ' "$transcript") >"$work/now"
 

@@ -1,5 +1,6 @@
-// MaterialLibrary.dll as a file and as a module of a process.
+// MaterialLibrary.dll as a module of a process.
 #include "tests/ProcessMemory.h"
+#include "tests/win32/CImage.h"
 #include "tests/win32/CMessageBoxRobot.h"
 #include "tests/win32/CModule.h"
 #include "tests/win32/CTestFolder.h"
@@ -12,89 +13,6 @@ namespace
 {
 const std::string header = "{MAT_FILE}\n{VERSION=1.0}\n";
 const std::string laminate = header + "{DIELECTRIC (NAME=\"X\")(ER TABLE = 1GHz 4.2)}\n";
-
-class CImage
-{
-public:
-    explicit CImage(HMODULE module) : base(reinterpret_cast<const char*>(module)) {}
-
-    [[nodiscard]] std::vector<std::string> GetImportedModules() const
-    {
-        std::vector<std::string> names;
-        const auto* entry = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT));
-        for (; entry->Name != 0; ++entry)
-        {
-            names.emplace_back(At<char>(entry->Name));
-        }
-        return names;
-    }
-
-    [[nodiscard]] std::vector<std::string> GetExports() const
-    {
-        const auto* table = At<IMAGE_EXPORT_DIRECTORY>(Directory(IMAGE_DIRECTORY_ENTRY_EXPORT));
-        EXPECT_EQ(table->NumberOfFunctions, table->NumberOfNames) << "exports without a name";
-        std::vector<std::string> names;
-        for (DWORD i = 0; i < table->NumberOfNames; ++i)
-        {
-            names.emplace_back(At<char>(At<DWORD>(table->AddressOfNames)[i]));
-        }
-        return names;
-    }
-
-    // Where the module keeps the address of a function that it imports, made writable.
-    [[nodiscard]] void** FindImport(const std::string& function) const
-    {
-        const auto* entry = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT));
-        for (; entry->Name != 0; ++entry)
-        {
-            const auto* name = At<IMAGE_THUNK_DATA64>(entry->OriginalFirstThunk);
-            for (DWORD i = 0; name[i].u1.AddressOfData != 0; ++i)
-            {
-                const auto* byName = At<IMAGE_IMPORT_BY_NAME>(static_cast<DWORD>(name[i].u1.AddressOfData));
-                if (function == byName->Name)
-                {
-                    const DWORD address = entry->FirstThunk + i * static_cast<DWORD>(sizeof(void*));
-                    void** const place = const_cast<void**>(At<void*>(address));
-                    DWORD before = 0;
-                    VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before);
-                    return place;
-                }
-            }
-        }
-        throw std::runtime_error("the module does not import " + function);
-    }
-
-private:
-    template <class Type>
-    [[nodiscard]] const Type* At(DWORD offset) const
-    {
-        return reinterpret_cast<const Type*>(base + offset);
-    }
-
-    [[nodiscard]] DWORD Directory(unsigned index) const
-    {
-        const auto* dos = At<IMAGE_DOS_HEADER>(0);
-        const auto* nt = At<IMAGE_NT_HEADERS64>(static_cast<DWORD>(dos->e_lfanew));
-        return nt->OptionalHeader.DataDirectory[index].VirtualAddress;
-    }
-
-    const char* base;
-};
-
-TEST(Module, ExportsTwoPlainNamesAndNeedsWindowsOnly)
-{
-    const CModule module(CModule::GetBuiltPath());
-    const CImage image(module.GetHandle());
-    EXPECT_THAT(image.GetExports(), testing::ElementsAre("CreateMaterialLibrary", "FreeMaterialLibrary"));
-    char system[MAX_PATH] = {};
-    GetSystemDirectoryA(system, MAX_PATH);
-    EXPECT_FALSE(image.GetImportedModules().empty());
-    for (const std::string& name : image.GetImportedModules())
-    {
-        const DWORD attributes = GetFileAttributesA((std::string(system) + "\\" + name).c_str());
-        EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES) << name;
-    }
-}
 
 struct ProcessState
 {
