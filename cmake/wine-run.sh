@@ -11,6 +11,8 @@ set -euo pipefail
 
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 graphics=${ML_WINE_GRAPHICS:-null}
+managed=N # without a window manager each message box would wait two seconds for one
+[[ $graphics == x11 ]] && managed=Y
 prefix=${ML_WINE_PREFIX:-$repository/build/wine-prefix}
 if [[ -e $prefix && ! -O $prefix ]]; then
     prefix=$prefix-$(id -u) # Wine refuses the prefix of another user
@@ -42,7 +44,7 @@ make_prefix()
     {
         printf 'REGEDIT4\r\n\r\n'
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\r\n"ShowCrashDialog"=dword:00000000\r\n\r\n'
-        printf '[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n\r\n'
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="%s"\r\n\r\n' "$managed"
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Drivers]\r\n"Graphics"="%s"\r\n' "$graphics"
     } >"$prefix/settings.reg"
     "$wine" regedit.exe /S "$prefix/settings.reg" || return
