@@ -1,0 +1,67 @@
+#include "grid/GridTexts.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+using testing::ElementsAre;
+
+class GridTexts : public testing::Test
+{
+protected:
+    GridTexts()
+    {
+        model.Reset(3);
+        model.SetRowCount(4);
+        model.SetHeaderStyle(1, 1, GridValueType::Number);
+        model.HideColumn(2, true);
+        model.SetHeaderText(1, "\n");
+        model.SetHeaderText(3, "Name");
+        for (int row = 1; row <= 4; ++row)
+        {
+            model.SetCell(row, 1, 0, std::to_string(row));
+        }
+        model.SetCell(1, 3, 0, "Alpha & \xB0");
+        model.SetCell(2, 3, 0, "beta\twith tab");
+        model.SetCell(3, 3, 0, "BETA");
+    }
+
+    CGridModel model;
+};
+
+TEST_F(GridTexts, CopiesRowsWithHeadersAndOneLinePerRow)
+{
+    const std::vector<int> columns = GetVisibleColumns(model);
+    EXPECT_THAT(columns, ElementsAre(1, 3));
+    EXPECT_EQ(CopyAsText(model, columns, std::vector<int>{1, 2, 4}),
+              " \tName\r\n1\tAlpha & \xB0\r\n2\tbeta with tab\r\n4\t\r\n");
+}
+
+TEST_F(GridTexts, FindsTheFirstTextColumnAndRowsByPrefix)
+{
+    EXPECT_EQ(FindFirstTextColumn(model, GetVisibleColumns(model)), 3);
+    model.SetHeaderStyle(3, 3, GridValueType::Mark);
+    EXPECT_EQ(FindFirstTextColumn(model, GetVisibleColumns(model)), 0);
+
+    EXPECT_EQ(FindRowByPrefix(model, 3, "Be", 1, false), 2);
+    EXPECT_EQ(FindRowByPrefix(model, 3, "bE", 3, false), 3);
+    EXPECT_EQ(FindRowByPrefix(model, 3, "b", 4, false), 0);
+    EXPECT_EQ(FindRowByPrefix(model, 3, "b", 4, true), 2);
+    EXPECT_EQ(FindRowByPrefix(model, 3, "b", 9, true), 2) << "from beyond the last row";
+    EXPECT_EQ(FindRowByPrefix(model, 3, "beta\twith tab and more", 1, true), 0);
+}
+
+TEST_F(GridTexts, MeasuresTheWidestText)
+{
+    int measured = 0;
+    const auto narrowLetters = [&measured](std::string_view text)
+    {
+        ++measured;
+        return static_cast<int>(text.size()) * (text.front() == 'B' ? 10 : 2);
+    };
+    EXPECT_EQ(MeasureColumn(model, 3, 10, narrowLetters), 40);
+    EXPECT_EQ(measured, 3) << "the empty text needs no measuring";
+    EXPECT_EQ(MeasureColumn(model, 2, 10, narrowLetters), 0);
+}
+} // namespace
