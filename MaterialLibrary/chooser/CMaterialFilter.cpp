@@ -1,0 +1,36 @@
+#include "MaterialLibrary/chooser/CMaterialFilter.h"
+
+#include "MaterialLibrary/IMaterial.h"
+#include "MaterialLibrary/resources/Texts.h"
+
+CMaterialFilter::CMaterialFilter(int materialKind, const ChooserFilterSettings& filterSettings)
+    : kind(materialKind), settings(&filterSettings), allTypes(LoadText(MLTEXT_ALL))
+{
+}
+
+bool CMaterialFilter::Accept(IMaterial* material)
+{
+    if (material == nullptr || material->GetKind() != kind)
+    {
+        return false;
+    }
+    return kind == MLMATERIAL_METAL ? AcceptMetal(*material) : AcceptDielectric(*material);
+}
+
+bool CMaterialFilter::AcceptMetal(const IMaterial& material) const
+{
+    return settings->typeText == allTypes || settings->typeText == material.GetTypeName();
+}
+
+bool CMaterialFilter::AcceptDielectric(const IMaterial& material) const
+{
+    int technology = MLTECHNOLOGY_UNKNOWN;
+    if (settings->technology != ChooserFilterSettings::allTechnologies &&
+        material.GetIntAttribute(MLATTR_TECHNOLOGY, &technology) && technology != settings->technology)
+    {
+        return false;
+    }
+    double thickness = 0.0;
+    return !material.GetAttribute(MLATTR_THICKNESS, &thickness) ||
+           !(thickness < settings->thicknessMinimum || thickness > settings->thicknessMaximum);
+}

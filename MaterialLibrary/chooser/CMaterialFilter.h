@@ -1,0 +1,23 @@
+#pragma once
+
+#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
+#include "MaterialLibrary/chooser/IMaterialFilter.h"
+
+// Accepts the materials of one kind that fit the filter settings. The type narrows metals only, technology
+// and thickness dielectrics only: hosts rely on a dielectric chooser showing every type.
+class CMaterialFilter final : public IMaterialFilter
+{
+public:
+    // The settings must outlive the filter; it follows their changes.
+    CMaterialFilter(int materialKind, const ChooserFilterSettings& filterSettings);
+
+    [[nodiscard]] bool Accept(IMaterial* material) override;
+
+private:
+    [[nodiscard]] bool AcceptMetal(const IMaterial& material) const;
+    [[nodiscard]] bool AcceptDielectric(const IMaterial& material) const;
+
+    int kind;
+    const ChooserFilterSettings* settings;
+    std::string allTypes;
+};

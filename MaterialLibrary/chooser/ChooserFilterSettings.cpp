@@ -1,0 +1,13 @@
+#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
+
+#include "MaterialLibrary/resources/Texts.h"
+
+ChooserFilterSettings& GetChooserFilterSettings()
+{
+    static ChooserFilterSettings settings;
+    if (settings.typeText.empty())
+    {
+        settings.typeText = LoadText(MLTEXT_ALL);
+    }
+    return settings;
+}

@@ -1,0 +1,82 @@
+#include "tests/chooser/MakeLibrary.h"
+
+#include "MaterialLibrary/chooser/CMaterialFilter.h"
+#include "MaterialLibrary/chooser/ThicknessUnits.h"
+#include "MaterialLibrary/chooser/TypeNames.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace
+{
+TEST(CMaterialFilter, NarrowsMetalsByTypeAndDielectricsByTheRest)
+{
+    CFakeMaterialLib library;
+    CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "foil", "ED");
+    CMaterial& laminate = AddMaterial(library, MLMATERIAL_DIELECTRIC, "laminate", "FR4");
+    ChooserFilterSettings settings;
+    settings.typeText = "<All>";
+    CMaterialFilter metals(MLMATERIAL_METAL, settings);
+    CMaterialFilter dielectrics(MLMATERIAL_DIELECTRIC, settings);
+    EXPECT_TRUE(metals.Accept(&foil));
+    EXPECT_FALSE(metals.Accept(&laminate));
+    EXPECT_FALSE(metals.Accept(nullptr));
+
+    settings.typeText = "ed";
+    EXPECT_FALSE(metals.Accept(&foil)) << "types are compared with case";
+    EXPECT_TRUE(dielectrics.Accept(&laminate)) << "whatever their type";
+    settings.typeText = "ED";
+    settings.technology = MLTECHNOLOGY_CORE;
+    settings.thicknessMinimum = 1.0;
+    foil.SetAttribute(MLATTR_THICKNESS, 0.5);
+    EXPECT_TRUE(metals.Accept(&foil));
+
+    EXPECT_FALSE(dielectrics.Accept(&laminate)) << "its technology is unknown";
+    laminate.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_CORE);
+    EXPECT_TRUE(dielectrics.Accept(&laminate)) << "it has no thickness";
+    settings.thicknessMaximum = 2.0;
+    for (const auto& [thickness, accepted] :
+         {std::pair{0.999, false}, {1.0, true}, {2.0, true}, {2.001, false}})
+    {
+        laminate.SetAttribute(MLATTR_THICKNESS, thickness);
+        EXPECT_EQ(dielectrics.Accept(&laminate), accepted) << thickness;
+    }
+}
+
+TEST(ChooserFilterSettings, BeginWithEverything)
+{
+    EXPECT_EQ(GetChooserFilterSettings().typeText, "<All>");
+    EXPECT_EQ(GetChooserFilterSettings().thicknessMaximum, 0.01);
+    GetChooserFilterSettings().typeText = "FR4";
+    EXPECT_EQ(GetChooserFilterSettings().typeText, "FR4");
+}
+
+TEST(ThicknessUnits, RoundToTheTenthOfAThousandth)
+{
+    EXPECT_EQ(FormatThickness(0.0002, MLUNITS_METRIC), "200");
+    EXPECT_EQ(FormatThickness(0.0002, MLUNITS_ENGLISH), "7.874");
+    EXPECT_EQ(FormatThickness(0.0001, MLUNITS_ENGLISH), "3.937");
+    EXPECT_EQ(FormatThickness(0.01, MLUNITS_ENGLISH), "393.7008");
+    EXPECT_EQ(FormatThickness(1.23456789e-6, MLUNITS_METRIC), "1.2346");
+    EXPECT_EQ(FormatThickness(-1.23456789e-6, MLUNITS_METRIC), "-1.2346");
+    EXPECT_EQ(FormatThickness(0.0, MLUNITS_METRIC), "0") << "without a sign";
+    EXPECT_EQ(ThicknessFromMetres(1e300, MLUNITS_METRIC), std::trunc(1e306 / 0.0001) * 0.0001);
+    EXPECT_TRUE(std::isnan(ThicknessFromMetres(std::numeric_limits<double>::quiet_NaN(), MLUNITS_METRIC)));
+    EXPECT_DOUBLE_EQ(ThicknessToMetres(200.0, MLUNITS_METRIC), 0.0002);
+    EXPECT_EQ(&GetThicknessUnit(7), &GetThicknessUnit(MLUNITS_ENGLISH));
+}
+
+TEST(ListTypeNames, NamesEachTypeOfTheKindOnceFromTheLast)
+{
+    CFakeMaterialLib library;
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "1", "A");
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "2", "B");
+    AddMaterial(library, MLMATERIAL_METAL, "3", "C");
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "4", "A");
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "5", "a");
+    EXPECT_THAT(ListTypeNames(library, MLMATERIAL_DIELECTRIC), testing::ElementsAre("a", "A", "B"));
+    EXPECT_THAT(ListTypeNames(library, MLMATERIAL_METAL), testing::ElementsAre("C"));
+}
+} // namespace

@@ -1,0 +1,186 @@
+#include "tests/chooser/MakeLibrary.h"
+
+#include "MaterialLibrary/chooser/CMaterialRows.h"
+#include "MaterialLibrary/chooser/IMaterialFilter.h"
+#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+using testing::ElementsAre;
+
+struct COwner final : ISelectionChangeNotifier, IMaterialFilter
+{
+    void OnSelectionChange() override {}
+    IMaterial* GetAssignedMaterial() override { return assigned; }
+    bool Accept(IMaterial* material) override { return material != rejected; }
+
+    IMaterial* assigned = nullptr;
+    IMaterial* rejected = nullptr;
+};
+
+class MaterialRows : public testing::Test
+{
+protected:
+    MaterialRows()
+    {
+        rows.SetNotifier(&owner);
+        rows.SetFilter(&owner);
+    }
+
+    // The texts of the columns with these keys.
+    [[nodiscard]] std::vector<std::string> Texts(int row, const std::vector<int>& keys) const
+    {
+        std::vector<std::string> texts;
+        for (const int key : keys)
+        {
+            texts.emplace_back(model.GetText(row, model.FindColumn(key)));
+        }
+        return texts;
+    }
+
+    // The texts of one column from the first row to the last.
+    [[nodiscard]] std::vector<std::string> Column(int key) const
+    {
+        std::vector<std::string> texts;
+        for (int row = 1; row <= model.GetRowCount(); ++row)
+        {
+            texts.emplace_back(model.GetText(row, model.FindColumn(key)));
+        }
+        return texts;
+    }
+
+    CFakeMaterialLib library;
+    CGridModel model;
+    COwner owner;
+    CMaterialRows rows{model, library};
+};
+
+TEST_F(MaterialRows, ShowOneRowForEachTemperatureFromTheLastMaterial)
+{
+    CMaterial& first = AddMaterial(library, MLMATERIAL_DIELECTRIC, "first", "FR4");
+    first.SetAttribute(MLATTR_THICKNESS, 0.0002);
+    first.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_PREPREG);
+    first.SetVendor("vendor");
+    first.SetComment("comment");
+    AddTable(first, MLTABLE_ER, 25.0, {4.25});
+    AddTable(first, MLTABLE_LOSS_TANGENT, 25.0, {0.02, 0.03});
+    AddTable(first, MLTABLE_ER, 85.5, {1.0 / 3.0});
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "without tables");
+    CMaterial& last = AddMaterial(library, MLMATERIAL_DIELECTRIC, "last");
+    AddTable(last, MLTABLE_ER, -40.0, {});
+    owner.assigned = &first;
+
+    rows.SetUp(MLMATERIAL_DIELECTRIC);
+    const std::vector<int> shown = {1, 2, 4, 5, 6, 9, 10, 11, 12, 13};
+    ASSERT_EQ(model.GetRowCount(), 3);
+    EXPECT_THAT(Texts(1, shown), ElementsAre("", "", "N/A", "N/A", "N/A", "last", "-40", "", "", ""));
+    EXPECT_THAT(Texts(2, shown), ElementsAre("1", "FR4", "7.874", "4.25", "TABLE", "first", "25", "Prepreg",
+                                             "vendor", "comment"));
+    EXPECT_THAT(Texts(3, {5, 6, 10}), ElementsAre("0.3333333333333", "TABLE", "85.5"))
+        << "the loss tangent at 85.5 °C is derived, and no row of its own";
+    rows.SetTechnologies(nullptr);
+    owner.rejected = &last;
+    rows.Refill();
+    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("first", "first"));
+    EXPECT_THAT(Column(COLUMNKEY_TECHNOLOGY), ElementsAre("", ""));
+}
+
+TEST_F(MaterialRows, ShowMetalsInColumnsOfTheirOwn)
+{
+    CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "foil");
+    foil.SetAttribute(MLATTR_BULK_RESISTIVITY, 1.7e-8);
+    AddTable(foil, MLTABLE_ROUGHNESS_TOP, 25.0, {1.5});
+    CMaterial& other = AddMaterial(library, MLMATERIAL_METAL, "other");
+    other.SetAttribute(MLATTR_BULK_RESISTIVITY, 0.0);
+    AddTable(other, MLTABLE_ROUGHNESS_TOP, 25.0, {1.5, 2.0});
+    rows.SetUp(MLMATERIAL_METAL);
+    EXPECT_THAT(Texts(1, {3, 7, 8, 10}), ElementsAre("", "TABLE", "N/A", ""));
+    EXPECT_THAT(Texts(2, {3, 7, 8, 10}), ElementsAre("1.7e-08", "1.5", "N/A", ""));
+    model.SetCurrentCell({2, 1});
+    EXPECT_EQ(rows.GetCurrentMaterial(), &foil);
+    EXPECT_EQ(rows.GetCurrentTemperature(), 0.0) << "metals show no temperature";
+
+    const auto hidden = [this](int kind)
+    {
+        rows.SetUp(kind);
+        std::vector<int> keys;
+        for (int column = 1; column <= model.GetColumnCount(); ++column)
+        {
+            if (model.IsColumnHidden(column))
+            {
+                keys.push_back(model.GetUserAttribute(column));
+            }
+        }
+        return keys;
+    };
+    EXPECT_THAT(hidden(MLMATERIAL_METAL), ElementsAre(4, 5, 6, 10, 11));
+    EXPECT_THAT(hidden(MLMATERIAL_DIELECTRIC), ElementsAre(3, 7, 8));
+    EXPECT_THAT(hidden(MLMATERIAL_NOT_SET), ElementsAre());
+}
+
+TEST_F(MaterialRows, ChangeUnitsExceptInTheLastRow)
+{
+    for (const char* const name : {"c", "b", "a"})
+    {
+        CMaterial& material = AddMaterial(library, MLMATERIAL_DIELECTRIC, name);
+        AddTable(material, MLTABLE_ER, 25.0, {4.0});
+        if (*name != 'b')
+        {
+            material.SetAttribute(MLATTR_THICKNESS, 0.0001);
+        }
+    }
+    rows.SetUp(MLMATERIAL_DIELECTRIC);
+    EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness"));
+    rows.SetUnits(MLUNITS_METRIC);
+    EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness (um)"));
+    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "3.937"));
+    rows.Refill();
+    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "100"));
+    rows.SetUnits(MLUNITS_ENGLISH);
+    EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness (mils)"));
+}
+
+TEST_F(MaterialRows, KnowMaterialsByName)
+{
+    CMaterial& earlier = AddMaterial(library, MLMATERIAL_DIELECTRIC, "same");
+    AddTable(earlier, MLTABLE_ER, 25.0, {4.0});
+    CMaterial& later = AddMaterial(library, MLMATERIAL_DIELECTRIC, "same");
+    AddTable(later, MLTABLE_ER, 85.0, {4.0});
+    AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "Same"), MLTABLE_ER, 25.0, {4.0});
+    rows.SetUp(MLMATERIAL_DIELECTRIC);
+    owner.assigned = &earlier;
+    rows.RefreshAssignedMarker();
+    EXPECT_THAT(Column(COLUMNKEY_MARKER), ElementsAre("", "1", "1"));
+
+    EXPECT_EQ(rows.GetCurrentMaterial(), nullptr);
+    model.SelectRows(3, 3, true);
+    EXPECT_EQ(rows.GetCurrentMaterial(), &later);
+    EXPECT_EQ(rows.GetCurrentTemperature(), 25.0);
+    model.SelectRows(2, 2, true);
+    EXPECT_EQ(rows.GetCurrentMaterial(), nullptr) << "two rows";
+    EXPECT_EQ(rows.GetCurrentTemperature(), 0.0);
+    owner.assigned = nullptr;
+    rows.RefreshAssignedMarker();
+    EXPECT_THAT(Column(COLUMNKEY_MARKER), ElementsAre("", "", ""));
+}
+
+TEST_F(MaterialRows, SortInTheNaturalOrderOfTexts)
+{
+    for (const char* const name : {"Layer10", "layer2", "", "a-b", "a_b"})
+    {
+        AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, name), MLTABLE_ER, 25.0, {4.0});
+    }
+    rows.SetUp(MLMATERIAL_DIELECTRIC);
+    rows.ClickHeader(model.FindColumn(COLUMNKEY_MATERIAL));
+    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("a_b", "a-b", "layer2", "Layer10", ""));
+    rows.ClickHeader(model.FindColumn(COLUMNKEY_MATERIAL));
+    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("Layer10", "layer2", "a-b", "a_b", ""));
+    rows.Refill();
+    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("a_b", "a-b", "", "layer2", "Layer10"))
+        << "refilled rows stand in the library's order";
+    EXPECT_EQ(model.GetSortedBy(), GridSortKey());
+}
+} // namespace
