@@ -21,6 +21,8 @@ public:
     // Every material, in the order of the files.
     [[nodiscard]] std::vector<IMaterial*> ListAll() const;
 
+    [[nodiscard]] IMatLib& GetLibrary() const { return *library; }
+
     // exitFine, or exitFailed when a file is missing or was refused.
     [[nodiscard]] int GetExitCode() const;
 

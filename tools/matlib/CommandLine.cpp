@@ -194,6 +194,33 @@ void AddCheck(CLI::App& app, Options& options)
         });
 }
 
+void AddChoose(CLI::App& app, Options& options)
+{
+    CLI::App& choose = AddCommand(app, options, Command::choose, "choose",
+                                  "Open the dialog and print the material that is assigned in it (Windows)",
+                                  "matlib choose --kind metal --lib foils.mat");
+    choose
+        .add_option_function<std::string>(
+            "--kind",
+            [&options](const std::string& text) {
+                options.materialKind =
+                    EqualIgnoringCase(text, "metal") ? MLMATERIAL_METAL : MLMATERIAL_DIELECTRIC;
+            },
+            "What to choose: dielectric or metal")
+        ->type_name("KIND")
+        ->default_str("dielectric")
+        ->check(
+            [](const std::string& text)
+            {
+                return EqualIgnoringCase(text, "dielectric") || EqualIgnoringCase(text, "metal")
+                           ? std::string()
+                           : Quote(text) + " is unknown; use dielectric or metal";
+            });
+    choose.add_option("--current", options.assigned, "The material that is assigned at first")
+        ->type_name("NAME");
+    AddLibraryFiles(choose, options);
+}
+
 void DescribeProgram(CLI::App& app, Options& options)
 {
     app.allow_windows_style_options(false); // paths begin with "/"
@@ -214,6 +241,7 @@ void DescribeProgram(CLI::App& app, Options& options)
     AddValue(app, options);
     AddSweep(app, options);
     AddCheck(app, options);
+    AddChoose(app, options);
 }
 
 std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error)
@@ -223,7 +251,7 @@ std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error
     {
         const auto strangers = app.remaining();
         return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
-               "; use list, show, value, sweep or check (see matlib --help)";
+               "; use list, show, value, sweep, check or choose (see matlib --help)";
     }
     return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
 }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-// The material library as a host reaches it. Messages never open a box: they are kept until they are
-// taken.
+// The material library as a host reaches it. Messages open no box unless told so: they are kept
+// until they are taken.
 class ILibraryHost
 {
 public:
@@ -19,6 +19,9 @@ public:
 
     // The texts that the library showed since the last call, in their order.
     [[nodiscard]] virtual std::vector<std::string> TakeMessages() = 0;
+
+    // From now on the library's messages open boxes, where it has a dialog of which they are a part.
+    virtual void ShowMessagesInBoxes() = 0;
 };
 
 // The library of this build: linked, or on Windows the DLL at `dllPath` (empty: MaterialLibrary.dll beside

@@ -11,7 +11,8 @@ enum class Command
     show,
     value,
     sweep,
-    check
+    check,
+    choose
 };
 
 // What the user asked for; each command reads only its own part.
@@ -22,13 +23,15 @@ struct Options
     std::string dllPath;                   // Windows only; empty: the library beside the program
     bool json = false;
 
-    std::string material;                  // show, value, sweep
-    MLTABLEKIND property = MLTABLE_ER;     // value
-    double frequency = 0.0;                // value, Hz
-    double temperature = 25.0;             // value, sweep, °C
-    double sweepFrom = 1e6;                // sweep, Hz
-    double sweepTo = 2e10;                 // sweep, Hz
-    int sweepPoints = 200;                 // sweep, at least 2
-    bool sweepLogarithmic = false;         // sweep
-    std::vector<std::string> filesToCheck; // check
+    std::string material;                                // show, value, sweep
+    MLTABLEKIND property = MLTABLE_ER;                   // value
+    double frequency = 0.0;                              // value, Hz
+    double temperature = 25.0;                           // value, sweep, °C
+    double sweepFrom = 1e6;                              // sweep, Hz
+    double sweepTo = 2e10;                               // sweep, Hz
+    int sweepPoints = 200;                               // sweep, at least 2
+    bool sweepLogarithmic = false;                       // sweep
+    std::vector<std::string> filesToCheck;               // check
+    MLMATERIALKIND materialKind = MLMATERIAL_DIELECTRIC; // choose
+    std::string assigned;                                // choose; empty: no material
 };

@@ -29,5 +29,10 @@ enum class PathState
 // Makes the standard streams pass every byte on as it is, and errors of the system silent.
 void PrepareProcess();
 
+// Whether the library has a dialog, and where it has none, where to find it.
+[[nodiscard]] bool HasDialog();
+inline constexpr const char* dialogHint =
+    "the dialog needs the Windows build; under Wine: cmake/wine-run.sh build/windows/bin/matlib.exe choose";
+
 // Whether there is a DLL to choose.
 [[nodiscard]] bool HasLoadableLibrary();

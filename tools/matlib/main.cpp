@@ -23,6 +23,8 @@ int RunCommand(const Options& options)
         return RunSweep(options, *host);
     case Command::check:
         return RunCheck(options, *host);
+    case Command::choose:
+        return RunChoose(options, *host);
     }
     return exitWrongUsage;
 }

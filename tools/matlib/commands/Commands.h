@@ -21,3 +21,6 @@
 
 // Whether each file can be read, and where and why not. exitFailed if any cannot.
 [[nodiscard]] int RunCheck(const Options& options, ILibraryHost& host);
+
+// The material that the user assigns in the library's dialog. exitFailed when there is none.
+[[nodiscard]] int RunChoose(const Options& options, ILibraryHost& host);

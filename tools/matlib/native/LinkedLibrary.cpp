@@ -19,6 +19,7 @@ public:
     [[nodiscard]] IMatLib* Create(const char* fileList) override { return CreateMaterialLibrary(fileList); }
     void Free(IMatLib* library) override { FreeMaterialLibrary(library); }
     [[nodiscard]] std::vector<std::string> TakeMessages() override { return std::exchange(messages, {}); }
+    void ShowMessagesInBoxes() override {} // there are no boxes
 
 private:
     int Show(msg::WindowHandle, const char* text, const char*, unsigned) override

@@ -19,3 +19,8 @@ bool HasLoadableLibrary()
 {
     return false;
 }
+
+bool HasDialog()
+{
+    return false;
+}

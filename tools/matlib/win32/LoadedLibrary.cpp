@@ -91,11 +91,14 @@ public:
         }
         setSink(&Receive, &messages);
     }
-    ~CMessageModule() { setSink(nullptr, nullptr); }
+    ~CMessageModule() { Leave(); }
     CMessageModule(const CMessageModule&) = delete;
     CMessageModule& operator=(const CMessageModule&) = delete;
 
     [[nodiscard]] std::vector<std::string> Take() { return std::exchange(messages, {}); }
+
+    // The library goes on without the module.
+    void Leave() const { setSink(nullptr, nullptr); }
 
 private:
     static void Receive(void* context, const char* text)
@@ -121,6 +124,7 @@ public:
     [[nodiscard]] IMatLib* Create(const char* fileList) override { return create(fileList); }
     void Free(IMatLib* library) override { free(library); }
     [[nodiscard]] std::vector<std::string> TakeMessages() override { return messages.Take(); }
+    void ShowMessagesInBoxes() override { messages.Leave(); }
 
 private:
     CMessageModule messages;

@@ -27,3 +27,8 @@ bool HasLoadableLibrary()
 {
     return true;
 }
+
+bool HasDialog()
+{
+    return true;
+}

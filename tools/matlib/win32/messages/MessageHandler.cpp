@@ -1,4 +1,4 @@
-// MsgHandler.dll of matlib.exe: hands every message of the material library to the program. No box opens.
+// MsgHandler.dll of matlib.exe: hands every message of the material library to the program while it listens.
 #include "shared/MessageManager/IManager.h"
 #include "tools/matlib/win32/messages/MessageSink.h"
 
@@ -80,12 +80,13 @@ extern "C"
         return &manager;
     }
 
+    // The library asks before each message: without a sink it opens a box.
     __declspec(dllexport) bool IsMsgHandlerEnabled()
     {
-        return true;
+        return currentSink != nullptr;
     }
 
-    // The library looks for this entry point; the program's messages are never switched off.
+    // The library looks for this entry point; the sink alone decides.
     __declspec(dllexport) void SetMsgHandlerEnabled(bool) {}
 
     __declspec(dllexport) void SetMessageSink(MessageSink sink, void* context)
