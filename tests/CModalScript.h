@@ -5,8 +5,8 @@
 #include <deque>
 #include <functional>
 
-// Runs steps one after the other from within modal loops of the calling thread, each when the window system
-// has come to rest. At the end of a test IsDone tells whether all of them ran: a modal loop that never began
+// Runs steps one after the other from within modal loops of the calling thread, each while the loop's window
+// is shown. At the end of a test IsDone tells whether all of them ran: a modal loop that never began
 // runs none. There is one script at a time.
 class CModalScript
 {
@@ -29,7 +29,8 @@ public:
 private:
     void RunStep()
     {
-        if (!steps.empty())
+        const HWND active = GetActiveWindow(); // the system shows a dialog when there is nothing else to do
+        if (!steps.empty() && IsWindowVisible(active) != FALSE && IsWindowEnabled(active) != FALSE)
         {
             const auto step = std::move(steps.front());
             steps.pop_front();
