@@ -25,8 +25,10 @@ status=0
 for target in "${targets[@]}"; do
     log=build/fuzz/$target.log
     mkdir -p "build/fuzz/corpus/$target"
-    seeds=("fuzz/corpus/$target")
-    [[ $target == file ]] && seeds+=(examples/materials)
+    case $target in
+    file | check) seeds=(fuzz/corpus/file examples/materials tests/cli/data) ;;
+    *) seeds=("fuzz/corpus/$target") ;;
+    esac
     failed=""
     echo "$target: $seconds seconds"
     "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -print_final_stats=1 -timeout=20 \

@@ -18,7 +18,8 @@ declare -A arrows=(
     [MaterialLibrary/chooser]="include MaterialLibrary/model MaterialLibrary/chart MaterialLibrary/resources grid shared"
     [grid]="shared"
     [framework]="shared"
-    [tools/matlib]="include shared"
+    [tools/matlib]="include shared tools/matlib/check"
+    [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/resources shared tools/matlib"
     [examples/host]="include"
 )
 

@@ -175,15 +175,19 @@ void AddSweep(CLI::App& app, Options& options)
 
 void AddCheck(CLI::App& app, Options& options)
 {
-    CLI::App& check = AddCommand(app, options, Command::check, "check",
-                                 "Say of every file whether it is good, or where and why not",
-                                 "matlib check laminates.mat foils.mat");
+    CLI::App& check =
+        AddCommand(app, options, Command::check, "check",
+                   "Say of every file whether it is good, where and why not, and what looks odd in it",
+                   "matlib check laminates.mat foils.mat");
     const auto setFiles = [&options](const std::vector<std::string>& lists)
     { options.filesToCheck = SplitPaths(lists); };
     check.add_option_function<std::vector<std::string>>("FILE", setFiles, "Material files")
         ->required()
         ->type_name("")
         ->check(DescribeBadList);
+    check.add_flag("--strict", options.strict, "Take warnings for errors");
+    check.add_flag("--all-errors", options.allErrors,
+                   "Go on behind the first error of a file to list the rest");
     check.final_callback(
         [&options]
         {

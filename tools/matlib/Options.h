@@ -34,4 +34,6 @@ struct Options
     std::vector<std::string> filesToCheck;               // check
     MLMATERIALKIND materialKind = MLMATERIAL_DIELECTRIC; // choose
     std::string assigned;                                // choose; empty: no material
+    bool strict = false;                                 // check: warnings make a file bad
+    bool allErrors = false;                              // check: go on behind the first error of a file
 };

@@ -4,35 +4,60 @@
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
+#include "tools/matlib/check/CMaterialFileParser.h"
+#include "tools/matlib/check/FindWarnings.h"
 #include "tools/matlib/commands/Commands.h"
 
 #include "MaterialLibrary/IMaterial.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 
 namespace
 {
 struct Verdict
 {
     std::string path;
-    std::optional<FileProblem> problem; // nothing: the file is good
+    std::optional<FileProblem> problem; // nothing: the library takes the file
+    std::vector<Finding> findings;      // errors that have a place among them
     int dielectrics = 0;
     int metals = 0;
 };
 
-Verdict CheckFile(const std::string& path, ILibraryHost& host)
+bool IsGood(const Verdict& verdict, const Options& options)
+{
+    return !verdict.problem && (verdict.findings.empty() || !options.strict);
+}
+
+// Reads the file once more, for its author.
+std::vector<Finding> FindAll(const std::string& path, AfterError afterError)
+{
+    std::ifstream stream(path, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    ParsedFile file = CMaterialFileParser::Parse(text.data(), afterError);
+    std::vector<Finding> findings = FindWarnings(file);
+    std::ranges::move(file.errors, std::back_inserter(findings));
+    std::ranges::stable_sort(findings, {}, &Finding::place);
+    return findings;
+}
+
+Verdict CheckFile(const std::string& path, const Options& options, ILibraryHost& host)
 {
     if (const char* const reason = DescribeUnreadable(QueryPath(path.c_str())))
     {
-        return {path, FileProblem{{}, {}, reason}};
+        return {path, FileProblem{{}, {}, reason}, {}};
     }
     const LibraryPtr library = MakeLibrary(host, {path});
+    Verdict verdict{path, {}, {}};
     for (const std::string& message : host.TakeMessages())
     {
-        if (auto problem = FindFileProblem(message, path))
-        {
-            return {path, std::move(problem)};
-        }
+        verdict.problem = verdict.problem ? verdict.problem : FindFileProblem(message, path);
     }
-    Verdict verdict{path, {}};
+    if (!verdict.problem || verdict.problem->line)
+    {
+        verdict.findings = FindAll(path, options.allErrors ? AfterError::goOn : AfterError::stop);
+    }
     for (int index = library->GetMaterialCount() - 1; index >= 0; --index)
     {
         ++(library->GetMaterial(index)->GetKind() == MLMATERIAL_METAL ? verdict.metals : verdict.dielectrics);
@@ -42,29 +67,48 @@ Verdict CheckFile(const std::string& path, ILibraryHost& host)
 
 std::string DescribeCounts(const Verdict& verdict)
 {
+    std::string text = "no materials";
     if (verdict.metals > 0)
     {
-        return FormatCount(verdict.metals, "metal");
+        text = FormatCount(verdict.metals, "metal");
     }
-    return verdict.dielectrics > 0 ? FormatCount(verdict.dielectrics, "dielectric") : "no materials";
+    else if (verdict.dielectrics > 0)
+    {
+        text = FormatCount(verdict.dielectrics, "dielectric");
+    }
+    return verdict.findings.empty()
+               ? text
+               : text + ", " + FormatCount(static_cast<int>(verdict.findings.size()), "warning");
 }
 
-std::string RenderVerdict(const Verdict& verdict)
+std::string RenderVerdict(const Verdict& verdict, const Options& options)
 {
     const std::string path = MakePrintable(verdict.path);
-    if (verdict.problem)
+    std::string text;
+    for (const Finding& finding : verdict.findings)
     {
-        const auto& [line, column, reason] = *verdict.problem;
-        const std::string place =
-            line && column ? ":" + std::to_string(*line) + ":" + std::to_string(*column) : "";
-        return path + place + ": bad: " + reason + "\n";
+        text += path + ":" + std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) +
+                (finding.isError || options.strict ? ": bad: " : ": warning: ") + finding.text + "\n";
     }
-    return path + ": good, " + DescribeCounts(verdict) + "\n";
+    if (verdict.problem && verdict.findings.empty())
+    {
+        text += path + ": bad: " + verdict.problem->reason + "\n";
+    }
+    return IsGood(verdict, options) ? text + path + ": good, " + DescribeCounts(verdict) + "\n" : text;
 }
 
-Json VerdictAsJson(const Verdict& verdict)
+Json FindingAsJson(const Finding& finding)
 {
-    Json json = {{"path", verdict.path}, {"good", !verdict.problem.has_value()}};
+    return {{"severity", finding.isError ? "error" : "warning"},
+            {"line", finding.place.line},
+            {"column", finding.place.column},
+            {"rule", finding.rule},
+            {"text", finding.text}};
+}
+
+Json VerdictAsJson(const Verdict& verdict, const Options& options)
+{
+    Json json = {{"path", verdict.path}, {"good", IsGood(verdict, options)}};
     if (verdict.problem)
     {
         const auto& [line, column, reason] = *verdict.problem;
@@ -77,6 +121,8 @@ Json VerdictAsJson(const Verdict& verdict)
         json["dielectrics"] = verdict.dielectrics;
         json["metals"] = verdict.metals;
     }
+    json["findings"] = Json::array();
+    std::ranges::transform(verdict.findings, std::back_inserter(json["findings"]), FindingAsJson);
     return json;
 }
 } // namespace
@@ -88,10 +134,10 @@ int RunCheck(const Options& options, ILibraryHost& host)
     bool allGood = true;
     for (const std::string& path : options.filesToCheck)
     {
-        const Verdict verdict = CheckFile(path, host);
-        allGood = allGood && !verdict.problem;
-        text += RenderVerdict(verdict);
-        list.push_back(VerdictAsJson(verdict));
+        const Verdict verdict = CheckFile(path, options, host);
+        allGood = allGood && IsGood(verdict, options);
+        text += RenderVerdict(verdict, options);
+        list.push_back(VerdictAsJson(verdict, options));
     }
     PrintOutput(options.json ? RenderJson(list) : text);
     return allGood ? exitFine : exitFailed;

@@ -19,7 +19,7 @@
 // The properties of a material over a range of frequencies.
 [[nodiscard]] int RunSweep(const Options& options, ILibraryHost& host);
 
-// Whether each file can be read, and where and why not. exitFailed if any cannot.
+// Whether each file can be read, where and why not, and what looks odd in it. exitFailed if any is bad.
 [[nodiscard]] int RunCheck(const Options& options, ILibraryHost& host);
 
 // The material that the user assigns in the library's dialog. exitFailed when there is none.

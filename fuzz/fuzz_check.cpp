@@ -1,0 +1,72 @@
+// Any bytes as a material file for its author: refused exactly where the library refuses them.
+#include "shared/MessageManager/ISystemMessageBox.h"
+#include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/check/CMaterialFileParser.h"
+#include "tools/matlib/check/FindWarnings.h"
+
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "MaterialLibrary/reader/LoadMaterialFile.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+namespace
+{
+class LastMessage final : public msg::ISystemMessageBox
+{
+public:
+    int Show(msg::WindowHandle, const char* message, const char*, unsigned) override
+    {
+        text = message;
+        return msg::answerOk;
+    }
+    [[nodiscard]] msg::WindowHandle FindMainWindow() override { return nullptr; }
+    [[nodiscard]] std::string GetApplicationName() override { return "fuzz"; }
+    [[nodiscard]] std::string GetExecutablePath() override { return {}; }
+
+    std::string text;
+};
+
+void Require(bool condition)
+{
+    if (!condition)
+    {
+        std::abort();
+    }
+}
+
+void RequireSameError(const std::vector<Finding>& errors, const FileProblem& problem)
+{
+    Require(!errors.empty());
+    Require(errors.front().place == Place{*problem.line, *problem.column});
+    Require(errors.front().text == problem.reason);
+}
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static LastMessage message;
+    msg::ReplaceSystemMessageBox(&message);
+    std::string text(reinterpret_cast<const char*>(data), size);
+    CFakeMaterialLib library;
+    const bool loaded = LoadMaterialText(library, text.data(), "fuzz.mat");
+    const ParsedFile first = CMaterialFileParser::Parse(text.data(), AfterError::stop);
+    const ParsedFile whole = CMaterialFileParser::Parse(text.data(), AfterError::goOn);
+    Require(text == std::string(reinterpret_cast<const char*>(data), size));
+    Require(first.errors.size() == (loaded ? 0 : 1));
+    Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);
+    if (loaded)
+    {
+        Require(static_cast<int>(first.materials.size()) == library.GetMaterialCount());
+    }
+    else
+    {
+        const auto problem = FindFileProblem(message.text, "fuzz.mat");
+        RequireSameError(first.errors, problem.value());
+        RequireSameError(whole.errors, problem.value());
+    }
+    Require(std::ranges::is_sorted(FindWarnings(whole), {}, &Finding::place));
+    return 0;
+}

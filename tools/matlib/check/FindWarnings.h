@@ -1,0 +1,7 @@
+#pragma once
+
+#include "tools/matlib/check/ParsedFile.h"
+
+// What the library reads as it stands but the author hardly meant, in the order of the file. Of equal
+// warnings about the rows of one table only the first.
+[[nodiscard]] std::vector<Finding> FindWarnings(const ParsedFile& file);

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "MaterialLibrary/resources/TextIds.h"
+
+#include <string_view>
+
+// The library's own sentence for that reason to refuse a file.
+[[nodiscard]] std::string_view GetReasonText(MLTEXTID reason);
