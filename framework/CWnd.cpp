@@ -184,14 +184,14 @@ LRESULT CWnd::Default(UINT message, WPARAM wParam, LPARAM lParam)
     return current != nullptr ? current->PassBelow(this, message, wParam, lParam) : 0;
 }
 
-void RegisterPlainWindowClass(const wchar_t* name, UINT style, HBRUSH background)
+void RegisterPlainWindowClass(const wchar_t* name, UINT style, HBRUSH background, HCURSOR cursor)
 {
     WNDCLASSEXW settings{};
     settings.cbSize = sizeof settings;
     settings.style = style;
     settings.lpfnWndProc = DefWindowProcW;
     settings.hInstance = GetModuleInstance();
-    settings.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    settings.hCursor = cursor;
     settings.hbrBackground = background;
     settings.lpszClassName = name;
     RegisterClassExW(&settings);

@@ -54,8 +54,10 @@ private:
 };
 
 // Registers a window class of the module for controls of dialog templates and other windows that a CWnd is
-// attached to: by itself it does nothing but the system's default. Registering twice does no harm.
-void RegisterPlainWindowClass(const wchar_t* name, UINT style = CS_DBLCLKS, HBRUSH background = nullptr);
+// attached to: by itself it does nothing but the system's default. Registering twice does no harm. Windows of
+// a class without a cursor show what was set last.
+void RegisterPlainWindowClass(const wchar_t* name, UINT style = CS_DBLCLKS, HBRUSH background = nullptr,
+                              HCURSOR cursor = LoadCursorA(nullptr, IDC_ARROW));
 
 // What CreatePlainWindow needs to know.
 struct PlainWindowSettings

@@ -1,0 +1,255 @@
+#include "MaterialLibrary/chart/win32/CChartControl.h"
+
+#include "framework/DrawingScopes.h"
+#include "framework/ModuleResources.h"
+
+#include "MaterialLibrary/chart/CurveSearch.h"
+#include "MaterialLibrary/resources/CursorIds.h"
+
+#include <windowsx.h>
+
+const UINT chartZoomChangedMessage = RegisterWindowMessageA("__QZ_ChartControl_CCM_ZOOMCHANGED__");
+
+namespace
+{
+HFONT MakeLabelFont()
+{
+    constexpr int height = -10;
+    constexpr int weight = 500;
+    return CreateFontA(height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                       CLIP_DEFAULT_PRECIS, DRAFT_QUALITY, DEFAULT_PITCH, "MS Shell Dlg");
+}
+
+HCURSOR LoadChartCursor(int identifier)
+{
+    return LoadCursorW(GetModuleInstance(), MAKEINTRESOURCEW(identifier));
+}
+
+PixelPoint ToPoint(LPARAM lParam)
+{
+    return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+}
+
+PixelRect ToPixelRect(const RECT& rect)
+{
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+} // namespace
+
+void CChartControl::RegisterWindowClass()
+{
+    // With a cursor of its own the class would show it for a moment at every move of the mouse. A window of
+    // another size has another layout everywhere.
+    RegisterPlainWindowClass(windowClassName, CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW, nullptr, nullptr);
+}
+
+CChartControl::CChartControl()
+    : ownFont(MakeLabelFont()), font(ownFont.Get()), measure(font),
+      arrowCursor(LoadCursorA(nullptr, IDC_ARROW)), chart(*this), mouse(chart, *this)
+{
+    background.Reset(CreateSolidBrush(chart.GetStyle().background));
+    SetCursors(LoadChartCursor(IDC_CHART_ZOOM), LoadChartCursor(IDC_CHART_PAN),
+               LoadChartCursor(IDC_CHART_PICK));
+}
+
+void CChartControl::SetAxisTitle(std::int32_t identifier, std::string_view title, std::string_view unit)
+{
+    chart.GetModel().SetAxisTitle(identifier, title, unit);
+}
+
+void CChartControl::ClearAutomaticPrefix(std::int32_t identifier)
+{
+    chart.GetModel().ClearAutomaticPrefix(identifier);
+}
+
+std::int64_t CChartControl::AddCurve(CChartCurve& curve, std::int32_t horizontalAxis,
+                                     std::int32_t verticalAxis)
+{
+    return chart.AddCurve(curve, horizontalAxis, verticalAxis);
+}
+
+void CChartControl::SetScaleMode(bool horizontalLogarithmic, bool verticalLogarithmic)
+{
+    chart.GetModel().SetScaleMode(horizontalLogarithmic, verticalLogarithmic);
+}
+
+std::int64_t CChartControl::HitTest(PixelPoint point) const
+{
+    return ::HitTest(chart.GetModel(), point);
+}
+
+bool CChartControl::GetAxisRange(std::int32_t identifier, double& lo, double& hi) const
+{
+    return chart.GetModel().GetAxisRange(identifier, lo, hi);
+}
+
+void CChartControl::SetFont(HFONT labelFont)
+{
+    font = labelFont;
+    measure.SetFont(font);
+}
+
+void CChartControl::SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick)
+{
+    zoomCursor = zoom;
+    panCursor = pan;
+    pickCursor = pick;
+}
+
+void CChartControl::Invalidate()
+{
+    chart.Invalidate();
+}
+
+LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_PAINT:
+        OnPaint();
+        return 0;
+    case WM_ERASEBKGND:
+        return TRUE;
+    case WM_CTLCOLORMSGBOX:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORDLG:
+    case WM_CTLCOLORSCROLLBAR:
+    case WM_CTLCOLORSTATIC:
+        return reinterpret_cast<LRESULT>(background.Get());
+    case WM_SIZE:
+    {
+        const LRESULT answer = Default(message, wParam, lParam);
+        mouse.OnSize();
+        return answer;
+    }
+    case WM_MOUSEMOVE:
+        mouse.OnMove(ToPoint(lParam));
+        return 0;
+    case WM_LBUTTONDOWN:
+        mouse.OnButtonDown(ToPoint(lParam));
+        return 0;
+    case WM_LBUTTONUP:
+        mouse.OnButtonUp(ToPoint(lParam));
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        mouse.OnDoubleClick();
+        return Default(message, wParam, lParam);
+    default:
+        return CWnd::HandleMessage(message, wParam, lParam);
+    }
+}
+
+void CChartControl::OnPaint()
+{
+    const CPaintDC paint(GetHandle());
+    RECT client{};
+    GetClientRect(GetHandle(), &client);
+    if (client.right <= 0 || client.bottom <= 0)
+    {
+        return;
+    }
+    const CMemoryDC memory(CreateCompatibleDC(paint.Get()));
+    const CBitmap bitmap(CreateCompatibleBitmap(paint.Get(), client.right, client.bottom));
+    if (!memory || !bitmap)
+    {
+        return;
+    }
+    const CSelectScope bitmapScope(memory.Get(), bitmap.Get());
+    const CSelectScope fontScope(memory.Get(), font);
+    CGdiCanvas canvas(memory.Get());
+    chart.Paint(ToPixelRect(client), canvas);
+    BitBlt(paint.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY);
+}
+
+void CChartControl::SetMouseCursor(ChartCursor cursor)
+{
+    HCURSOR shown = nullptr;
+    switch (cursor)
+    {
+    case ChartCursor::Zoom:
+        shown = zoomCursor;
+        break;
+    case ChartCursor::Pan:
+        shown = panCursor;
+        break;
+    case ChartCursor::Pick:
+        shown = pickCursor;
+        break;
+    case ChartCursor::Arrow:
+        break;
+    }
+    SetCursor(shown != nullptr ? shown : arrowCursor);
+}
+
+std::optional<PixelRect> CChartControl::GetClientArea()
+{
+    RECT client{};
+    if (GetHandle() == nullptr || GetClientRect(GetHandle(), &client) == FALSE)
+    {
+        return std::nullopt;
+    }
+    return ToPixelRect(client);
+}
+
+ITextMeasure* CChartControl::GetTextMeasure()
+{
+    return GetHandle() != nullptr ? &measure : nullptr;
+}
+
+void CChartControl::CaptureMouse()
+{
+    SetCapture(GetHandle());
+}
+
+void CChartControl::ReleaseMouse()
+{
+    if (GetHandle() != nullptr && GetCapture() == GetHandle())
+    {
+        ReleaseCapture();
+    }
+}
+
+void CChartControl::InvalidateChart(bool erase)
+{
+    if (GetHandle() != nullptr) // null would be every window of the desktop
+    {
+        InvalidateRect(GetHandle(), nullptr, erase ? TRUE : FALSE);
+    }
+}
+
+void CChartControl::UpdateNow()
+{
+    if (GetHandle() != nullptr)
+    {
+        UpdateWindow(GetHandle());
+    }
+}
+
+void CChartControl::DrawFeedback(std::span<const PixelLine> lines, Colour colour)
+{
+    if (GetHandle() != nullptr) // null would be the screen
+    {
+        const CClientDC client(GetHandle());
+        CGdiCanvas(client.Get()).DrawXorLines(lines, colour);
+    }
+}
+
+void CChartControl::NotifyZoomChanged()
+{
+    if (const HWND parent = GetHandle() != nullptr ? GetParent(GetHandle()) : nullptr)
+    {
+        SendMessageA(parent, chartZoomChangedMessage, 0, 0);
+    }
+}
+
+std::uint32_t CChartControl::GetMilliseconds()
+{
+    return GetTickCount();
+}
+
+void CChartControl::SleepMilliseconds(std::uint32_t milliseconds)
+{
+    Sleep(milliseconds);
+}

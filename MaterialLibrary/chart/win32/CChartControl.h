@@ -1,0 +1,85 @@
+#pragma once
+
+#include "framework/CWnd.h"
+
+#include "MaterialLibrary/chart/CChart.h"
+#include "MaterialLibrary/chart/CChartMouse.h"
+#include "MaterialLibrary/chart/win32/CGdiCanvas.h"
+
+// Sent to the parent window when the visible ranges have changed: each time a pan moves on, once for a zoom
+// and for a reset. Both parameters are 0.
+extern const UINT chartZoomChangedMessage;
+
+// A chart as a child window. Attach it to a control of the class below; then RecomputeLayout.
+class CChartControl : public CWnd, private IChartHost
+{
+public:
+    // The class of a chart's control in dialog templates.
+    static constexpr const wchar_t* windowClassName = L"Ortolan Chart Control";
+    // Before such a dialog or window is made. Registering twice does no harm.
+    static void RegisterWindowClass();
+
+    CChartControl();
+    ~CChartControl() override = default;
+
+    // The chart's parts: axes, curves, legend; looks; what the mouse has done.
+    [[nodiscard]] CChart& GetChart() { return chart; }
+    [[nodiscard]] const CChart& GetChart() const { return chart; }
+
+    // The operations of the chart, by the names that a window's owner looks for.
+    void AddAxis(std::int32_t identifier, bool vertical) { chart.GetModel().AddAxis(identifier, vertical); }
+    void SetAxisTitle(std::int32_t identifier, std::string_view title, std::string_view unit);
+    void ClearAutomaticPrefix(std::int32_t identifier);
+    // The curve stays the caller's; RemoveCurves before it ends. See CChart.
+    std::int64_t AddCurve(CChartCurve& curve, std::int32_t horizontalAxis, std::int32_t verticalAxis);
+    void RemoveCurves() { chart.RemoveCurves(); }
+    void SetScaleMode(bool horizontalLogarithmic, bool verticalLogarithmic);
+    void RecomputeLayout() { chart.RecomputeLayout(); }
+    void ResetZoom() { chart.ResetZoom(); }
+    [[nodiscard]] std::int64_t HitTest(PixelPoint point) const;
+    bool GetAxisRange(std::int32_t identifier, double& lo, double& hi) const;
+
+    // A MouseMode.
+    void SetMouseMode(std::int32_t mode) { chart.GetInteraction().mode = mode; }
+    // Null for none; not owned.
+    void SetPickListener(IPickListener* listener) { mouse.SetPickListener(listener); }
+
+    // Not owned; it outlives its use here. Lay out and repaint afterwards.
+    void SetFont(HFONT labelFont);
+    // Not owned. A null one leaves the arrow.
+    void SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick);
+
+    // The whole window is painted again, later.
+    void Invalidate();
+
+protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    // Shows the cursor of the current mouse mode. Called at every move and press of the mouse.
+    void SetMouseCursor(ChartCursor cursor) override;
+
+private:
+    [[nodiscard]] std::optional<PixelRect> GetClientArea() override;
+    [[nodiscard]] ITextMeasure* GetTextMeasure() override;
+    void CaptureMouse() override;
+    void ReleaseMouse() override;
+    void InvalidateChart(bool erase) override;
+    void UpdateNow() override;
+    void DrawFeedback(std::span<const PixelLine> lines, Colour colour) override;
+    void NotifyZoomChanged() override;
+    [[nodiscard]] std::uint32_t GetMilliseconds() override;
+    void SleepMilliseconds(std::uint32_t milliseconds) override;
+
+    void OnPaint();
+
+    CFont ownFont;
+    HFONT font;
+    CBrush background;
+    CGdiTextMeasure measure;
+    HCURSOR arrowCursor;
+    HCURSOR zoomCursor = nullptr;
+    HCURSOR panCursor = nullptr;
+    HCURSOR pickCursor = nullptr;
+    CChart chart;
+    CChartMouse mouse;
+};

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "framework/CHandle.h"
+#include "framework/DrawingScopes.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+// A bitmap of 32 bits a pixel to draw on and to read from, black at first. Colours are 0x00RRGGBB.
+class CPixels
+{
+public:
+    CPixels(int width_, int height_) : width(width_), height(height_)
+    {
+        BITMAPINFO info{};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* data = nullptr;
+        bitmap.Reset(CreateDIBSection(context.Get(), &info, DIB_RGB_COLORS, &data, nullptr, 0));
+        bits = static_cast<const std::uint32_t*>(data);
+        scope.emplace(context.Get(), bitmap.Get());
+    }
+
+    [[nodiscard]] HDC GetContext() const { return context.Get(); }
+
+    [[nodiscard]] std::vector<std::uint32_t> Read() const
+    {
+        GdiFlush();
+        std::vector<std::uint32_t> pixels(bits, bits + width * height);
+        for (std::uint32_t& pixel : pixels)
+        {
+            pixel &= 0xFFFFFF; // the rest is nobody's
+        }
+        return pixels;
+    }
+
+private:
+    int width;
+    int height;
+    CMemoryDC context{CreateCompatibleDC(nullptr)};
+    CBitmap bitmap;
+    const std::uint32_t* bits = nullptr;
+    std::optional<CSelectScope> scope;
+};
+
+// What the window shows now, also where another one covers it.
+inline std::vector<std::uint32_t> ReadWindow(HWND window)
+{
+    RECT client{};
+    GetClientRect(window, &client);
+    const CPixels pixels(client.right, client.bottom);
+    const CClientDC source(window);
+    BitBlt(pixels.GetContext(), 0, 0, client.right, client.bottom, source.Get(), 0, 0, SRCCOPY);
+    return pixels.Read();
+}
