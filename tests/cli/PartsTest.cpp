@@ -1,3 +1,4 @@
+#include "tools/matlib/CProgress.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/QuantityParsing.h"
@@ -143,5 +144,21 @@ TEST(Wording, NumbersAreShortAndTheSameEverywhere)
     EXPECT_EQ(FormatFrequency(6.0), "6 Hz");
     EXPECT_EQ(FormatFrequency(1e15), "1000 THz");
     EXPECT_EQ(FormatFrequency(0.001), "0.001 Hz");
+}
+TEST(Progress, ShowsItselfAfterHalfASecondAndWipesItselfInTheEnd)
+{
+    using namespace std::chrono_literals;
+    CProgress::Clock::time_point time;
+    std::string shown;
+    {
+        CProgress progress(
+            4, [&](std::string_view text) { shown += text; }, [&] { return time; });
+        for (const auto step : {400ms, 150ms, 50ms, 100ms})
+        {
+            time += step;
+            progress.Advance();
+        }
+    }
+    EXPECT_EQ(shown, "\r50%\r100%\r    \r");
 }
 } // namespace

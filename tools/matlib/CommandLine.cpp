@@ -84,6 +84,30 @@ void AddTemperature(CLI::App& app, Options& options)
         ->default_str("25");
 }
 
+void AddMaterials(CLI::App& app, Options& options)
+{
+    app.add_option("NAME", options.materials, "The names of one or more materials")
+        ->required()
+        ->type_name("");
+}
+
+void AddTemperatures(CLI::App& app, Options& options)
+{
+    const auto setAll = [&options](const std::vector<std::string>& texts)
+    {
+        options.temperatures.clear();
+        std::ranges::transform(texts, std::back_inserter(options.temperatures),
+                               [](const std::string& text) { return ParseTemperature(text).value; });
+    };
+    app.add_option_function<std::vector<std::string>>(
+           "--temp", setAll, "Temperatures in degrees Celsius, separated by \",\" or in several --temp")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check([](const std::string& text) { return ParseTemperature(text).problem; })
+        ->type_name("CELSIUS")
+        ->default_str("25");
+}
+
 void AddProperty(CLI::App& app, Options& options)
 {
     app.add_option_function<std::string>(
@@ -164,12 +188,13 @@ void AddValue(CLI::App& app, Options& options)
 
 void AddSweep(CLI::App& app, Options& options)
 {
-    CLI::App& sweep = AddCommand(app, options, Command::sweep, "sweep",
-                                 "Print Er and loss tangent, or a metal's roughness factors, over frequency",
-                                 "matlib sweep Getinaks --from 1MHz --to 20GHz --points 200 --log");
-    AddMaterial(sweep, options);
+    CLI::App& sweep =
+        AddCommand(app, options, Command::sweep, "sweep",
+                   "Print Er and loss tangent, or a metal's roughness factors, over frequency",
+                   "matlib sweep Getinaks Fiberglass --temp 25,60 --from 1MHz --to 20GHz --log");
+    AddMaterials(sweep, options);
     AddSweepRange(sweep, options);
-    AddTemperature(sweep, options);
+    AddTemperatures(sweep, options);
     AddLibraryFiles(sweep, options);
 }
 

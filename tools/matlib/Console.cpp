@@ -13,6 +13,12 @@ void PrintOutput(std::string_view text)
     }
 }
 
+void PrintStatus(std::string_view text)
+{
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
+    static_cast<void>(std::fflush(stderr));
+}
+
 void PrintProblem(std::string_view text)
 {
     const std::string line = "matlib: " + JoinLines(text) + "\n";

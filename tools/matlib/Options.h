@@ -23,10 +23,12 @@ struct Options
     std::string dllPath;                   // Windows only; empty: the library beside the program
     bool json = false;
 
-    std::string material;                                // show, value, sweep
+    std::string material;                                // show, value
+    std::vector<std::string> materials;                  // sweep
+    std::vector<double> temperatures = {25.0};           // sweep, °C
     MLTABLEKIND property = MLTABLE_ER;                   // value
     double frequency = 0.0;                              // value, Hz
-    double temperature = 25.0;                           // value, sweep, °C
+    double temperature = 25.0;                           // value, °C
     double sweepFrom = 1e6;                              // sweep, Hz
     double sweepTo = 2e10;                               // sweep, Hz
     int sweepPoints = 200;                               // sweep, at least 2

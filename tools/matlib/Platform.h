@@ -34,5 +34,8 @@ void PrepareProcess();
 inline constexpr const char* dialogHint =
     "the dialog needs the Windows build; under Wine: cmake/wine-run.sh build/windows/bin/matlib.exe choose";
 
+// Whether somebody reads the standard error stream on a terminal.
+[[nodiscard]] bool IsWatched();
+
 // Whether there is a DLL to choose.
 [[nodiscard]] bool HasLoadableLibrary();

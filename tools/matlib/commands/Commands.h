@@ -16,7 +16,7 @@
 // One property of a material at one frequency and temperature.
 [[nodiscard]] int RunValue(const Options& options, ILibraryHost& host);
 
-// The properties of a material over a range of frequencies.
+// The properties of materials at temperatures over a range of frequencies.
 [[nodiscard]] int RunSweep(const Options& options, ILibraryHost& host);
 
 // Whether each file can be read, where and why not, and what looks odd in it. exitFailed if any is bad.

@@ -1,13 +1,16 @@
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CMaterialSet.h"
+#include "tools/matlib/CProgress.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/Json.h"
+#include "tools/matlib/Platform.h"
 #include "tools/matlib/PropertyValue.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/commands/Commands.h"
 
 #include "MaterialLibrary/IMaterial.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -15,6 +18,8 @@ namespace
 {
 constexpr std::size_t propertiesOfKind = 2;
 using SweptProperties = std::array<MLTABLEKIND, propertiesOfKind>;
+constexpr SweptProperties dielectricProperties = {MLTABLE_ER, MLTABLE_LOSS_TANGENT};
+constexpr SweptProperties metalProperties = {MLTABLE_ROUGHNESS_TOP, MLTABLE_ROUGHNESS_BOTTOM};
 
 struct SweepPoint
 {
@@ -22,11 +27,17 @@ struct SweepPoint
     std::array<std::optional<double>, propertiesOfKind> values;
 };
 
-SweptProperties PropertiesOf(const IMaterial& material)
+// One material at one temperature.
+struct Series
 {
-    return material.GetKind() == MLMATERIAL_METAL
-               ? SweptProperties{MLTABLE_ROUGHNESS_TOP, MLTABLE_ROUGHNESS_BOTTOM}
-               : SweptProperties{MLTABLE_ER, MLTABLE_LOSS_TANGENT};
+    IMaterial* material;
+    double temperature;
+    std::vector<SweepPoint> points;
+};
+
+const SweptProperties& PropertiesOf(const Series& series)
+{
+    return series.material->GetKind() == MLMATERIAL_METAL ? metalProperties : dielectricProperties;
 }
 
 // The frequency of point `index`; the first and the last are exactly the ends of the range.
@@ -41,54 +52,111 @@ double FrequencyAt(const Options& options, int index)
                                     : options.sweepFrom + (options.sweepTo - options.sweepFrom) * share;
 }
 
-std::vector<SweepPoint> Sweep(const Options& options, IMaterial& material)
+void Sweep(const Options& options, Series& series, CProgress& progress)
 {
-    const SweptProperties swept = PropertiesOf(material);
-    std::vector<SweepPoint> points;
+    const SweptProperties& swept = PropertiesOf(series);
     bool anyValue = false;
     for (int index = 0; index < options.sweepPoints; ++index)
     {
         SweepPoint point{FrequencyAt(options, index), {}};
         for (std::size_t i = 0; i < swept.size(); ++i)
         {
-            point.values[i] = FindValue(material, swept[i], point.frequency, options.temperature);
+            point.values[i] = FindValue(*series.material, swept[i], point.frequency, series.temperature);
             anyValue = anyValue || point.values[i].has_value();
         }
-        points.push_back(point);
+        series.points.push_back(point);
+        progress.Advance();
     }
     if (!anyValue)
     {
-        throw CFailure(ExplainMissingValue(material, swept.front()));
+        throw CFailure(ExplainMissingValue(*series.material, swept.front()));
     }
-    return points;
 }
 
-std::string RenderCsv(const SweptProperties& swept, const std::vector<SweepPoint>& points)
+std::vector<Series> SweepAll(const Options& options, const CMaterialSet& set)
 {
-    std::string text = "frequency_hz";
-    for (const MLTABLEKIND property : swept)
+    std::vector<Series> all;
+    for (const std::string& name : options.materials)
+    {
+        for (const double temperature : options.temperatures)
+        {
+            all.push_back({&set.Find(name), temperature, {}});
+        }
+    }
+    CProgress progress(static_cast<int>(all.size()) * options.sweepPoints,
+                       IsWatched() ? PrintStatus : CProgress::Print());
+    for (Series& series : all)
+    {
+        Sweep(options, series, progress);
+    }
+    return all;
+}
+
+// The properties of all series, each a column.
+std::vector<MLTABLEKIND> ListColumns(const std::vector<Series>& all)
+{
+    std::vector<MLTABLEKIND> columns;
+    for (const SweptProperties& kind : {dielectricProperties, metalProperties})
+    {
+        if (std::ranges::find(all, kind, PropertiesOf) != all.end())
+        {
+            columns.insert(columns.end(), kind.begin(), kind.end());
+        }
+    }
+    return columns;
+}
+
+std::string QuoteForCsv(std::string_view text)
+{
+    std::string quoted = "\"";
+    for (const char character : text)
+    {
+        quoted += character;
+        quoted += character == '"' ? "\"" : "";
+    }
+    return quoted + "\"";
+}
+
+// One series has no columns that say which it is.
+std::string RenderCsv(const std::vector<Series>& all)
+{
+    const std::vector<MLTABLEKIND> columns = ListColumns(all);
+    std::string text = all.size() > 1 ? "material,temperature_c,frequency_hz" : "frequency_hz";
+    for (const MLTABLEKIND property : columns)
     {
         text += "," + std::string(WordsOf(property).key);
     }
     text += "\n";
-    for (const SweepPoint& point : points)
+    for (const Series& series : all)
     {
-        text += FormatHertz(point.frequency);
-        for (const auto& value : point.values)
+        const SweptProperties& swept = PropertiesOf(series);
+        const std::string label = all.size() > 1 ? QuoteForCsv(series.material->GetName()) + "," +
+                                                       FormatNumber(series.temperature) + ","
+                                                 : "";
+        for (const SweepPoint& point : series.points)
         {
-            text += "," + (value ? FormatNumber(*value) : "");
+            text += label + FormatHertz(point.frequency);
+            for (const MLTABLEKIND property : columns)
+            {
+                const auto place = std::ranges::find(swept, property);
+                const auto value = place == swept.end()
+                                       ? std::nullopt
+                                       : point.values[static_cast<std::size_t>(place - swept.begin())];
+                text += "," + (value ? FormatNumber(*value) : "");
+            }
+            text += "\n";
         }
-        text += "\n";
     }
     return text;
 }
 
-Json SweepAsJson(const Options& options, const IMaterial& material, const std::vector<SweepPoint>& points)
+Json SeriesAsJson(const Series& series)
 {
-    const SweptProperties swept = PropertiesOf(material);
-    Json json = {
-        {"name", material.GetName()}, {"temperature_c", options.temperature}, {"points", Json::array()}};
-    for (const SweepPoint& point : points)
+    const SweptProperties& swept = PropertiesOf(series);
+    Json json = {{"name", series.material->GetName()},
+                 {"temperature_c", series.temperature},
+                 {"points", Json::array()}};
+    for (const SweepPoint& point : series.points)
     {
         Json row = {{"frequency_hz", point.frequency}};
         for (std::size_t i = 0; i < swept.size(); ++i)
@@ -99,14 +167,24 @@ Json SweepAsJson(const Options& options, const IMaterial& material, const std::v
     }
     return json;
 }
+
+// One series is an object, several are an array of such.
+Json SweepAsJson(const std::vector<Series>& all)
+{
+    if (all.size() == 1)
+    {
+        return SeriesAsJson(all.front());
+    }
+    Json json = Json::array();
+    std::ranges::transform(all, std::back_inserter(json), SeriesAsJson);
+    return json;
+}
 } // namespace
 
 int RunSweep(const Options& options, ILibraryHost& host)
 {
     const CMaterialSet set(host, options.libraryFiles);
-    IMaterial& material = set.Find(options.material);
-    const auto points = Sweep(options, material);
-    PrintOutput(options.json ? RenderJson(SweepAsJson(options, material, points))
-                             : RenderCsv(PropertiesOf(material), points));
+    const std::vector<Series> all = SweepAll(options, set);
+    PrintOutput(options.json ? RenderJson(SweepAsJson(all)) : RenderCsv(all));
     return set.GetExitCode();
 }

@@ -1,6 +1,7 @@
 #include "tools/matlib/Platform.h"
 
 #include <filesystem>
+#include <unistd.h>
 
 PathState QueryPath(const char* path)
 {
@@ -14,6 +15,11 @@ PathState QueryPath(const char* path)
 }
 
 void PrepareProcess() {}
+
+bool IsWatched()
+{
+    return isatty(STDERR_FILENO) != 0;
+}
 
 bool HasLoadableLibrary()
 {

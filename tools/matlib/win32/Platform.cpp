@@ -23,6 +23,12 @@ void PrepareProcess()
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
+bool IsWatched()
+{
+    DWORD mode = 0; // fails for anything but a console
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
+}
+
 bool HasLoadableLibrary()
 {
     return true;
