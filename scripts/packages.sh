@@ -9,7 +9,7 @@ display="xvfb openbox xdotool imagemagick"
 case ${1:-} in
 run) wanted=$run ;;
 display) wanted=$display ;;
-test) wanted="$run $display clang lld" ;;
+test) wanted="$run $display clang lld man-db bsdextrautils" ;;
 bench)
     wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libfast-float-dev libeigen3-dev
         liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev"
