@@ -135,7 +135,7 @@ std::optional<double> CDialog::ReadNumber(int control)
 void CDialog::RefuseNumber(HWND control)
 {
     const bool before = std::exchange(listening, false);
-    GetMessageManager()->ShowGeneric(GetHandle(), msg::severityWarning, "Please enter a number.", nullptr);
+    ShowWarning(GetHandle(), "Please enter a number.");
     SetFocus(control);
     SendMessageW(control, EM_SETSEL, 0, -1);
     listening = before;

@@ -54,10 +54,6 @@ struct CloseCursor
 {
     void operator()(HCURSOR cursor) const noexcept { DestroyCursor(cursor); }
 };
-struct CloseModule
-{
-    void operator()(HMODULE module) const noexcept { FreeLibrary(module); }
-};
 struct CloseTheme
 {
     void operator()(HTHEME theme) const noexcept { CloseThemeData(theme); }
@@ -74,10 +70,6 @@ struct CloseGlobalMemory
 {
     void operator()(HGLOBAL memory) const noexcept { GlobalFree(memory); }
 };
-struct CloseMenu
-{
-    void operator()(HMENU menu) const noexcept { DestroyMenu(menu); }
-};
 struct DestroyWindowHandle
 {
     void operator()(HWND window) const noexcept { DestroyWindow(window); }
@@ -90,10 +82,8 @@ using CBitmap = CHandle<HBITMAP, CloseGdiObject>;
 using CRegion = CHandle<HRGN, CloseGdiObject>;
 using CMemoryDC = CHandle<HDC, CloseDC>; // of CreateCompatibleDC
 using CCursor = CHandle<HCURSOR, CloseCursor>;
-using CModule = CHandle<HMODULE, CloseModule>;
 using CTheme = CHandle<HTHEME, CloseTheme>;
 using CKey = CHandle<HKEY, CloseKey>;
 using CActivationContextHandle = CHandle<HANDLE, CloseActivationContext>;
 using CGlobalMemory = CHandle<HGLOBAL, CloseGlobalMemory>;
-using CMenu = CHandle<HMENU, CloseMenu>;
 using CWindowHandle = CHandle<HWND, DestroyWindowHandle>;

@@ -3,6 +3,10 @@
 #include "framework/CHandle.h"
 #include "framework/ModuleResources.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 namespace
 {
 CActivationContextHandle MakeModuleContext()
@@ -15,12 +19,20 @@ CActivationContextHandle MakeModuleContext()
     const HANDLE context = CreateActCtxW(&settings);
     return CActivationContextHandle(context == INVALID_HANDLE_VALUE ? nullptr : context);
 }
+
+// Not while the module is loaded: the common controls are a module too.
+bool LoadCommonControls()
+{
+    const INITCOMMONCONTROLSEX settings{sizeof settings, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
+    return InitCommonControlsEx(&settings) != FALSE;
+}
 } // namespace
 
 CThemedControlsScope::CThemedControlsScope() noexcept
 {
     static const CActivationContextHandle context = MakeModuleContext();
     active = context && ActivateActCtx(context.Get(), &cookie) != FALSE;
+    [[maybe_unused]] static const bool loaded = LoadCommonControls();
 }
 
 CThemedControlsScope::~CThemedControlsScope()

@@ -3,6 +3,7 @@
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "shared/ModuleState/CModuleState.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,10 @@ public:
     int Show(msg::WindowHandle owner, const char* text, const char* caption, unsigned style) override
     {
         boxes.push_back({text, caption, style, owner, CurrentModuleState()});
+        if (onShow)
+        {
+            onShow();
+        }
         return answer;
     }
 
@@ -35,6 +40,7 @@ public:
     [[nodiscard]] std::string GetExecutablePath() override { return executablePath; }
 
     std::vector<Box> boxes;
+    std::function<void()> onShow;
     int answer = msg::answerOk;
     msg::WindowHandle mainWindow = nullptr;
     std::string applicationName = "test";

@@ -12,11 +12,14 @@ msg::IManager* GetMessageManager()
     return manager != nullptr ? manager : &stub;
 }
 
-void ShowWarning(const char* text)
+namespace
+{
+template <class Show>
+void ShowShielded(Show show)
 {
     try
     {
-        GetMessageManager()->ShowGenericDefaultOwner(msg::severityWarning, text, nullptr);
+        show(*GetMessageManager());
     }
     catch (const std::bad_alloc&)
     {
@@ -25,4 +28,17 @@ void ShowWarning(const char* text)
     catch (...) // NOLINT(bugprone-empty-catch): a host's handler that fails is no failure of the library
     {
     }
+}
+} // namespace
+
+void ShowWarning(const char* text)
+{
+    ShowShielded([text](msg::IManager& manager)
+                 { manager.ShowGenericDefaultOwner(msg::severityWarning, text, nullptr); });
+}
+
+void ShowWarning(msg::WindowHandle owner, const char* text)
+{
+    ShowShielded([=](msg::IManager& manager)
+                 { manager.ShowGeneric(owner, msg::severityWarning, text, nullptr); });
 }

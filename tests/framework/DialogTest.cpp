@@ -226,6 +226,20 @@ TEST_F(Dialog, ReadsDecimalNumbersOnly)
     EXPECT_TRUE(script.IsDone());
 }
 
+TEST_F(Dialog, AHostsHandlerThatFailsIsNoFailureOfTheDialog)
+{
+    CollectedMessages messages;
+    messages.onShow = [] { throw std::runtime_error("host"); };
+    CModalScript script({[&]
+                         {
+                             EXPECT_EQ(dialog.ReadNumber(firstEdit), std::nullopt);
+                             EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), firstEdit));
+                             PostMessageW(dialog.GetHandle(), WM_COMMAND, IDOK, 0);
+                         }});
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_TRUE(script.IsDone());
+}
+
 TEST_F(Dialog, EndedItNoLongerListensToItsControls)
 {
     CModalScript script({[&]
