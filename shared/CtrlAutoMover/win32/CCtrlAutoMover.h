@@ -21,6 +21,8 @@ public:
     // dialog, or one without a window, is a fatal error.
     explicit CCtrlAutoMover(const CWnd* dialog);
     ~CCtrlAutoMover() override;
+    CCtrlAutoMover(const CCtrlAutoMover&) = delete;
+    CCtrlAutoMover& operator=(const CCtrlAutoMover&) = delete;
 
     // Adds controls of the dialog whose sides follow these edges (see CtrlLayout.h) and returns the number of
     // the new group, from 1 on; 0 when there is no control before the end of the list or a zero in it.
