@@ -42,6 +42,18 @@ HWND FindOwner()
     return owner;
 }
 
+// A dialog keeps the scale of the monitor that it was opened on: its code has measured places and sizes
+// there. Older systems never rescale dialogs.
+void KeepScale(HWND dialog)
+{
+    using Function = decltype(&SetDialogDpiChangeBehavior);
+    const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32"), "SetDialogDpiChangeBehavior");
+    if (const auto setBehaviour = reinterpret_cast<Function>(reinterpret_cast<void*>(found)))
+    {
+        setBehaviour(dialog, DDC_DISABLE_ALL, DDC_DISABLE_ALL);
+    }
+}
+
 std::string_view TrimBlanks(std::string_view text)
 {
     constexpr std::string_view blanks = " \t";
@@ -74,6 +86,7 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM /*wParam*/
     }
     const DialogStart& start = *reinterpret_cast<const DialogStart*>(lParam);
     start.scope->SetDialog(window);
+    KeepScale(window);
     return CallKeepingExceptions(INT_PTR{FALSE},
                                  [&]() -> INT_PTR
                                  {
