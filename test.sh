@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: on Linux, on Linux with sanitizers, and for Windows under Wine.
-#   test.sh             the tests; the last lines are the three summaries
+# Builds everything and runs every test: on Linux, on Linux with sanitizers, for Windows under Wine, and of the
+# packages.
+#   test.sh             the tests; the last lines are the summaries
 #   test.sh --coverage  line and branch coverage of the portable code
 #   test.sh --lint      formatting, clang's warnings everywhere, clang-tidy for the code that is delivered
 set -euo pipefail
@@ -19,6 +20,9 @@ run_tests()
         ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1
         summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")
     done
+    log=build/package-test.log
+    { ./package.sh --output build/dist && tests/package/consumer-test.sh build/dist; } 2>&1 | tee "$log" || failed=1
+    summaries+=("packages: $(tail -n 1 "$log")")
     echo
     printf '%s\n' "${summaries[@]}"
     return "$failed"
@@ -47,7 +51,7 @@ case ${1:-} in
 --coverage) run_coverage ;;
 --lint) run_lint ;;
 *)
-    sed -n '2,5s/^# \?//p' "$0" >&2
+    sed -n '2,6s/^# \?//p' "$0" >&2
     exit 2
     ;;
 esac

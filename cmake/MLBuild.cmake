@@ -69,8 +69,9 @@ endfunction()
 # find it.
 function(ml_split_debug_information name)
     add_custom_command(TARGET ${name} POST_BUILD
-        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE_NAME:${name}> $<TARGET_FILE_NAME:${name}>.debug
-        # Without --preserve-dates the time of the build stands in the result.
+        # Without --preserve-dates the time of the build would stand in the results.
+        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug $<TARGET_FILE_NAME:${name}>
+            $<TARGET_FILE_NAME:${name}>.debug
         COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=$<TARGET_FILE_NAME:${name}>.debug
             $<TARGET_FILE_NAME:${name}>
         WORKING_DIRECTORY $<TARGET_FILE_DIR:${name}>

@@ -1,0 +1,91 @@
+#!/usr/bin/env bash
+# Makes the packages in dist/: the library for Windows hosts and the tool for Linux.
+#   package.sh [--output FOLDER]   builds and packs; the same commit gives the same archives, byte for byte
+#   package.sh --verify            does so once more from a fresh clone of the commit and compares
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+umask 022
+
+output=dist
+verify=false
+case ${1:-} in
+"") ;;
+--output) output=$2 ;;
+--verify) verify=true ;;
+*)
+    sed -n '2,4s/^# \?//p' "$0" >&2
+    exit 2
+    ;;
+esac
+
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+windows=MaterialLibrary-$version-windows-x64
+linux=matlib-$version-linux-x64
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
+
+# list_contents FOLDER: what is inside, each file with its hash
+list_contents()
+{
+    (cd "$1" && find . -type f ! -name CONTENTS.sha256 -printf '%P\0' | sort -z | xargs -0 sha256sum >CONTENTS.sha256)
+}
+
+# settle FOLDER: modes and times that do not depend on who builds when
+settle()
+{
+    find "$1" -type d -exec chmod 755 {} +
+    find "$1" -type f -exec chmod 644 {} +
+    find "$1" -type f \( -name '*.exe' -o -name '*.dll' -o -path '*/bin/matlib' \) -exec chmod 755 {} +
+    find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
+}
+
+# stage PRESET FOLDER: installs a build there
+stage()
+{
+    rm -rf "$2"
+    cmake --install "build/$1" --prefix "$2" >"build/$1-install.log"
+}
+
+pack()
+{
+    local staged=$PWD/build/package
+    stage windows "$staged/$windows"
+    stage native "$staged/$linux"
+    strip "$staged/$linux/bin/matlib"
+    for folder in "$windows" "$linux"; do
+        list_contents "$staged/$folder"
+        settle "$staged/$folder"
+    done
+    mkdir -p "$output"
+    rm -f "$output/$windows.zip" "$output/$linux.tar.gz"
+    local archive
+    archive=$(realpath "$output")/$windows.zip
+    (cd "$staged" && find "$windows" -type f | sort | zip -q -X -9 "$archive" -@)
+    tar --directory "$staged" --sort=name --owner=0 --group=0 --numeric-owner --format=ustar --create "$linux" |
+        gzip --no-name -9 >"$output/$linux.tar.gz"
+}
+
+if $verify; then
+    fresh=$(mktemp -d "${TMPDIR:-/tmp}/package-verify.XXXXXX")
+    trap 'rm -rf "$fresh"' EXIT
+    git clone --quiet . "$fresh/tree"
+    "$fresh/tree/package.sh"
+    for archive in "$windows.zip" "$linux.tar.gz"; do
+        cmp "dist/$archive" "$fresh/tree/dist/$archive"
+    done
+    echo "A fresh clone gives the same archives."
+    exit
+fi
+
+scripts/packages.sh package
+[[ -z $(git status --porcelain) ]] || echo "package.sh: the working tree differs from its last commit" >&2
+for preset in native windows; do # again, because what is built carries the day of the last commit
+    cmake --preset "$preset" >"build/$preset-configure.log" 2>&1 || {
+        cat "build/$preset-configure.log" >&2
+        exit 1
+    }
+done
+scripts/build.sh native matlib
+scripts/build.sh windows MaterialLibrary matlib import_library
+pack
+(cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz")

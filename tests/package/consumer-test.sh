@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Uses the packages as a stranger does: unpacks them into an empty folder, builds the examples against them with
+# three compilers and runs everything: consumer-test.sh DIST-FOLDER
+set -euo pipefail
+dist=$(realpath "$1")
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+root=$PWD
+work=$(mktemp -d "${TMPDIR:-/tmp}/consumer.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+
+unzip -q "$dist"/MaterialLibrary-*-windows-x64.zip -d "$work"
+tar -C "$work" -xzf "$dist"/matlib-*-linux-x64.tar.gz
+package=$(echo "$work"/MaterialLibrary-*)
+tool=$(echo "$work"/matlib-*)
+wine() { (cd "$1" && "$root/cmake/wine-run.sh" "${@:2}" | tr -d '\r'); }
+fail() { echo "consumer-test.sh: $*" >&2 && exit 1; }
+expect() { [[ $3 == *"$2"* ]] || fail "$1: expected \"$2\", got \"$3\""; }
+
+for folder in "$package" "$tool"; do
+    (cd "$folder" && sha256sum --check --quiet CONTENTS.sha256)
+    [[ $(find "$folder" -type f | wc -l) == $(($(wc -l <"$folder/CONTENTS.sha256") + 1)) ]] || fail "files not listed"
+done
+! grep -rlaF -e "$root" -e "$HOME/" "$package" "$tool" || fail "paths of the build inside"
+
+# build_hosts NAME CMAKE-ARGUMENT...
+build_hosts()
+{
+    local build=$work/$1
+    cmake -S "$package/examples/host" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
+        -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_PREFIX_PATH="$package" "${@:2}" >"$build.log" 2>&1 &&
+        cmake --build "$build" >>"$build.log" 2>&1 || { cat "$build.log" && fail "$1 cannot build the hosts"; }
+    cp "$package"/examples/materials/DefaultMaterialD.mat "$build"
+    expect "$1: first_value" "Er = 4.1680" "$(wine "$build" ./first_value.exe)"
+    expect "$1: smallest_host" "Getinaks at 2.5 GHz: Er 5.1727" "$(wine "$build" ./smallest_host.exe)"
+    echo "$1: fine"
+}
+build_hosts mingw -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
+
+headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
+mingw=/usr/x86_64-w64-mingw32
+build_hosts clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_CXX_COMPILER_TARGET=x86_64-w64-windows-gnu \
+    "-DCMAKE_CXX_FLAGS=-nostdinc++ -nostdlibinc -isystem $headers -isystem $headers/x86_64-w64-mingw32 -isystem $mingw/include" \
+    "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld -L$(dirname "$headers")/.. -L$mingw/lib"
+
+# The other object format: its compiler, its linker, its import library.
+mkdir "$work/foreign"
+clang++ --target=x86_64-pc-windows-msvc -std=c++20 -O1 -ffreestanding -fno-exceptions -fno-rtti -Wall -Wextra -Werror \
+    -I"$package/include" -c tests/package/ForeignHost.cpp -o "$work/foreign/host.obj"
+lld-link /nologo /nodefaultlib /entry:Start /subsystem:console "/out:$work/foreign/host.exe" "$work/foreign/host.obj" \
+    "$package/lib/MaterialLibrary.lib"
+cp "$package/bin/MaterialLibrary.dll" "$work/foreign"
+wine "$work/foreign" ./host.exe || fail "the foreign host ended with $?"
+echo "foreign: fine"
+
+flags=$(PKG_CONFIG_LIBDIR=$package/lib/pkgconfig pkg-config --cflags --libs MaterialLibrary)
+# shellcheck disable=SC2086
+x86_64-w64-mingw32-g++-posix -std=c++17 -static "$package/examples/host/FirstValue.cpp" $flags -o "$work/mingw/x.exe"
+expect "pkg-config" "Er = 4.1680" "$(wine "$work/mingw" ./x.exe)"
+
+materials=$tool/share/matlib/materials
+native=$("$tool/bin/matlib" --lib "$materials/DefaultMaterialD.mat;$materials/DefaultMaterialM.mat" list)
+expect "matlib" "62 materials" "$native"
+windows=$(wine "$package/examples/materials" "$package/bin/matlib.exe" \
+    --lib "DefaultMaterialD.mat;DefaultMaterialM.mat" list)
+[[ $windows == "$native" ]] || fail "matlib.exe prints other materials than matlib"
+echo "matlib: fine"
