@@ -1,4 +1,5 @@
 #include "framework/CHandle.h"
+#include "framework/DrawingScopes.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "tests/CModalScript.h"
 #include "tests/CSandboxedProfile.h"
@@ -108,6 +109,57 @@ TEST_F(Mover, EveryGroupFollowsItsEdges)
              dialog.Resize(frame.right - frame.left, frame.bottom - frame.top);
              EXPECT_EQ(Controls(), expected) << "nobody moves without a group";
          }});
+}
+
+std::vector<COLORREF> ReadClient(HWND window)
+{
+    RECT client{};
+    GetClientRect(window, &client);
+    const CClientDC dc(window);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < client.bottom; ++y)
+    {
+        for (int x = 0; x < client.right; ++x)
+        {
+            pixels.push_back(GetPixel(dc.Get(), x, y));
+        }
+    }
+    return pixels;
+}
+
+void PaintEverythingInvalid()
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE)
+    {
+        DispatchMessageW(&message);
+    }
+}
+
+TEST_F(Mover, AResizedDialogLooksAsIfItWerePaintedAfresh)
+{
+    for (const LONG_PTR clips : {LONG_PTR{0}, LONG_PTR{WS_CLIPCHILDREN}})
+    {
+        dialog.onInit = [&]
+        {
+            SetWindowLongPtrW(dialog.GetHandle(), GWL_STYLE,
+                              GetWindowLongPtrW(dialog.GetHandle(), GWL_STYLE) | clips);
+            AddGroups(true);
+        };
+        Run({[&]
+             {
+                 const RECT frame = dialog.GetFrame();
+                 for (const int growth : {10, 25, 5, 40, 0})
+                 {
+                     dialog.Resize(frame.right - frame.left + growth, frame.bottom - frame.top + growth);
+                     PaintEverythingInvalid();
+                     const auto seen = ReadClient(dialog.GetHandle());
+                     RedrawWindow(dialog.GetHandle(), nullptr, nullptr,
+                                  RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+                     EXPECT_TRUE(seen == ReadClient(dialog.GetHandle())) << growth << " clips " << clips;
+                 }
+             }});
+    }
 }
 
 TEST_F(Mover, KeepsTheMinimumSize)

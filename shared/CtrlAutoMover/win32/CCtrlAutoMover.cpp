@@ -9,7 +9,10 @@
 namespace
 {
 constexpr const char* source = "..\\shared\\CtrlAutoMover.cpp";
-constexpr UINT placeOnly = SWP_NOZORDER | SWP_NOACTIVATE;
+
+// Controls paint themselves at their new places: what the system would copy there may show a neighbour that
+// has moved already.
+constexpr UINT moveFlags = SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS;
 
 SIZE ClientSize(HWND window)
 {
@@ -29,7 +32,7 @@ bool MoveTogether(const std::vector<CtrlMove>& moves)
             return false;
         }
         batch = DeferWindowPos(batch, window, nullptr, rect.left, rect.top, rect.right - rect.left,
-                               rect.bottom - rect.top, placeOnly);
+                               rect.bottom - rect.top, moveFlags);
     }
     return batch != nullptr && EndDeferWindowPos(batch) != FALSE;
 }
@@ -39,7 +42,7 @@ void MoveOneByOne(const std::vector<CtrlMove>& moves)
     for (const auto& [window, rect] : moves)
     {
         SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                     placeOnly);
+                     moveFlags);
     }
 }
 } // namespace
