@@ -79,6 +79,7 @@ fi
 
 scripts/packages.sh package
 [[ -z $(git status --porcelain) ]] || echo "package.sh: the working tree differs from its last commit" >&2
+mkdir -p build
 for preset in native windows; do # again, because what is built carries the day of the last commit
     cmake --preset "$preset" >"build/$preset-configure.log" 2>&1 || {
         cat "build/$preset-configure.log" >&2
