@@ -21,6 +21,8 @@ declare -A arrows=(
     [tools/matlib]="include shared tools/matlib/check"
     [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/resources shared tools/matlib"
     [examples/host]="include"
+    [examples/messages]="shared"
+    [examples/translation]=""
 )
 
 # The longest room name that the path begins with.
@@ -44,6 +46,7 @@ mistake()
 check_quoted()
 {
     local file=$1 line=$2 target=$3 room allowed target_room
+    [[ $file == examples/* && -e ${file%/*}/$target ]] && return # the examples are built away from here too
     [[ -e include/$target ]] && target=include/$target
     if [[ ! -e $target ]]; then
         mistake "$file" "$line" "\"$target\" is named from neither the root nor include/"
@@ -70,8 +73,8 @@ while IFS=: read -r file line text; do
         mistake "$file" "$line" "this folder has no arrows yet: add them to $0"
     elif [[ ${BASH_REMATCH[1]} == '"' && $target != *.inc ]]; then
         check_quoted "$file" "$line" "$target"
-    elif [[ ${target,,} == windows.h && ! $file =~ (^framework/|/win32/|^MaterialLibrary/resources/|^examples/host/) ]]; then
-        mistake "$file" "$line" "windows.h is for framework, win32 folders, resources and the example of a host"
+    elif [[ ${target,,} == windows.h && ! $file =~ (^framework/|/win32/|^MaterialLibrary/resources/|^examples/) ]]; then
+        mistake "$file" "$line" "windows.h is for framework, win32 folders, resources and examples"
     fi
 done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' --include='*.inc' \
     "${folders[@]}")

@@ -22,19 +22,34 @@ for folder in "$package" "$tool"; do
 done
 ! grep -rlaF -e "$root" -e "$HOME/" "$package" "$tool" || fail "paths of the build inside"
 
+# build_example EXAMPLE NAME CMAKE-ARGUMENT...
+build_example()
+{
+    local build=$work/$2
+    cmake -S "$package/examples/$1" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
+        -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_PREFIX_PATH="$package" "${@:3}" >"$build.log" 2>&1 &&
+        cmake --build "$build" >>"$build.log" 2>&1 || { cat "$build.log" && fail "$2 cannot build $1"; }
+}
+
 # build_hosts NAME CMAKE-ARGUMENT...
 build_hosts()
 {
     local build=$work/$1
-    cmake -S "$package/examples/host" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
-        -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_PREFIX_PATH="$package" "${@:2}" >"$build.log" 2>&1 &&
-        cmake --build "$build" >>"$build.log" 2>&1 || { cat "$build.log" && fail "$1 cannot build the hosts"; }
+    build_example host "$@"
     cp "$package"/examples/materials/DefaultMaterialD.mat "$build"
     expect "$1: first_value" "Er = 4.1680" "$(wine "$build" ./first_value.exe)"
     expect "$1: smallest_host" "Getinaks at 2.5 GHz: Er 5.1727" "$(wine "$build" ./smallest_host.exe)"
     echo "$1: fine"
 }
 build_hosts mingw -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
+for example in messages translation; do
+    build_example $example $example -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
+done
+cp "$work/messages/MsgHandler.dll" "$work/mingw"
+export MESSAGE_LOG=log.txt
+(cd "$work/mingw" && wine . ./smallest_host.exe nowhere.mat >/dev/null && grep -q "warning: No dielectric" log.txt) ||
+    fail "the message handler wrote no log"
+rm "$work/mingw/MsgHandler.dll"
 
 headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
 mingw=/usr/x86_64-w64-mingw32
