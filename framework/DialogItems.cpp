@@ -9,43 +9,6 @@ LRESULT Ask(HWND dialog, int control, UINT message, WPARAM wParam = 0, LPARAM lP
     return SendDlgItemMessageW(dialog, control, message, wParam, lParam);
 }
 
-int CountComboItems(HWND dialog, int combo)
-{
-    return static_cast<int>(Ask(dialog, combo, CB_GETCOUNT));
-}
-
-std::wstring ComboItemText(HWND dialog, int combo, int index)
-{
-    const auto item = static_cast<WPARAM>(index);
-    const LRESULT length = Ask(dialog, combo, CB_GETLBTEXTLEN, item);
-    if (length <= 0)
-    {
-        return {};
-    }
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    Ask(dialog, combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
-    text.pop_back();
-    return text;
-}
-
-template <class Predicate>
-bool SelectComboItem(HWND dialog, int combo, Predicate wanted)
-{
-    for (int i = 0; i < CountComboItems(dialog, combo); ++i)
-    {
-        if (wanted(i))
-        {
-            Ask(dialog, combo, CB_SETCURSEL, static_cast<WPARAM>(i));
-            return true;
-        }
-    }
-    return false;
-}
-
-int SelectedComboItem(HWND dialog, int combo)
-{
-    return GetDlgItem(dialog, combo) == nullptr ? CB_ERR : static_cast<int>(Ask(dialog, combo, CB_GETCURSEL));
-}
 } // namespace
 
 std::string GetItemText(HWND dialog, int control)
@@ -87,27 +50,26 @@ void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data)
     }
 }
 
-bool SelectComboText(HWND dialog, int combo, std::string_view text)
-{
-    const std::wstring wanted = ToWide(text);
-    return SelectComboItem(dialog, combo, [&](int i) { return ComboItemText(dialog, combo, i) == wanted; });
-}
-
 bool SelectComboData(HWND dialog, int combo, LPARAM data)
 {
-    return SelectComboItem(dialog, combo,
-                           [&](int i)
-                           { return Ask(dialog, combo, CB_GETITEMDATA, static_cast<WPARAM>(i)) == data; });
-}
-
-std::string GetComboText(HWND dialog, int combo)
-{
-    const int selected = SelectedComboItem(dialog, combo);
-    return selected < 0 ? std::string() : ToMultibyte(ComboItemText(dialog, combo, selected));
+    const LRESULT count = Ask(dialog, combo, CB_GETCOUNT);
+    for (LRESULT i = 0; i < count; ++i)
+    {
+        if (Ask(dialog, combo, CB_GETITEMDATA, static_cast<WPARAM>(i)) == data)
+        {
+            Ask(dialog, combo, CB_SETCURSEL, static_cast<WPARAM>(i));
+            return true;
+        }
+    }
+    return false;
 }
 
 LPARAM GetComboData(HWND dialog, int combo, LPARAM none)
 {
-    const int selected = SelectedComboItem(dialog, combo);
-    return selected < 0 ? none : Ask(dialog, combo, CB_GETITEMDATA, static_cast<WPARAM>(selected));
+    if (GetDlgItem(dialog, combo) == nullptr)
+    {
+        return none;
+    }
+    const LRESULT selected = Ask(dialog, combo, CB_GETCURSEL);
+    return selected == CB_ERR ? none : Ask(dialog, combo, CB_GETITEMDATA, static_cast<WPARAM>(selected));
 }

@@ -24,8 +24,5 @@ void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data = 0
 bool SelectComboText(HWND dialog, int combo, std::string_view text);
 bool SelectComboData(HWND dialog, int combo, LPARAM data);
 
-// The text of the chosen entry, empty when none is.
-[[nodiscard]] std::string GetComboText(HWND dialog, int combo);
-
 // The data of the chosen entry, `none` when none is.
 [[nodiscard]] LPARAM GetComboData(HWND dialog, int combo, LPARAM none);

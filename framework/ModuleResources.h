@@ -7,6 +7,9 @@
 // The module that this code is linked into: where its dialog templates, cursors and texts are.
 [[nodiscard]] HINSTANCE GetModuleInstance() noexcept;
 
-// The text of a string table, in the system's multibyte code page: the module's, or else the host's; empty
-// when neither has it.
-[[nodiscard]] std::string LoadStringResource(unsigned identifier);
+// The program that has loaded the module.
+[[nodiscard]] HINSTANCE GetHostInstance() noexcept;
+
+// A text of a module's string table, in the system's multibyte code page. False when there is none, or an
+// empty one.
+[[nodiscard]] bool FindStringResource(HINSTANCE module, unsigned identifier, std::string& text);

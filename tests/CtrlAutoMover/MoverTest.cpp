@@ -1,12 +1,12 @@
 #include "framework/CHandle.h"
 #include "framework/DrawingScopes.h"
-#include "shared/MessageManager/ISystemMessageBox.h"
 #include "tests/CModalScript.h"
+#include "tests/CPrintingBox.h"
 #include "tests/CSandboxedProfile.h"
 #include "tests/CountHandles.h"
 #include "tests/CtrlAutoMover/CMoverDialog.h"
+#include "tests/ReadPixels.h"
 
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <map>
 
@@ -116,15 +116,7 @@ std::vector<COLORREF> ReadClient(HWND window)
     RECT client{};
     GetClientRect(window, &client);
     const CClientDC dc(window);
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < client.bottom; ++y)
-    {
-        for (int x = 0; x < client.right; ++x)
-        {
-            pixels.push_back(GetPixel(dc.Get(), x, y));
-        }
-    }
-    return pixels;
+    return ReadPixels(dc.Get(), client);
 }
 
 void PaintEverythingInvalid()
@@ -227,24 +219,9 @@ TEST_F(Mover, MayOutliveItsWindowAndGoBeforeIt)
     }
 }
 
-class CPrintingBox final : public msg::ISystemMessageBox
-{
-public:
-    int Show(msg::WindowHandle /*owner*/, const char* text, const char* /*caption*/,
-             unsigned /*style*/) override
-    {
-        std::fprintf(stderr, "%s\n", text);
-        return msg::answerOk;
-    }
-    [[nodiscard]] msg::WindowHandle FindMainWindow() override { return nullptr; }
-    [[nodiscard]] std::string GetApplicationName() override { return {}; }
-    [[nodiscard]] std::string GetExecutablePath() override { return {}; }
-};
-
 TEST(MoverDeathTest, NeedsAnExistingWindow)
 {
-    CPrintingBox box;
-    msg::ReplaceSystemMessageBox(&box);
+    const CPrintingBox box;
     const CWnd noWindow;
     EXPECT_EXIT(CCtrlAutoMover(nullptr), testing::ExitedWithCode(1),
                 testing::HasSubstr("Line:93,   File:..\\shared\\CtrlAutoMover.cpp   File date:"));
@@ -252,6 +229,5 @@ TEST(MoverDeathTest, NeedsAnExistingWindow)
                 testing::HasSubstr("Line:94,   File:..\\shared\\CtrlAutoMover.cpp   File date:"));
     EXPECT_EXIT(CSizerGrip(nullptr), testing::ExitedWithCode(1),
                 testing::HasSubstr("Line:66,   File:..\\shared\\SizerGrip.cpp   File date:"));
-    msg::ReplaceSystemMessageBox(nullptr);
 }
 } // namespace

@@ -1,34 +1,18 @@
 #include "shared/MessageManager/FatalError.h"
 
-#include "shared/MessageManager/ISystemMessageBox.h"
+#include "tests/CPrintingBox.h"
 
-#include <cstdio>
 #include <gmock/gmock.h>
 
 namespace
 {
-class CPrintingBox final : public msg::ISystemMessageBox
-{
-public:
-    int Show(msg::WindowHandle owner, const char* text, const char* caption, unsigned style) override
-    {
-        std::fprintf(stderr, "[%s] [%s] style %u owner %d\n", caption, text, style, owner != nullptr);
-        return msg::answerOk;
-    }
-
-    [[nodiscard]] msg::WindowHandle FindMainWindow() override { return this; }
-    [[nodiscard]] std::string GetApplicationName() override { return {}; }
-    [[nodiscard]] std::string GetExecutablePath() override { return {}; }
-};
-
 TEST(FatalErrorDeathTest, TellsWhereAndEndsTheProcessWithCodeOne)
 {
     using testing::AllOf;
     using testing::HasSubstr;
     EXPECT_EXIT(
         {
-            CPrintingBox box;
-            msg::ReplaceSystemMessageBox(&box);
+            const CPrintingBox box;
             FatalError("..\\shared\\SizerGrip.cpp", 4000000000U);
         },
         testing::ExitedWithCode(1),

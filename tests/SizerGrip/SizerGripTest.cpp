@@ -1,9 +1,9 @@
 #include "framework/DrawingScopes.h"
 #include "shared/SizerGrip/win32/CSizerGrip.h"
+#include "tests/ReadPixels.h"
 
 #include <gtest/gtest.h>
 #include <memory>
-#include <vector>
 
 namespace
 {
@@ -87,28 +87,13 @@ TEST_F(SizerGrip, IsDrawnInTheCornerAndFollowsIt)
     EXPECT_EQ(CountDrawnPixels(), themed);
 }
 
-using Picture = std::vector<COLORREF>;
-
-Picture ReadPicture(HDC dc, int left, int top, int width, int height)
-{
-    Picture picture;
-    for (int y = top; y < top + height; ++y)
-    {
-        for (int x = left; x < left + width; ++x)
-        {
-            picture.push_back(GetPixel(dc, x, y));
-        }
-    }
-    return picture;
-}
-
 TEST_F(SizerGrip, FollowsTheTheme)
 {
     const auto readGrip = [&]
     {
         RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
         const CClientDC dc(window.Get());
-        return ReadPicture(dc.Get(), Corner().x - width, Corner().y - height, width, height);
+        return ReadPixels(dc.Get(), {Corner().x - width, Corner().y - height, Corner().x, Corner().y});
     };
     const auto drawReference = [&](auto draw)
     {
@@ -119,14 +104,14 @@ TEST_F(SizerGrip, FollowsTheTheme)
         RECT rect{0, 0, width, height};
         FillRect(dc.Get(), &rect, GetSysColorBrush(COLOR_BTNFACE));
         draw(dc.Get(), rect);
-        return ReadPicture(dc.Get(), 0, 0, width, height);
+        return ReadPixels(dc.Get(), rect);
     };
     const CTheme theme(OpenThemeData(window.Get(), L"SCROLLBAR"));
     ASSERT_TRUE(theme);
-    const Picture themed = drawReference([&](HDC dc, const RECT& rect)
-                                         { DrawThemeBackground(theme.Get(), dc, 10, 5, &rect, nullptr); });
-    const Picture classic = drawReference([](HDC dc, RECT& rect)
-                                          { DrawFrameControl(dc, &rect, DFC_SCROLL, DFCS_SCROLLSIZEGRIP); });
+    const auto themed = drawReference([&](HDC dc, const RECT& rect)
+                                      { DrawThemeBackground(theme.Get(), dc, 10, 5, &rect, nullptr); });
+    const auto classic = drawReference([](HDC dc, RECT& rect)
+                                       { DrawFrameControl(dc, &rect, DFC_SCROLL, DFCS_SCROLLSIZEGRIP); });
     ASSERT_NE(themed, classic);
 
     EXPECT_EQ(readGrip(), themed);

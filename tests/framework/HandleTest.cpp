@@ -63,10 +63,13 @@ TEST(Handle, DrawingScopesLeaveNothingBehind)
     EXPECT_EQ(CountGdiHandles(), before + 1) << "the count counts";
 }
 
-TEST(ModuleResources, TextsComeFromTheStringTable)
+TEST(ModuleResources, TextsComeFromAStringTable)
 {
-    EXPECT_EQ(LoadStringResource(1019), "Core");
-    EXPECT_EQ(LoadStringResource(65000), "");
+    std::string text = "kept";
+    EXPECT_FALSE(FindStringResource(GetModuleInstance(), 65000, text));
+    EXPECT_EQ(text, "kept");
+    EXPECT_TRUE(FindStringResource(GetHostInstance(), 1019, text));
+    EXPECT_EQ(text, "Core");
 }
 
 TEST(TextConversion, ComesBackTheSame)
