@@ -73,12 +73,12 @@ int FindRowByPrefix(const CGridModel& model, int column, std::string_view prefix
     return found != 0 || !wrap ? found : find(1, std::min(first - 1, model.GetRowCount()));
 }
 
-int MeasureColumn(const CGridModel& model, int column, int widestCharacter,
+int MeasureColumn(const CGridModel& model, int column, int lastRow, int widestCharacter,
                   const std::function<int(std::string_view)>& measure)
 {
     int widest = 0;
     const char* last = nullptr; // equal texts often follow each other and share their characters
-    for (int row = 1; row <= model.GetRowCount(); ++row)
+    for (int row = 1; row <= std::min(lastRow, model.GetRowCount()); ++row)
     {
         const char* const text = model.GetText(row, column);
         const std::size_t length = text != last ? std::strlen(text) : 0;

@@ -23,7 +23,7 @@
 [[nodiscard]] int FindRowByPrefix(const CGridModel& model, int column, std::string_view prefix, int first,
                                   bool wrap);
 
-// The width of the widest cell of a column, its header not counted. `measure` gives the width of a text;
-// no text of n bytes may be wider than n times `widestCharacter`.
-[[nodiscard]] int MeasureColumn(const CGridModel& model, int column, int widestCharacter,
+// The width of the widest cell of a column among the rows up to `lastRow`, the header not counted. `measure`
+// gives the width of a text; no text of n bytes may be wider than n times `widestCharacter`.
+[[nodiscard]] int MeasureColumn(const CGridModel& model, int column, int lastRow, int widestCharacter,
                                 const std::function<int(std::string_view)>& measure);

@@ -60,8 +60,9 @@ TEST_F(GridTexts, MeasuresTheWidestText)
         ++measured;
         return static_cast<int>(text.size()) * (text.front() == 'B' ? 10 : 2);
     };
-    EXPECT_EQ(MeasureColumn(model, 3, 10, narrowLetters), 40);
+    EXPECT_EQ(MeasureColumn(model, 3, 9, 10, narrowLetters), 40);
     EXPECT_EQ(measured, 3) << "the empty text needs no measuring";
-    EXPECT_EQ(MeasureColumn(model, 2, 10, narrowLetters), 0);
+    EXPECT_EQ(MeasureColumn(model, 3, 2, 10, narrowLetters), 26);
+    EXPECT_EQ(MeasureColumn(model, 2, 9, 10, narrowLetters), 0);
 }
 } // namespace

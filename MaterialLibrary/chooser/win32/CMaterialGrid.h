@@ -1,0 +1,38 @@
+#pragma once
+
+#include "grid/win32/CGXGridWnd.h"
+
+#include "MaterialLibrary/chooser/CMaterialRows.h"
+
+// The table of materials in the chooser: the rows of a library in a grid control. Attach it to a control of
+// the class gridWindowClass, name the notifier and the filter, and set it up once.
+class CMaterialGrid final : public CGXGridWnd
+{
+public:
+    // The library is not owned.
+    explicit CMaterialGrid(IMatLib& library) : rows(GetModel(), library) {}
+
+    // Neither is owned; null for none.
+    void SetNotifier(ISelectionChangeNotifier* newNotifier);
+    void SetFilter(IMaterialFilter* filter) { rows.SetFilter(filter); }
+
+    // Makes the columns for materials of that kind and fills the rows.
+    void SetUp(int materialKind);
+
+    // As those of CMaterialRows.
+    void Refill() { rows.Refill(); }
+    void SetUnits(unsigned units) { rows.SetUnits(units); }
+    void RefreshAssignedMarker() { rows.RefreshAssignedMarker(); }
+    [[nodiscard]] IMaterial* GetCurrentMaterial() const { return rows.GetCurrentMaterial(); }
+    [[nodiscard]] double GetCurrentTemperature() const { return rows.GetCurrentTemperature(); }
+
+    [[nodiscard]] const char* GetRuntimeClassName() const override { return "CMaterialGrid"; }
+
+protected:
+    void OnSelectionChanged() override;
+    bool OnClickedCell(GridCell cell) override;
+
+private:
+    CMaterialRows rows;
+    ISelectionChangeNotifier* notifier = nullptr;
+};

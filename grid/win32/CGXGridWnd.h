@@ -1,0 +1,58 @@
+#pragma once
+
+#include "framework/CWnd.h"
+#include "grid/CGridModel.h"
+#include "grid/win32/CGridList.h"
+
+// The window class of controls that a CGXGridWnd is attached to. Registering it twice does no harm.
+inline constexpr const wchar_t* gridWindowClass = L"CGXGridWnd";
+void RegisterGridWindowClass();
+
+// A window that shows a grid. It is attached to a control of the class gridWindowClass, whose area it fills
+// with a list view; keyboard, scrolling, themes and screen readers are the list view's. The columns can be
+// dragged and resized, a double-click on the right edge of a header fits its column, typing finds a row by
+// the first text column, Ctrl+C copies the selected rows, Ctrl+A selects all, and a tip shows the text of a
+// cell that is cut off. Every cell may become the current one, none can be edited.
+class CGXGridWnd : public CWnd, private IGridListener
+{
+public:
+    CGXGridWnd();
+    ~CGXGridWnd() override;
+
+    // Makes the list view; needs a window to be attached to. Does nothing when that was done.
+    void Initialise();
+
+    [[nodiscard]] CGridModel& GetModel() { return model; }
+    [[nodiscard]] const CGridModel& GetModel() const { return model; }
+
+    // The list view, null before Initialise.
+    [[nodiscard]] HWND GetList() const { return list.GetHandle(); }
+
+    [[nodiscard]] const char* GetRuntimeClassName() const override { return "CGXGridWnd"; }
+
+protected:
+    // Other rows are selected now, or another row stands for the selection.
+    virtual void OnSelectionChanged() {}
+
+    // The left button was clicked on a cell; on a header when its row is 0. True when that was handled.
+    virtual bool OnClickedCell(GridCell) { return false; }
+
+    // Another cell is current now.
+    virtual void OnMovedCurrentCell(GridCell) {}
+
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void OnGridChanged(unsigned changes) override;
+
+    LRESULT OnNotify(NMHDR& notification, LPARAM lParam);
+    void OnItemChanged(const NMLISTVIEW& change);
+    void OnItemRangeChanged(const NMLVODSTATECHANGE& change);
+    void OnKeyDown(WORD key);
+    void FollowSelectionOfList();
+    void SetCurrentRow(int row);
+
+    CGridModel model;
+    CGridList list;
+    bool following = false; // the selection of the list, which needs no telling then
+};

@@ -1,0 +1,436 @@
+#include "grid/win32/CGridList.h"
+
+#include "framework/DrawingScopes.h"
+#include "framework/ModuleResources.h"
+#include "framework/TextConversion.h"
+#include "framework/WindowScopes.h"
+#include "grid/GridTexts.h"
+#include "grid/win32/Clipboard.h"
+
+#include <algorithm>
+#include <new>
+#include <windowsx.h>
+
+namespace
+{
+constexpr int listIdentifier = 1;
+constexpr const wchar_t* mark = L"\u25CF";
+
+// A list view shows so many characters of a text.
+constexpr std::size_t shownLength = 259;
+
+// New columns are fitted to so many rows, and are no wider than so many average characters.
+constexpr int fittedRows = 500;
+constexpr int widestNewColumn = 36;
+
+int GetAlignment(GridValueType valueType)
+{
+    return valueType == GridValueType::Number ? LVCFMT_RIGHT : LVCFMT_LEFT;
+}
+
+TEXTMETRICW GetMetrics(HDC context)
+{
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    return metrics;
+}
+
+// The client area's device context with the font of the window selected.
+class CMeasureScope
+{
+public:
+    explicit CMeasureScope(HWND window)
+        : client(window), font(client.Get(), reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)))
+    {
+    }
+
+    [[nodiscard]] HDC Get() const { return client.Get(); }
+
+private:
+    CClientDC client;
+    CSelectScope font;
+};
+} // namespace
+
+void CGridList::Create(HWND parent, HFONT font)
+{
+    const CThemedControlsScope themed;
+    RECT area{};
+    GetClientRect(parent, &area);
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS;
+    wchar_t title[256] = L"";
+    GetWindowTextW(parent, title, static_cast<int>(std::size(title)));
+    const HWND window =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, title, style, 0, 0, area.right, area.bottom, parent,
+                        reinterpret_cast<HMENU>(INT_PTR{listIdentifier}), GetModuleInstance(), nullptr);
+    if (window == nullptr || !Attach(window))
+    {
+        throw std::bad_alloc();
+    }
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    SendMessageW(window, LVM_SETUNICODEFORMAT, TRUE, 0);
+    const DWORD extended =
+        LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_HEADERDRAGDROP | LVS_EX_GRIDLINES;
+    ListView_SetExtendedListViewStyle(window, extended);
+    tip.Create(window);
+}
+
+void CGridList::Show(unsigned changes)
+{
+    const CRedrawLock lock(GetHandle());
+    updating = true;
+    if ((changes & GRIDCHANGE_COLUMNS) != 0)
+    {
+        ShowColumns();
+    }
+    if ((changes & GRIDCHANGE_ROWS) != 0)
+    {
+        ShowRowCount();
+    }
+    if ((changes & GRIDCHANGE_HEADERS) != 0)
+    {
+        ShowHeaderTexts();
+    }
+    if ((changes & (GRIDCHANGE_ORDER | GRIDCHANGE_COLUMNS)) != 0)
+    {
+        ShowSortArrow();
+    }
+    if ((changes & (GRIDCHANGE_ROWS | GRIDCHANGE_ORDER | GRIDCHANGE_SELECTION | GRIDCHANGE_CURRENT)) != 0)
+    {
+        ShowSelection();
+    }
+    tip.Forget();
+    updating = false;
+}
+
+void CGridList::ShowColumns()
+{
+    while (ListView_DeleteColumn(GetHandle(), 0) != FALSE)
+    {
+    }
+    columns = GetVisibleColumns(*model);
+    pressedColumn = 0;
+    columnsAreNew = true;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        std::wstring text = ToWide(MakeOneLine(model->GetText(0, columns[i])));
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+        column.fmt = GetAlignment(model->GetValueType(columns[i]));
+        column.pszText = text.data();
+        column.cx = MeasureHeader(columns[i]);
+        column.iSubItem = static_cast<int>(i);
+        SendMessageW(GetHandle(), LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+    }
+}
+
+void CGridList::ShowHeaderTexts()
+{
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        std::wstring text = ToWide(MakeOneLine(model->GetText(0, columns[i])));
+        const auto subItem = static_cast<int>(i);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = text.data();
+        column.cx = std::max(ListView_GetColumnWidth(GetHandle(), subItem), MeasureHeader(columns[i]));
+        SendMessageW(GetHandle(), LVM_SETCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+    }
+}
+
+void CGridList::ShowSortArrow()
+{
+    const GridSortKey key = model->GetSortedBy();
+    const HWND header = ListView_GetHeader(GetHandle());
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, i, reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (key.column == columns[i])
+        {
+            item.fmt |= key.ascending ? HDF_SORTUP : HDF_SORTDOWN;
+        }
+        SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void CGridList::ShowRowCount()
+{
+    SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemCountEx(GetHandle(), model->GetRowCount(), 0);
+    if (columnsAreNew && model->GetRowCount() > 0)
+    {
+        FitNewColumns();
+        columnsAreNew = false;
+    }
+}
+
+void CGridList::ShowSelection()
+{
+    const CGridSelection& selection = model->GetSelection();
+    SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    if (selection.GetSelectedCount() == model->GetRowCount())
+    {
+        SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    }
+    else if (selection.GetSelectedCount() > 0)
+    {
+        for (const int row : selection.GetRows())
+        {
+            SetItemState(row - 1, LVIS_SELECTED, LVIS_SELECTED);
+        }
+    }
+    if (const int current = selection.GetCurrentCell().row; current != 0)
+    {
+        SetItemState(current - 1, LVIS_FOCUSED, LVIS_FOCUSED);
+        ListView_SetSelectionMark(GetHandle(), current - 1);
+        ListView_EnsureVisible(GetHandle(), current - 1, FALSE);
+    }
+}
+
+int CGridList::GetColumn(int subItem) const
+{
+    const auto index = static_cast<std::size_t>(subItem);
+    return subItem >= 0 && index < columns.size() ? columns[index] : 0;
+}
+
+std::wstring CGridList::GetShownText(int item, int subItem) const
+{
+    const int column = GetColumn(subItem);
+    if (column == 0 || item < 0 || item >= model->GetRowCount())
+    {
+        return {};
+    }
+    const char* const text = model->GetText(item + 1, column);
+    if (*text != '\0' && model->GetStyle(item + 1, column).valueType == GridValueType::Mark)
+    {
+        return mark;
+    }
+    return ToWide(MakeOneLine(text));
+}
+
+void CGridList::FillDisplayInfo(NMLVDISPINFOW& info) const
+{
+    if ((info.item.mask & LVIF_TEXT) == 0 || info.item.pszText == nullptr || info.item.cchTextMax <= 0)
+    {
+        return;
+    }
+    const std::wstring text = GetShownText(info.item.iItem, info.item.iSubItem);
+    const auto room = static_cast<std::size_t>(info.item.cchTextMax) - 1;
+    const std::size_t length = text.copy(info.item.pszText, room);
+    info.item.pszText[length] = L'\0';
+}
+
+LRESULT CGridList::Draw(NMLVCUSTOMDRAW& draw) const
+{
+    switch (draw.nmcd.dwDrawStage)
+    {
+    case CDDS_PREPAINT:
+        return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+        return CDRF_NOTIFYSUBITEMDRAW;
+    case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+    {
+        const auto row = static_cast<int>(draw.nmcd.dwItemSpec) + 1;
+        const int column = GetColumn(draw.iSubItem);
+        const bool faint = column != 0 && row <= model->GetRowCount() &&
+                           model->GetStyle(row, column).emphasis == GridEmphasis::Faint;
+        draw.clrText = GetSysColor(faint ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
+        return CDRF_DODEFAULT;
+    }
+    default:
+        return CDRF_DODEFAULT;
+    }
+}
+
+LRESULT CGridList::FindItem(const NMLVFINDITEMW& search) const
+{
+    constexpr LRESULT notFound = -1;
+    const int column = FindFirstTextColumn(*model, GetColumnsInScreenOrder());
+    if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || search.lvfi.psz == nullptr || column == 0)
+    {
+        return notFound;
+    }
+    const bool wrap = (search.lvfi.flags & LVFI_WRAP) != 0;
+    const int row = FindRowByPrefix(*model, column, ToMultibyte(search.lvfi.psz), search.iStart + 1, wrap);
+    return row != 0 ? row - 1 : notFound;
+}
+
+std::vector<int> CGridList::ReadSelectedRows() const
+{
+    std::vector<int> rows;
+    for (int item = -1; (item = ListView_GetNextItem(GetHandle(), item, LVNI_SELECTED)) >= 0;)
+    {
+        rows.push_back(item + 1);
+    }
+    return rows;
+}
+
+int CGridList::CountSelectedRows() const
+{
+    return static_cast<int>(ListView_GetSelectedCount(GetHandle()));
+}
+
+void CGridList::SelectAll()
+{
+    SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void CGridList::Copy(const std::vector<int>& rows) const
+{
+    const CWaitCursor wait;
+    if (!PutOnClipboard(GetHandle(), ToWide(CopyAsText(*model, GetColumnsInScreenOrder(), rows))))
+    {
+        MessageBeep(MB_ICONWARNING);
+    }
+}
+
+std::vector<int> CGridList::GetColumnsInScreenOrder() const
+{
+    std::vector<int> order(columns.size());
+    if (ListView_GetColumnOrderArray(GetHandle(), static_cast<int>(order.size()), order.data()) == FALSE)
+    {
+        return columns;
+    }
+    std::transform(order.begin(), order.end(), order.begin(),
+                   [this](int subItem) { return GetColumn(subItem); });
+    return order;
+}
+
+void CGridList::FitColumn(int subItem)
+{
+    if (const int column = GetColumn(subItem); column != 0)
+    {
+        const CWaitCursor wait;
+        const int width = std::max(MeasureHeader(column), MeasureCells(column, model->GetRowCount()));
+        ListView_SetColumnWidth(GetHandle(), subItem, width);
+    }
+}
+
+void CGridList::FitNewColumns()
+{
+    const int widest = GetMetrics(CMeasureScope(GetHandle()).Get()).tmAveCharWidth * widestNewColumn;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        const int cells = std::min(MeasureCells(columns[i], fittedRows), widest);
+        const int width = std::max(MeasureHeader(columns[i]), cells);
+        ListView_SetColumnWidth(GetHandle(), static_cast<int>(i), width);
+    }
+}
+
+// Room for the margins of a cell, which a list view does not tell.
+int CGridList::GetPadding() const
+{
+    return 3 * GetMetrics(CMeasureScope(GetHandle()).Get()).tmAveCharWidth;
+}
+
+int CGridList::MeasureHeader(int column) const
+{
+    const CMeasureScope measure(GetHandle());
+    const int sortArrow = 2 * GetMetrics(measure.Get()).tmAveCharWidth;
+    return MeasureText(measure.Get(), MakeOneLine(model->GetText(0, column))) + GetPadding() + sortArrow;
+}
+
+int CGridList::MeasureCells(int column, int lastRow) const
+{
+    const CMeasureScope measure(GetHandle());
+    return MeasureColumn(*model, column, lastRow, GetMetrics(measure.Get()).tmMaxCharWidth,
+                         [&](std::string_view text) { return MeasureText(measure.Get(), text); }) +
+           GetPadding();
+}
+
+int CGridList::MeasureText(HDC context, std::string_view text) const
+{
+    const std::wstring shown = ToWide(MakeOneLine(text.substr(0, shownLength)));
+    SIZE extent{};
+    GetTextExtentPoint32W(context, shown.c_str(), static_cast<int>(shown.size()), &extent);
+    return extent.cx;
+}
+
+void CGridList::SetItemState(int item, UINT state, UINT mask)
+{
+    LVITEMW change{};
+    change.state = state;
+    change.stateMask = mask;
+    SendMessageW(GetHandle(), LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&change));
+}
+
+LRESULT CGridList::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_NOTIFY:
+    {
+        auto& notification = *reinterpret_cast<NMHDR*>(lParam);
+        if (notification.code == HDN_DIVIDERDBLCLICKW || notification.code == HDN_DIVIDERDBLCLICKA)
+        {
+            FitColumn(reinterpret_cast<NMHEADERW*>(lParam)->iItem);
+            return 0;
+        }
+        if (notification.code == TTN_GETDISPINFOW && notification.hwndFrom == tip.GetHandle())
+        {
+            reinterpret_cast<NMTTDISPINFOW*>(lParam)->lpszText = tip.GetText();
+            return 0;
+        }
+        break;
+    }
+    case WM_CHAR:
+        if (wParam < L' ' && GetKeyState(VK_CONTROL) < 0)
+        {
+            return 0; // Ctrl+A and Ctrl+C are no text to search for
+        }
+        break;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+        pressedColumn = GetColumn(HitTest({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}).iSubItem);
+        break;
+    case WM_MOUSEMOVE:
+        PointTipAt({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        break;
+    default:
+        break;
+    }
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+    {
+        tip.Relay(GetHandle(), message, wParam, lParam);
+    }
+    return CWnd::HandleMessage(message, wParam, lParam);
+}
+
+LVHITTESTINFO CGridList::HitTest(POINT point) const
+{
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    if (SendMessageW(GetHandle(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0)
+    {
+        hit.iItem = -1;
+        hit.iSubItem = -1;
+    }
+    return hit;
+}
+
+void CGridList::PointTipAt(POINT point)
+{
+    const LVHITTESTINFO hit = HitTest(point);
+    const GridCell cell = {hit.iItem + 1, GetColumn(hit.iSubItem)};
+    if (!tip.MovesTo(cell))
+    {
+        return;
+    }
+    if (hit.iItem < 0 || cell.column == 0)
+    {
+        tip.Show({}, {});
+        return;
+    }
+    RECT area{};
+    ListView_GetSubItemRect(GetHandle(), hit.iItem, hit.iSubItem, LVIR_LABEL, &area);
+    const CMeasureScope measure(GetHandle());
+    const char* const text = model->GetText(cell.row, cell.column);
+    const int textWidth = MeasureText(measure.Get(), text);
+    const int margins = 2 * GetMetrics(measure.Get()).tmAveCharWidth;
+    const bool isMark = model->GetStyle(cell.row, cell.column).valueType == GridValueType::Mark;
+    const bool cutOff = !isMark && textWidth + margins > area.right - area.left;
+    tip.Show(area, cutOff ? ToWide(text) : std::wstring());
+}

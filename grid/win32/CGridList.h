@@ -1,0 +1,81 @@
+#pragma once
+
+#include "framework/CWnd.h"
+#include "grid/CGridModel.h"
+#include "grid/win32/CCellTip.h"
+
+#include <commctrl.h>
+#include <string>
+#include <vector>
+
+// The system's list view as the view of a grid: it asks for the texts it paints, so its work does not grow
+// with the number of rows. Hidden columns are no columns of the list; items and subitems of the list count
+// from 0, rows and columns of the grid from 1.
+class CGridList : public CWnd
+{
+public:
+    explicit CGridList(const CGridModel& gridModel) : model(&gridModel) {}
+
+    // Makes the list as the only child of `parent`, which gets its notifications. Throws std::bad_alloc when
+    // the system has no room for another window.
+    void Create(HWND parent, HFONT font);
+
+    // Brings the list in line with what changed in the grid: a combination of GRIDCHANGE.
+    void Show(unsigned changes);
+
+    // True while the list is being brought in line: what it notifies then is no doing of the user.
+    [[nodiscard]] bool IsUpdating() const { return updating; }
+
+    // The column of the grid that a subitem shows, 0 for none.
+    [[nodiscard]] int GetColumn(int subItem) const;
+
+    // Answers to notifications.
+    void FillDisplayInfo(NMLVDISPINFOW& info) const;
+    [[nodiscard]] LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
+    [[nodiscard]] LRESULT FindItem(const NMLVFINDITEMW& search) const;
+
+    // The selected rows of the list, counted from 1.
+    [[nodiscard]] std::vector<int> ReadSelectedRows() const;
+    [[nodiscard]] int CountSelectedRows() const;
+    void SelectAll();
+
+    // Puts the rows, with the headers, on the clipboard in the order of the columns on the screen.
+    void Copy(const std::vector<int>& rows) const;
+
+    // Makes the column as wide as its widest cell.
+    void FitColumn(int subItem);
+
+    // The column of the grid on which the left button was pressed last, 0 for none.
+    [[nodiscard]] int GetPressedColumn() const { return pressedColumn; }
+
+protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void ShowColumns();
+    void ShowHeaderTexts();
+    void ShowSortArrow();
+    void ShowRowCount();
+    void ShowSelection();
+
+    // The text that a cell shows, on one line.
+    [[nodiscard]] std::wstring GetShownText(int item, int subItem) const;
+    [[nodiscard]] std::vector<int> GetColumnsInScreenOrder() const;
+    [[nodiscard]] LVHITTESTINFO HitTest(POINT point) const;
+    [[nodiscard]] int MeasureText(HDC context, std::string_view text) const;
+    [[nodiscard]] int MeasureHeader(int column) const;
+    [[nodiscard]] int MeasureCells(int column, int lastRow) const;
+    [[nodiscard]] int GetPadding() const;
+    void FitNewColumns();
+    void SetItemState(int item, UINT state, UINT mask);
+
+    void PointTipAt(POINT point);
+
+    const CGridModel* model;
+    std::vector<int> columns; // of the grid; one for each subitem
+    bool updating = false;
+    bool columnsAreNew = false; // and have not been fitted to any rows yet
+    int pressedColumn = 0;
+
+    CCellTip tip;
+};
