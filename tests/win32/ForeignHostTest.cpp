@@ -1,5 +1,5 @@
 // A host of another compiler: every slot that returns a scalar or a pointer, called on the real module.
-#include "tests/win32/CMessageBoxRobot.h"
+#include "tests/CModalScript.h"
 #include "tests/win32/CModule.h"
 #include "tests/win32/foreign/ForeignSlots.h"
 
@@ -138,13 +138,22 @@ TEST_F(ForeignHost, GetsTheValuesThatAHostOfOurCompilerGets)
     }
 }
 
-TEST_F(ForeignHost, IsToldThatThereIsNoChooser)
+TEST_F(ForeignHost, GetsTheMaterialThatTheUserAssigns)
 {
-    const CMessageBoxRobot robot;
-    EXPECT_EQ(ForeignChooseMaterial(library.get(), nullptr, MLMATERIAL_DIELECTRIC), nullptr);
-    ASSERT_EQ(robot.GetBoxes().size(), 1U);
-    EXPECT_EQ(robot.GetBoxes()[0].text,
-              "This build of the material library has no dialog to choose a material from.");
-    EXPECT_TRUE(robot.GetBoxes()[0].isWarning);
+    IMaterial* const current = library->FindMaterial("Getinaks - 2");
+    for (const int button : {IDOK, IDCANCEL})
+    {
+        CModalScript script({[&]
+                             {
+                                 const HWND dialog = FindWindowA("#32770", "Select Material Models");
+                                 char assigned[100] = {};
+                                 GetDlgItemTextA(dialog, 1041, assigned, sizeof(assigned));
+                                 EXPECT_STREQ(assigned, "Getinaks - 2");
+                                 SendDlgItemMessageA(dialog, button, BM_CLICK, 0, 0);
+                             }});
+        EXPECT_EQ(ForeignChooseMaterial(library.get(), current, MLMATERIAL_DIELECTRIC),
+                  button == IDOK ? current : nullptr);
+        EXPECT_TRUE(script.IsDone());
+    }
 }
 } // namespace

@@ -3,6 +3,9 @@
 #include "shared/Misc_String/CodePage.h"
 #include "shared/ModuleState/CModuleState.h"
 
+#include "MaterialLibrary/chooser/win32/RunChooser.h"
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+
 bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
 {
     CModuleState& state = OwnModuleState();
@@ -10,5 +13,6 @@ bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
     state.applicationName = "MaterialLibrary";
     state.registryKey = "Corvane";
     SetLeadByteTest([](unsigned char byte) { return IsDBCSLeadByte(byte) != FALSE; });
+    CFakeMaterialLib::SetChooser(&RunChooser);
     return true;
 }

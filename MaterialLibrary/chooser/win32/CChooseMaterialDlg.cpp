@@ -1,0 +1,407 @@
+#include "MaterialLibrary/chooser/win32/CChooseMaterialDlg.h"
+
+#include "framework/DialogItems.h"
+#include "framework/Profile.h"
+#include "framework/WindowScopes.h"
+
+#include "MaterialLibrary/IMatLib.h"
+#include "MaterialLibrary/IMaterial.h"
+#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
+#include "MaterialLibrary/chooser/ThicknessUnits.h"
+#include "MaterialLibrary/chooser/TypeNames.h"
+#include "MaterialLibrary/resources/DialogIds.h"
+#include "MaterialLibrary/resources/Texts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+constexpr const char* profileSection = "SelectMaterial";
+constexpr const char* showChartName = "ShowChart";
+
+struct TechnologyChoice
+{
+    int technology;
+    MLTEXTID name;
+};
+constexpr TechnologyChoice technologyChoices[] = {
+    {MLTECHNOLOGY_FLEXCORE, MLTEXT_FLEXCORE},
+    {MLTECHNOLOGY_PREPREG, MLTEXT_PREPREG},
+    {MLTECHNOLOGY_CORE, MLTEXT_CORE},
+};
+
+constexpr MLUNITS unitChoices[] = {MLUNITS_METRIC, MLUNITS_ENGLISH};
+
+constexpr int dielectricControls[] = {
+    ML_LABEL_TECHNOLOGY,   ML_COMBO_TECHNOLOGY,       ML_LABEL_THICKNESS, ML_EDIT_THICKNESS_MINIMUM,
+    ML_LABEL_THICKNESS_TO, ML_EDIT_THICKNESS_MAXIMUM, ML_LABEL_UNIT,      ML_COMBO_UNITS,
+};
+
+// What stands below the chart.
+constexpr int bottomControls[] = {
+    IDOK, IDCANCEL, ML_BUTTON_HELP, ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED,
+};
+
+constexpr int editsWithEnter[] = {ML_EDIT_MATERIAL_FILTER, ML_EDIT_LIBRARY_FILTER, ML_EDIT_THICKNESS_MINIMUM,
+                                  ML_EDIT_THICKNESS_MAXIMUM};
+
+SIZE GetWindowSize(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT GetControlRect(HWND dialog, int control)
+{
+    RECT rect{};
+    GetWindowRect(GetDlgItem(dialog, control), &rect);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+void ShiftControl(HWND dialog, int control, int down)
+{
+    const RECT rect = GetControlRect(dialog, control);
+    SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left, rect.top + down, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+} // namespace
+
+CChooseMaterialDlg::CChooseMaterialDlg(IMatLib& materialLibrary, IMaterial* current, int materialKind)
+    : CDialog(ML_DIALOG_CHOOSE_MATERIAL), library(&materialLibrary), assigned(current), kind(materialKind),
+      units(MLUNITS_ENGLISH), materialFilter(materialKind, GetChooserFilterSettings()), chart(materialKind)
+{
+}
+
+CChooseMaterialDlg::~CChooseMaterialDlg() = default;
+
+bool CChooseMaterialDlg::OnInitDialog()
+{
+    ResetNameFilters();
+    FillCombos();
+    grid = std::make_unique<CMaterialGrid>(*library);
+    grid->AttachDlgItem(ML_GRID, GetHandle());
+    grid->SetNotifier(this);
+    grid->SetFilter(this);
+    grid->SetUp(kind);
+    ApplyUnits();
+    chart.Attach(ML_CHART, GetHandle());
+    CreateMover();
+    ReadShowChart();
+    SetItemText(GetHandle(), ML_EDIT_ASSIGNED, assigned != nullptr ? assigned->GetName() : "");
+    ListenToEnter();
+    return true;
+}
+
+void CChooseMaterialDlg::ResetNameFilters()
+{
+    ChooserFilterSettings& settings = GetChooserFilterSettings();
+    settings.materialFilter.Reset();
+    settings.libraryFilter.Reset();
+    SetItemText(GetHandle(), ML_EDIT_MATERIAL_FILTER, settings.materialFilter.GetInput());
+    SetItemText(GetHandle(), ML_EDIT_LIBRARY_FILTER, settings.libraryFilter.GetInput());
+}
+
+void CChooseMaterialDlg::FillCombos()
+{
+    FillTypeCombo();
+    if (kind == MLMATERIAL_METAL)
+    {
+        for (const int control : dielectricControls)
+        {
+            ShowItem(GetHandle(), control, false);
+        }
+        return;
+    }
+    FillTechnologyCombo();
+    FillUnitCombo();
+}
+
+void CChooseMaterialDlg::FillTypeCombo()
+{
+    typeNames = {LoadText(MLTEXT_ALL)};
+    for (std::string& name : ListTypeNames(*library, kind))
+    {
+        typeNames.push_back(std::move(name));
+    }
+    LPARAM selected = 0;
+    for (std::size_t i = 0; i < typeNames.size(); ++i)
+    {
+        AddComboItem(GetHandle(), ML_COMBO_TYPE, typeNames[i], static_cast<LPARAM>(i));
+        if (selected == 0 && typeNames[i] == GetChooserFilterSettings().typeText)
+        {
+            selected = static_cast<LPARAM>(i);
+        }
+    }
+    SelectComboData(GetHandle(), ML_COMBO_TYPE, selected);
+}
+
+void CChooseMaterialDlg::FillTechnologyCombo()
+{
+    AddComboItem(GetHandle(), ML_COMBO_TECHNOLOGY, LoadText(MLTEXT_ALL),
+                 ChooserFilterSettings::allTechnologies);
+    for (const TechnologyChoice& choice : technologyChoices)
+    {
+        AddComboItem(GetHandle(), ML_COMBO_TECHNOLOGY, LoadText(choice.name), choice.technology);
+    }
+    if (!SelectComboData(GetHandle(), ML_COMBO_TECHNOLOGY, GetChooserFilterSettings().technology))
+    {
+        SelectComboData(GetHandle(), ML_COMBO_TECHNOLOGY, ChooserFilterSettings::allTechnologies);
+    }
+}
+
+void CChooseMaterialDlg::FillUnitCombo()
+{
+    for (const MLUNITS choice : unitChoices)
+    {
+        AddComboItem(GetHandle(), ML_COMBO_UNITS, LoadText(GetThicknessUnit(choice).name), choice);
+    }
+    SelectComboData(GetHandle(), ML_COMBO_UNITS, units);
+}
+
+void CChooseMaterialDlg::ListenToEnter()
+{
+    for (const int control : editsWithEnter)
+    {
+        edits.push_back(std::make_unique<CEnterEdit>([this] { ApplyThicknessRange(); }));
+        edits.back()->AttachDlgItem(control, GetHandle());
+    }
+}
+
+bool CChooseMaterialDlg::OnCommand(int control, unsigned code)
+{
+    const bool clicked = code == BN_CLICKED;
+    const bool chosen = code == CBN_SELCHANGE;
+    if (control == ML_BUTTON_APPLY && clicked)
+    {
+        ApplyThicknessRange();
+    }
+    else if ((control == ML_EDIT_THICKNESS_MINIMUM || control == ML_EDIT_THICKNESS_MAXIMUM) &&
+             code == EN_KILLFOCUS)
+    {
+        ApplyThicknessRange();
+    }
+    else if (control == ML_COMBO_TYPE && chosen)
+    {
+        ChooseType();
+    }
+    else if (control == ML_COMBO_TECHNOLOGY && chosen)
+    {
+        ChooseTechnology();
+    }
+    else if (control == ML_COMBO_UNITS && chosen)
+    {
+        ApplyUnits();
+    }
+    else if (control == ML_CHECK_SHOW_GRAPHICALLY && clicked)
+    {
+        ToggleChart();
+    }
+    else if (control == ML_BUTTON_ASSIGN && clicked)
+    {
+        Assign(grid->GetCurrentMaterial());
+    }
+    else if (control == ML_BUTTON_UNASSIGN && clicked)
+    {
+        Assign(nullptr);
+    }
+    else
+    {
+        return CDialog::OnCommand(control, code);
+    }
+    return true;
+}
+
+LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_DESTROY)
+    {
+        StoreProfileInteger(profileSection, showChartName, showChart ? 1 : 0);
+    }
+    const LRESULT result = CDialog::HandleMessage(message, wParam, lParam);
+    if (message == WM_WINDOWPOSCHANGED)
+    {
+        OnResized(); // the mover has placed the controls
+    }
+    return result;
+}
+
+void CChooseMaterialDlg::OnSelectionChange()
+{
+    chart.SetMaterial(grid->GetCurrentMaterial(), grid->GetCurrentTemperature());
+    showChart = IsItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY);
+    if (showChart)
+    {
+        chart.Refresh();
+    }
+}
+
+void CChooseMaterialDlg::ChooseType()
+{
+    const LRESULT chosen = GetComboData(GetHandle(), ML_COMBO_TYPE, 0);
+    GetChooserFilterSettings().typeText = typeNames.at(static_cast<std::size_t>(chosen));
+    RefillGrid();
+}
+
+void CChooseMaterialDlg::ChooseTechnology()
+{
+    GetChooserFilterSettings().technology = static_cast<int>(
+        GetComboData(GetHandle(), ML_COMBO_TECHNOLOGY, ChooserFilterSettings::allTechnologies));
+    RefillGrid();
+}
+
+void CChooseMaterialDlg::ApplyThicknessRange()
+{
+    const std::optional<double> minimum = ReadNumber(ML_EDIT_THICKNESS_MINIMUM);
+    if (!minimum)
+    {
+        return;
+    }
+    const std::optional<double> maximum = ReadNumber(ML_EDIT_THICKNESS_MAXIMUM);
+    if (!maximum)
+    {
+        return;
+    }
+    GetChooserFilterSettings().thicknessMinimum = ThicknessToMetres(*minimum, units);
+    GetChooserFilterSettings().thicknessMaximum = ThicknessToMetres(*maximum, units);
+    RefillGrid();
+}
+
+void CChooseMaterialDlg::ApplyUnits()
+{
+    units = static_cast<unsigned>(GetComboData(GetHandle(), ML_COMBO_UNITS, MLUNITS_ENGLISH));
+    const ChooserFilterSettings& settings = GetChooserFilterSettings();
+    SetItemText(GetHandle(), ML_LABEL_UNIT, LoadText(GetThicknessUnit(units).unitText));
+    SetItemText(GetHandle(), ML_EDIT_THICKNESS_MINIMUM, FormatThickness(settings.thicknessMinimum, units));
+    SetItemText(GetHandle(), ML_EDIT_THICKNESS_MAXIMUM, FormatThickness(settings.thicknessMaximum, units));
+    grid->SetUnits(units);
+}
+
+void CChooseMaterialDlg::RefillGrid()
+{
+    const CWaitCursor waiting;
+    grid->Refill();
+}
+
+void CChooseMaterialDlg::Assign(IMaterial* material)
+{
+    assigned = material;
+    SetItemText(GetHandle(), ML_EDIT_ASSIGNED, assigned != nullptr ? assigned->GetName() : "");
+    grid->RefreshAssignedMarker();
+}
+
+void CChooseMaterialDlg::CreateMover()
+{
+    const SIZE size = GetWindowSize(GetHandle());
+    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
+    const int chartHeight = chartRect.bottom - chartRect.top;
+    gapAboveChart = chartRect.top - GetControlRect(GetHandle(), ML_GRID).bottom;
+    gapBelowChart = GetControlRect(GetHandle(), IDOK).top - chartRect.bottom;
+    mover = std::make_unique<CCtrlAutoMover>(this);
+    mover->minWidth = size.cx;
+    mover->minHeight = size.cy - chartHeight;
+    chartPane.Show(size.cx, size.cy - chartHeight);
+    LayOutControls();
+}
+
+void CChooseMaterialDlg::LayOutControls()
+{
+    mover->RemoveAllGroups();
+    const bool withChart = chartPane.GetLayout() == ChooserLayout::withChart;
+    const int groups[] = {
+        mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
+        mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),
+        mover->AddGroup(rightEdge, bottomEdge, rightEdge, bottomEdge, {IDOK, IDCANCEL, ML_BUTTON_HELP}),
+        mover->AddGroup(leftEdge, bottomEdge, leftEdge, bottomEdge,
+                        {ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED}),
+    };
+    for (const int group : groups)
+    {
+        mover->SetProportional(group, GetHandle(), 1.0, 1.0, 1.0, 1.0);
+    }
+}
+
+void CChooseMaterialDlg::ReadShowChart()
+{
+    showChart = ReadProfileInteger(profileSection, showChartName, 1) != 0;
+    SetItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY, showChart);
+    if (!showChart)
+    {
+        ShowOrHideChart();
+    }
+}
+
+void CChooseMaterialDlg::ToggleChart()
+{
+    showChart = IsItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY);
+    ShowOrHideChart();
+    if (showChart)
+    {
+        chart.Refresh(); // the selection may have changed meanwhile
+    }
+}
+
+// The window grows or shrinks by the chart, as far as it can: not when it is maximised.
+void CChooseMaterialDlg::ShowOrHideChart()
+{
+    const HWND dialog = GetHandle();
+    mover->RemoveAllGroups();
+    ShowItem(dialog, ML_CHART, showChart);
+    const RECT chartRect = GetControlRect(dialog, ML_CHART);
+    const int chartHeight = chartRect.bottom - chartRect.top;
+    const SIZE before = GetWindowSize(dialog);
+    if (!IsZoomed(dialog))
+    {
+        changingSize = true;
+        SetWindowPos(dialog, nullptr, 0, 0, before.cx, before.cy + (showChart ? chartHeight : -chartHeight),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        changingSize = false;
+    }
+    const int height = GetWindowSize(dialog).cy;
+    for (const int control : bottomControls)
+    {
+        ShiftControl(dialog, control, height - before.cy);
+    }
+    if (showChart)
+    {
+        const int shown = std::min(chartHeight, height - mover->minHeight);
+        chartPane.Show(before.cx, height - shown);
+        StackGridAndChart(shown);
+    }
+    else
+    {
+        chartPane.Hide();
+        StackGridAndChart(0);
+    }
+    LayOutControls();
+}
+
+// Gives the room above the bottom controls to the chart, so many pixels of it, and to the grid. A hidden
+// chart keeps its height for the time when it is shown again.
+void CChooseMaterialDlg::StackGridAndChart(int chartHeight)
+{
+    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
+    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
+    const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
+    SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
+    SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartRect.bottom - chartRect.top);
+}
+
+void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
+{
+    const RECT rect = GetControlRect(GetHandle(), control);
+    SetWindowPos(GetDlgItem(GetHandle(), control), nullptr, rect.left, top, rect.right - rect.left, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CChooseMaterialDlg::OnResized()
+{
+    const int height = GetWindowSize(GetHandle()).cy;
+    if (!changingSize && mover != nullptr && !IsIconic(GetHandle()) && chartPane.Resize(height))
+    {
+        StackGridAndChart(chartPane.GetRoomForChart(height));
+        LayOutControls(); // measured in the window's present size
+    }
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "framework/CDialog.h"
+#include "framework/CHandle.h"
+#include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
+
+#include "MaterialLibrary/chooser/CChartPaneState.h"
+#include "MaterialLibrary/chooser/CMaterialFilter.h"
+#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
+#include "MaterialLibrary/chooser/win32/CChooserChart.h"
+#include "MaterialLibrary/chooser/win32/CEnterEdit.h"
+#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class IMatLib;
+class IMaterial;
+
+// The dialog "Select Material Models": shows the library's materials of one kind and the curves of the
+// selected one, and lets the user assign a material to what the host asks for.
+class CChooseMaterialDlg final : public CDialog, private ISelectionChangeNotifier, private IMaterialFilter
+{
+public:
+    // `current` is assigned at first, null for none. Neither is owned; both outlive the dialog.
+    CChooseMaterialDlg(IMatLib& materialLibrary, IMaterial* current, int materialKind);
+    ~CChooseMaterialDlg() override;
+
+    // The assigned material, null for none; the user's choice when DoModal has returned IDOK.
+    [[nodiscard]] IMaterial* GetAssigned() const { return assigned; }
+
+    [[nodiscard]] const char* GetRuntimeClassName() const override { return "CChooseMaterialDlg"; }
+
+protected:
+    bool OnInitDialog() override;
+    bool OnCommand(int control, unsigned code) override;
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void OnSelectionChange() override;
+    IMaterial* GetAssignedMaterial() override { return assigned; }
+    bool Accept(IMaterial* material) override { return materialFilter.Accept(material); }
+
+    void ResetNameFilters();
+    void FillCombos();
+    void FillTypeCombo();
+    void FillTechnologyCombo();
+    void FillUnitCombo();
+    void ListenToEnter();
+
+    void ChooseType();
+    void ChooseTechnology();
+    void ApplyThicknessRange();
+    void ApplyUnits();
+    void RefillGrid();
+
+    void Assign(IMaterial* material);
+
+    void CreateMover();
+    void LayOutControls();
+    void ToggleChart();
+    void ShowOrHideChart();
+    void ReadShowChart();
+    void StackGridAndChart(int chartHeight);
+    void SetControlHeight(int control, int top, int height);
+    void OnResized();
+
+    IMatLib* library;
+    IMaterial* assigned;
+    int kind;
+    unsigned units;
+    bool showChart = true;
+    CMaterialFilter materialFilter;
+    std::vector<std::string> typeNames; // of the type combo's entries
+    CChooserChart chart;
+    std::unique_ptr<CMaterialGrid> grid; // goes before the chart's curves
+    std::unique_ptr<CCtrlAutoMover> mover;
+    CChartPaneState chartPane;
+    std::vector<std::unique_ptr<CEnterEdit>> edits;
+    int gapAboveChart = 0;
+    int gapBelowChart = 0;
+    bool changingSize = false; // the dialog itself, not its user
+};

@@ -1,0 +1,165 @@
+#pragma once
+
+#include "framework/DialogItems.h"
+#include "tests/CModalScript.h"
+#include "tests/CSandboxedProfile.h"
+#include "tests/CollectedMessages.h"
+#include "tests/chooser/MakeLibrary.h"
+
+#include "MaterialLibrary/chart/win32/CSimpleChartControl.h"
+#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
+#include "MaterialLibrary/chooser/MaterialColumns.h"
+#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
+#include "MaterialLibrary/chooser/win32/RunChooser.h"
+#include "MaterialLibrary/resources/DialogIds.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+// The dialog over a small library, in front of a host's window. The steps of a script find it by its title.
+class CChooserFixture : public testing::Test
+{
+protected:
+    using Steps = std::deque<std::function<void()>>;
+
+    CChooserFixture()
+    {
+        GetChooserFilterSettings() = {};
+        FillLibrary(library);
+        RegisterPlainWindowClass(L"ChooserTestHost");
+        host.Reset(
+            CreatePlainWindow({.className = L"ChooserTestHost", .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE}));
+        SetActiveWindow(host.Get());
+    }
+
+    // Rows from the first: "No thickness", "Flex", "Prepreg", "Core" at 25 and at 85 °C. Types b, a, b, a.
+    static void FillLibrary(CFakeMaterialLib& library)
+    {
+        CMaterial& core = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Core", "a");
+        core.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_CORE);
+        core.SetAttribute(MLATTR_THICKNESS, 2e-4);
+        AddTable(core, MLTABLE_ER, 25.0, {4.2, 4.1, 4.0});
+        AddTable(core, MLTABLE_LOSS_TANGENT, 25.0, {0.02, 0.021});
+        AddTable(core, MLTABLE_ER, 85.0, {4.5});
+        CMaterial& prepreg = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Prepreg", "b");
+        prepreg.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_PREPREG);
+        prepreg.SetAttribute(MLATTR_THICKNESS, 1e-4);
+        AddTable(prepreg, MLTABLE_ER, 25.0, {3.9});
+        CMaterial& flex = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Flex", "a");
+        flex.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_FLEXCORE);
+        flex.SetAttribute(MLATTR_THICKNESS, 5e-5);
+        AddTable(flex, MLTABLE_ER, 25.0, {3.2, 3.1});
+        AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "No thickness", "b"), MLTABLE_ER, 25.0,
+                 {2.5, 2.4});
+        CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "Foil", "copper");
+        AddTable(foil, MLTABLE_ROUGHNESS_TOP, 25.0, {1.1, 1.3});
+        AddTable(AddMaterial(library, MLMATERIAL_METAL, "Wire", "silver"), MLTABLE_ROUGHNESS_TOP, 25.0,
+                 {1.0});
+    }
+
+    // Runs the dialog through the steps; each one that is still open after the last is cancelled.
+    IMaterial* Choose(Steps steps, int kind = MLMATERIAL_DIELECTRIC, IMaterial* current = nullptr)
+    {
+        steps.emplace_back([this] { Press(IDCANCEL); });
+        CModalScript script(std::move(steps));
+        IMaterial* const chosen = RunChooser(library, current, kind);
+        EXPECT_TRUE(script.IsDone() || closed) << "the script did not come to its end";
+        closed = false;
+        return chosen;
+    }
+
+    // The dialog that users can reach: the innermost one.
+    [[nodiscard]] static HWND Dialog()
+    {
+        HWND dialog = nullptr;
+        do
+        {
+            dialog = FindWindowExW(nullptr, dialog, L"#32770", L"Select Material Models");
+        } while (dialog != nullptr && !IsWindowEnabled(dialog));
+        return dialog;
+    }
+    [[nodiscard]] static HWND Item(int control) { return GetDlgItem(Dialog(), control); }
+    [[nodiscard]] static std::string Text(int control) { return GetItemText(Dialog(), control); }
+    [[nodiscard]] static CMaterialGrid& Grid()
+    {
+        return *dynamic_cast<CMaterialGrid*>(CWnd::FromHandle(Item(ML_GRID)));
+    }
+    [[nodiscard]] static CChart& Chart()
+    {
+        return dynamic_cast<CSimpleChartControl*>(CWnd::FromHandle(Item(ML_CHART)))->GetChart();
+    }
+
+    // A click on a button; OK and Cancel end the script.
+    void Press(int control)
+    {
+        closed = closed || control == IDOK || control == IDCANCEL;
+        SendMessageW(Item(control), BM_CLICK, 0, 0);
+    }
+    static void ChooseFrom(int combo, const char* entry)
+    {
+        ASSERT_TRUE(SelectComboText(Dialog(), combo, entry)) << entry;
+        SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(Item(combo)));
+    }
+    // As by hand: the focus comes, the text changes, the focus goes.
+    static void Type(int edit, const char* text)
+    {
+        SetFocus(Item(edit));
+        SetItemText(Dialog(), edit, text);
+        SetFocus(Item(IDOK));
+    }
+    static void Select(int first, int last)
+    {
+        Grid().GetModel().SelectRows(1, Grid().GetModel().GetRowCount(), false);
+        Grid().GetModel().SelectRows(first, last, true);
+    }
+    [[nodiscard]] static std::vector<std::string> Column(int key)
+    {
+        const CGridModel& model = Grid().GetModel();
+        std::vector<std::string> texts;
+        for (int row = 1; row <= model.GetRowCount(); ++row)
+        {
+            texts.emplace_back(model.GetText(row, model.FindColumn(key)));
+        }
+        return texts;
+    }
+    [[nodiscard]] static std::vector<std::string> Names() { return Column(COLUMNKEY_MATERIAL); }
+    [[nodiscard]] static std::vector<std::string> ComboEntries(int combo)
+    {
+        std::vector<std::string> entries;
+        for (LRESULT i = 0; i < SendMessageW(Item(combo), CB_GETCOUNT, 0, 0); ++i)
+        {
+            char text[100] = {};
+            SendMessageA(Item(combo), CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+            entries.emplace_back(text);
+        }
+        return entries;
+    }
+
+    // Where a control is in the dialog.
+    [[nodiscard]] static RECT Place(int control)
+    {
+        RECT rect{};
+        GetWindowRect(Item(control), &rect);
+        MapWindowPoints(nullptr, Dialog(), reinterpret_cast<POINT*>(&rect), 2);
+        return rect;
+    }
+    [[nodiscard]] static SIZE WindowSize()
+    {
+        RECT rect{};
+        GetWindowRect(Dialog(), &rect);
+        return {rect.right - rect.left, rect.bottom - rect.top};
+    }
+    static void Resize(int width, int height)
+    {
+        SetWindowPos(Dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    }
+
+    CSandboxedProfile profile;
+    CollectedMessages messages;
+    CFakeMaterialLib library;
+    CWindowHandle host;
+    bool closed = false;
+};

@@ -1,0 +1,245 @@
+// What hosts and users do to a dialog that nobody expects.
+#include "tests/CountHandles.h"
+#include "tests/chooser/CChooserFixture.h"
+
+#include <chrono>
+#include <random>
+
+namespace
+{
+using testing::ElementsAre;
+
+class ChooserStress : public CChooserFixture
+{
+protected:
+    static void Click(int control, int x, int y)
+    {
+        const LPARAM point = MAKELPARAM(x, y);
+        HWND target = control == ML_GRID ? Grid().GetList() : Item(control);
+        SendMessageW(target, WM_MOUSEMOVE, 0, point);
+        PostMessageW(target, WM_LBUTTONUP, 0, point); // a list waits for it while the button is down
+        SendMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, point);
+        SendMessageW(target, WM_LBUTTONUP, 0, point);
+    }
+
+    // One thing that a user may do at that moment.
+    void Act(std::mt19937& random)
+    {
+        const auto pick = [&random](int count)
+        { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+        switch (pick(12))
+        {
+        case 0:
+            SendMessageW(Item(ML_COMBO_TYPE), CB_SETCURSEL, static_cast<WPARAM>(pick(4)), 0);
+            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_TYPE, CBN_SELCHANGE), 0);
+            break;
+        case 1:
+            SendMessageW(Item(ML_COMBO_TECHNOLOGY), CB_SETCURSEL, static_cast<WPARAM>(pick(5)), 0);
+            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_TECHNOLOGY, CBN_SELCHANGE), 0);
+            break;
+        case 2:
+            SendMessageW(Item(ML_COMBO_UNITS), CB_SETCURSEL, static_cast<WPARAM>(pick(3)), 0);
+            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_UNITS, CBN_SELCHANGE), 0);
+            break;
+        case 3:
+            Type(pick(2) == 0 ? ML_EDIT_THICKNESS_MINIMUM : ML_EDIT_THICKNESS_MAXIMUM,
+                 std::vector<const char*>{"0", "1e4", "x", "", "3.9",
+                                          "-1"}[static_cast<std::size_t>(pick(6))]);
+            break;
+        case 4:
+            Press(ML_CHECK_SHOW_GRAPHICALLY);
+            break;
+        case 5:
+            Press(pick(2) == 0 ? ML_BUTTON_ASSIGN : ML_BUTTON_UNASSIGN);
+            break;
+        case 6:
+            Resize(pick(1500), pick(1200));
+            break;
+        case 7:
+        case 8:
+            Click(ML_CHART, pick(800), pick(300));
+            break;
+        case 9:
+        {
+            const int rows = Grid().GetModel().GetRowCount();
+            if (rows > 0)
+            {
+                const int row = 1 + pick(rows);
+                Grid().GetModel().SelectRows(row, row, pick(2) == 0);
+            }
+            break;
+        }
+        case 10:
+            SendMessageW(Grid().GetList(), WM_KEYDOWN,
+                         std::vector<WPARAM>{VK_DOWN, VK_UP, VK_HOME, VK_END, 'L', VK_SPACE}[random() % 6],
+                         0);
+            break;
+        default:
+            SendMessageW(Dialog(), WM_COMMAND, static_cast<WPARAM>(pick(1100)) == IDOK ? ML_BUTTON_HELP : 9,
+                         0);
+            break;
+        }
+    }
+};
+
+TEST_F(ChooserStress, TenThousandRandomActsKeepEverythingInOrder)
+{
+    const unsigned seed = static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count());
+    RecordProperty("seed", std::to_string(seed));
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::printf("seed %u\n", seed);
+    std::mt19937 random(seed);
+    const auto act = [&]
+    {
+        for (int i = 0; i < 100 && !HasFailure(); ++i)
+        {
+            Act(random);
+        }
+    };
+    const auto look = [&]
+    {
+        RECT client{};
+        GetClientRect(Dialog(), &client);
+        EXPECT_LE(Place(IDOK).bottom, client.bottom);
+        EXPECT_LE(Place(ML_GRID).bottom, Place(IDOK).top);
+        IMaterial* const assigned = library.FindMaterial(Text(ML_EDIT_ASSIGNED).c_str());
+        const std::vector<std::string> names = Names();
+        const std::vector<std::string> markers = Column(COLUMNKEY_MARKER);
+        for (std::size_t i = 0; i < names.size(); ++i)
+        {
+            EXPECT_EQ(markers[i] == "1", assigned != nullptr && names[i] == assigned->GetName()) << names[i];
+        }
+    };
+    const auto play = [&](int steps)
+    {
+        Steps script;
+        for (int i = 0; i < steps; ++i)
+        {
+            script.emplace_back(act);
+            script.emplace_back(look);
+        }
+        GetChooserFilterSettings() = {};
+        Choose(script);
+    };
+    play(4);
+    const std::size_t gdi = CountGdiHandles();
+    const std::size_t windows = CountWindows();
+    play(96);
+    EXPECT_LE(CountGdiHandles(), gdi + 20); // the system keeps some
+    EXPECT_EQ(CountWindows(), windows);
+}
+
+TEST_F(ChooserStress, RoundsLeaveNeitherHandlesNorMemoryBehind)
+{
+    const auto rounds = [&](int count)
+    {
+        for (int i = 0; i < count; ++i)
+        {
+            Choose({[&] { Select(4, 4); }});
+        }
+    };
+    rounds(10);
+    const std::size_t gdi = CountGdiHandles();
+    const std::size_t windows = CountWindows();
+    const std::size_t heap = CountHeapBytes();
+    rounds(30);
+    EXPECT_LE(CountGdiHandles(), gdi + 2);
+    EXPECT_EQ(CountWindows(), windows);
+    EXPECT_LE(CountHeapBytes(), heap + 100'000);
+}
+
+// As a host's message handler may do while the first dialog asks for a number.
+TEST_F(ChooserStress, ASecondDialogOpensFromAMessageOfTheFirst)
+{
+    class CNestingBox final : public msg::ISystemMessageBox
+    {
+    public:
+        explicit CNestingBox(CFakeMaterialLib& shown)
+            : library(shown), previous(msg::ReplaceSystemMessageBox(this))
+        {
+        }
+        ~CNestingBox() { msg::ReplaceSystemMessageBox(previous); }
+        CNestingBox(const CNestingBox&) = delete;
+        CNestingBox& operator=(const CNestingBox&) = delete;
+        int Show(msg::WindowHandle, const char*, const char*, unsigned) override
+        {
+            inner = RunChooser(library, library.FindMaterial("Flex"), MLMATERIAL_DIELECTRIC);
+            return msg::answerOk;
+        }
+        msg::WindowHandle FindMainWindow() override { return nullptr; }
+        std::string GetApplicationName() override { return "test"; }
+        std::string GetExecutablePath() override { return {}; }
+
+        IMaterial* inner = nullptr;
+
+    private:
+        CFakeMaterialLib& library;
+        msg::ISystemMessageBox* previous;
+    };
+    CNestingBox box(library);
+    const auto first = [&]
+    {
+        SetFocus(Item(ML_EDIT_THICKNESS_MINIMUM));
+        SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "none");
+        SendMessageW(Dialog(), WM_COMMAND, ML_BUTTON_APPLY, 0);
+    };
+    const auto endInner = [&] { SendMessageW(Item(IDOK), BM_CLICK, 0, 0); };
+    const auto endOuter = [&]
+    {
+        SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "0"); // or it would ask again
+        Press(IDOK);
+    };
+    IMaterial* const prepreg = library.FindMaterial("Prepreg");
+    EXPECT_EQ(Choose({first, endInner, endOuter}, MLMATERIAL_DIELECTRIC, prepreg), prepreg);
+    EXPECT_EQ(box.inner, library.FindMaterial("Flex"));
+}
+
+TEST_F(ChooserStress, ShowsNamesOfAnyLengthAndWithAnyCharacter)
+{
+    const std::string longName(10'000, 'n');
+    for (const char* const name : {"", "a & b && c", "tab\there", "\xB5m \xE9\xFF", longName.c_str()})
+    {
+        AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, name, name), MLTABLE_ER, 25.0, {4.0, 3.9});
+    }
+    const auto look = [&]
+    {
+        EXPECT_EQ(Names()[0], longName);
+        Select(1, 1);
+        Press(ML_BUTTON_ASSIGN);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), longName);
+        Select(2, 2);
+        Press(ML_BUTTON_ASSIGN);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "\xB5m \xE9\xFF");
+        Select(5, 5);
+        Press(ML_BUTTON_ASSIGN);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "") << "no look-up finds a material without a name";
+        Select(4, 4);
+        Press(ML_BUTTON_ASSIGN);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "a & b && c");
+        RedrawWindow(Dialog(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        Press(IDOK);
+    };
+    EXPECT_EQ(Choose({look}), library.FindMaterial("a & b && c"));
+}
+
+TEST_F(ChooserStress, OpensOverAHundredThousandMaterials)
+{
+    for (int i = 0; i < 100'000; ++i)
+    {
+        CMaterial& material =
+            AddMaterial(library, MLMATERIAL_DIELECTRIC, ("Laminate " + std::to_string(i)).c_str(), "many");
+        material.SetAttribute(MLATTR_THICKNESS, 1e-4);
+        AddTable(material, MLTABLE_ER, 25.0, {4.0, 3.9});
+    }
+    const auto use = [&]
+    {
+        EXPECT_EQ(Grid().GetModel().GetRowCount(), 100'005);
+        SetFocus(Grid().GetList());
+        SendMessageW(Grid().GetList(), WM_KEYDOWN, VK_DOWN, 0);
+        Press(ML_BUTTON_ASSIGN);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "Laminate 99999");
+        Press(IDOK);
+    };
+    EXPECT_EQ(Choose({use}), library.FindMaterial("Laminate 99999"));
+}
+} // namespace
