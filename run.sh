@@ -7,6 +7,7 @@ started_in=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 scripts/packages.sh run
+[[ -n ${DISPLAY:-} ]] || scripts/packages.sh display
 scripts/build.sh native matlib
 scripts/build.sh windows MaterialLibrary matlib
 trap 'cmake/wine-run.sh --end' EXIT
@@ -84,3 +85,22 @@ if ((differences > 0)); then
     exit 1
 fi
 echo "MaterialLibrary.dll under Wine and the native build print the same."
+
+# The dialog that a host opens: on a desktop for the user, on a virtual display for a script with the mouse and
+# the keyboard.
+kind=dielectric
+[[ -n $dielectric ]] || kind=metal
+choose=("${windows[@]}" "${libraries[@]}" choose --kind "$kind")
+echo
+if [[ -n ${DISPLAY:-} ]]; then
+    echo "The dialog is open: choose a material."
+    chosen=$(ML_WINE_TIMEOUT=0 scripts/on-display.sh "${choose[@]}") || chosen=
+    echo "Assigned: ${chosen:-nothing}"
+else
+    story=(--filtered)
+    (($# == 0)) || story=()
+    echo "There is no desktop: a script uses the dialog on a virtual display."
+    chosen=$(scripts/on-display.sh --virtual scripts/choose-like-a-user.sh "${story[@]}" build/pictures "${choose[@]}")
+    echo "Assigned: $chosen"
+    echo "Pictures of each step are in build/pictures."
+fi
