@@ -27,6 +27,11 @@ endif()
 if(NOT ML_COVERAGE)
     # What is built does not depend on the folder that it is built in.
     add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+    if(WIN32) # nor on whether a compiler cache names the files relative to the build folder
+        file(RELATIVE_PATH relative_source ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+        file(RELATIVE_PATH relative_usr ${PROJECT_BINARY_DIR} /usr)
+        add_compile_options(-ffile-prefix-map=${relative_source}/= -ffile-prefix-map=${relative_usr}=/usr)
+    endif()
 endif()
 if(ML_SANITIZE)
     # Also for GoogleTest, whose containers cross into the tests.

@@ -1,5 +1,5 @@
 // How far the fit is from the truth where the truth is known: one wideband Debye term in closed form, sampled
-// from 1 MHz to 10 GHz. Prints the table of docs/numerics-table.md.
+// from 1 MHz to 10 GHz. Prints the table of docs/numerics.md.
 
 #include "tests/dielectric/FittedModel.h"
 

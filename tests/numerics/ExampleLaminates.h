@@ -1,0 +1,58 @@
+#pragma once
+
+#include "tests/dielectric/FittedModel.h"
+
+#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "MaterialLibrary/model/CMaterial.h"
+#include "MaterialLibrary/reader/LoadMaterialFile.h"
+
+#include <set>
+#include <string>
+
+// A dielectric of the example materials at one of its temperatures.
+struct ExampleLaminate
+{
+    std::string name;
+    double temperature; // °C
+    PlainLaminate tables;
+};
+
+inline void CopyRows(const IMaterialTable& table, std::vector<double>& frequencies,
+                     std::vector<double>& values)
+{
+    for (int i = 0; i < table.GetEntryCount(); ++i)
+    {
+        frequencies.push_back(table.GetEntry(i).frequency);
+        values.push_back(table.GetEntry(i).value);
+    }
+}
+
+// All of examples/materials/DefaultMaterialD.mat that have several rows, in their order.
+inline std::vector<ExampleLaminate> LoadExampleLaminates()
+{
+    CFakeMaterialLib library;
+    LoadMaterialFile(library, ML_SOURCE_DIR "/examples/materials/DefaultMaterialD.mat");
+    std::vector<ExampleLaminate> laminates;
+    for (int i = 0; i < library.GetMaterialCount(); ++i)
+    {
+        IMaterial& material = *library.GetMaterial(i);
+        std::set<double> temperatures;
+        for (int k = 0; k < material.CountTables(MLTABLE_ALL); ++k)
+        {
+            temperatures.insert(material.GetTableAt(k)->GetTemperature());
+        }
+        for (const double temperature : temperatures)
+        {
+            ExampleLaminate laminate{material.GetName(), temperature, {}};
+            CopyRows(*material.GetTable(MLTABLE_ER, temperature), laminate.tables.erFrequencies,
+                     laminate.tables.erValues);
+            CopyRows(*material.GetTable(MLTABLE_LOSS_TANGENT, temperature), laminate.tables.lossFrequencies,
+                     laminate.tables.lossValues);
+            if (laminate.tables.lossValues.size() > 1)
+            {
+                laminates.push_back(std::move(laminate));
+            }
+        }
+    }
+    return laminates;
+}

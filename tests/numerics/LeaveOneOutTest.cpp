@@ -1,0 +1,74 @@
+// How well the model foretells rows that it has not seen: a table of docs/numerics.md.
+#include "tests/numerics/ExampleLaminates.h"
+
+#include <cmath>
+#include <cstdio>
+#include <gtest/gtest.h>
+
+namespace
+{
+struct Range
+{
+    const char* name;
+    double from, to; // Hz
+    double mostErMean, mostLossMean;
+    int rows = 0;
+    double erMost = 0.0, erSum = 0.0, lossMost = 0.0, lossSum = 0.0;
+};
+
+void Foretell(const PlainLaminate& tables, std::size_t left, Range& range)
+{
+    PlainLaminate others = tables;
+    const auto place = static_cast<std::ptrdiff_t>(left);
+    for (std::vector<double>* values :
+         {&others.erFrequencies, &others.erValues, &others.lossFrequencies, &others.lossValues})
+    {
+        values->erase(values->begin() + place);
+    }
+    CWidebandDebyeModel model;
+    ASSERT_TRUE(PrepareAndFit(model, others));
+    double real = 0.0;
+    double imaginary = 0.0;
+    ASSERT_EQ(model.Evaluate(tables.erFrequencies[left], real, imaginary), 1);
+    const double er = 100.0 * std::fabs(real / tables.erValues[left] - 1.0);
+    const double loss = 100.0 * std::fabs(-imaginary / real / tables.lossValues[left] - 1.0);
+    ++range.rows;
+    range.erSum += er;
+    range.lossSum += loss;
+    range.erMost = std::fmax(range.erMost, er);
+    range.lossMost = std::fmax(range.lossMost, loss);
+}
+
+TEST(Numerics, RowsThatWereLeftOut)
+{
+    Range ranges[] = {{"below 10 MHz", 0.0, 1e7, 0.5, 30.0},
+                      {"10 MHz to 1 GHz", 1e7, 1e9, 0.2, 12.0},
+                      {"from 1 GHz up", 1e9, 1e12, 0.1, 3.0}};
+    for (const ExampleLaminate& laminate : LoadExampleLaminates())
+    {
+        const PlainLaminate& tables = laminate.tables;
+        ASSERT_EQ(tables.erFrequencies, tables.lossFrequencies) << laminate.name;
+        for (std::size_t left = 1; left + 1 < tables.erValues.size(); ++left)
+        {
+            const double f = tables.erFrequencies[left];
+            for (Range& range : ranges)
+            {
+                if (f >= range.from && f < range.to)
+                {
+                    Foretell(tables, left, range);
+                }
+            }
+        }
+    }
+    std::printf("| frequency | rows | Er max | Er mean | loss tangent max | loss tangent mean |\n"
+                "|---|---:|---:|---:|---:|---:|\n");
+    for (const Range& range : ranges)
+    {
+        ASSERT_GT(range.rows, 0);
+        std::printf("| %s | %d | %.2f %% | %.2f %% | %.1f %% | %.1f %% |\n", range.name, range.rows,
+                    range.erMost, range.erSum / range.rows, range.lossMost, range.lossSum / range.rows);
+        EXPECT_LT(range.erSum / range.rows, range.mostErMean) << range.name;
+        EXPECT_LT(range.lossSum / range.rows, range.mostLossMean) << range.name;
+    }
+}
+} // namespace
