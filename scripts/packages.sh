@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for a purpose: packages.sh run|display|test|package|bench|fuzz|coverage|lint
+# Installs the Debian packages that are missing for a purpose: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
@@ -9,8 +9,9 @@ display="xvfb openbox xdotool imagemagick"
 case ${1:-} in
 run) wanted=$run ;;
 display) wanted=$display ;;
-test) wanted="$run $display clang lld man-db bsdextrautils llvm zip unzip pkg-config" ;;
+test) wanted="$run $display clang lld man-db bsdextrautils doxygen llvm zip unzip pkg-config" ;;
 package) wanted="$build g++-mingw-w64-x86-64-posix llvm zip" ;;
+docs) wanted="doxygen" ;;
 bench)
     wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libfast-float-dev libeigen3-dev
         liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev"
@@ -19,7 +20,7 @@ fuzz) wanted="$build clang libclang-rt-14-dev" ;;
 coverage) wanted="$build gcovr" ;;
 lint) wanted="$build clang clang-format clang-tidy" ;;
 *)
-    echo "usage: packages.sh run|display|test|package|bench|fuzz|coverage|lint" >&2
+    echo "usage: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint" >&2
     exit 2
     ;;
 esac

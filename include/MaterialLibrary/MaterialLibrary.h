@@ -20,7 +20,8 @@ extern "C"
     // Releases the library with everything it handed out. Null does nothing.
     void FreeMaterialLibrary(IMatLib* library);
 
-    // The types of the two entry points, for GetProcAddress.
+    // The type of CreateMaterialLibrary, for GetProcAddress.
     using MLCREATEMATERIALLIBRARY = IMatLib* (*)(const char* fileList);
+    // The type of FreeMaterialLibrary.
     using MLFREEMATERIALLIBRARY = void (*)(IMatLib* library);
 }

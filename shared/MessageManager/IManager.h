@@ -25,6 +25,7 @@ inline constexpr const char* genericType = "msgtype.GENERIC";
 class IManager
 {
 public:
+    // What Invoke calls.
     using Callback = int (*)(void* a, void* b, void* c, void* d);
 
     // Calls callback(a, b, c, d) and returns its result.
@@ -33,28 +34,37 @@ public:
     // Show a message with an OK button.
     virtual int Show(WindowHandle owner, const char* type, unsigned severity, const char* text,
                      const char* caption) = 0;
+    // Show with the type `genericType`.
     virtual int ShowGeneric(WindowHandle owner, unsigned severity, const char* text, const char* caption) = 0;
+    // Show over an owner window that the manager chooses.
     virtual int ShowDefaultOwner(const char* type, unsigned severity, const char* text,
                                  const char* caption) = 0;
+    // ShowDefaultOwner with the type `genericType`.
     virtual int ShowGenericDefaultOwner(unsigned severity, const char* text, const char* caption) = 0;
 
     // Show a message that the user may ask not to see again; `id` is what is remembered. Always 1.
     virtual int ShowOnce(WindowHandle owner, const char* id, const char* type, unsigned severity,
                          const char* text, const char* caption, const char* checkText) = 0;
+    // ShowOnce with the type `genericType`.
     virtual int ShowOnceGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
                                 const char* caption, const char* checkText) = 0;
+    // ShowOnce over an owner window that the manager chooses.
     virtual int ShowOnceDefaultOwner(const char* id, const char* type, unsigned severity, const char* text,
                                      const char* caption, const char* checkText) = 0;
+    // ShowOnceDefaultOwner with the type `genericType`.
     virtual int ShowOnceGenericDefaultOwner(const char* id, unsigned severity, const char* text,
                                             const char* caption, const char* checkText) = 0;
 
     // Ask a question; `buttons` are the style bits of a system message box that choose its buttons.
     virtual int Ask(WindowHandle owner, const char* type, unsigned severity, const char* text,
                     unsigned buttons, const char* caption) = 0;
+    // Ask with the type `genericType`.
     virtual int AskGeneric(WindowHandle owner, unsigned severity, const char* text, unsigned buttons,
                            const char* caption) = 0;
+    // Ask over an owner window that the manager chooses.
     virtual int AskDefaultOwner(const char* type, unsigned severity, const char* text, unsigned buttons,
                                 const char* caption) = 0;
+    // AskDefaultOwner with the type `genericType`.
     virtual int AskGenericDefaultOwner(unsigned severity, const char* text, unsigned buttons,
                                        const char* caption) = 0;
 
@@ -62,25 +72,28 @@ public:
     virtual int AskRemembered(WindowHandle owner, const char* id, const char* type, unsigned severity,
                               const char* text, unsigned buttons, const char* caption,
                               const char* checkText) = 0;
+    // AskRemembered with the type `genericType`.
     virtual int AskRememberedGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
                                      unsigned buttons, const char* caption, const char* checkText) = 0;
+    // AskRemembered over an owner window that the manager chooses.
     virtual int AskRememberedDefaultOwner(const char* id, const char* type, unsigned severity,
                                           const char* text, unsigned buttons, const char* caption,
                                           const char* checkText) = 0;
+    // AskRememberedDefaultOwner with the type `genericType`.
     virtual int AskRememberedGenericDefaultOwner(const char* id, unsigned severity, const char* text,
                                                  unsigned buttons, const char* caption,
                                                  const char* checkText) = 0;
 
     // Slots that belong to hosts' handlers; the library calls none of them.
     virtual void Reserved17() = 0;
-    [[nodiscard]] virtual bool Query18() = 0;
-    virtual void Reserved19() = 0;
-    virtual void Reserved20() = 0;
-    virtual void Reserved21() = 0;
-    virtual void Reserved22() = 0;
-    virtual void Reserved23() = 0;
-    [[nodiscard]] virtual int Query24() = 0;
-    virtual void Reserved25() = 0;
+    [[nodiscard]] virtual bool Query18() = 0; // the handler's own
+    virtual void Reserved19() = 0;            // the handler's own
+    virtual void Reserved20() = 0;            // the handler's own
+    virtual void Reserved21() = 0;            // the handler's own
+    virtual void Reserved22() = 0;            // the handler's own
+    virtual void Reserved23() = 0;            // the handler's own
+    [[nodiscard]] virtual int Query24() = 0;  // the handler's own
+    virtual void Reserved25() = 0;            // the handler's own
 
     // The last slot; managers are never released.
     virtual ~IManager() = default;
@@ -92,8 +105,8 @@ class IRegistrator
 public:
     // Remembers `answer` for the message `id`.
     virtual void Remember(const char* id, int answer) = 0;
-    virtual void Reserved1() = 0;
-    virtual void Reserved2() = 0;
+    virtual void Reserved1() = 0; // the handler's own
+    virtual void Reserved2() = 0; // the handler's own
     // Whether the user asked not to see the message `id` again.
     [[nodiscard]] virtual bool IsSuppressed(const char* id) = 0;
 
