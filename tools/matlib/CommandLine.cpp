@@ -2,6 +2,7 @@
 
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/NearestNames.h"
+#include "tools/matlib/PictureFile.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/QuantityParsing.h"
 #include "tools/matlib/Wording.h"
@@ -11,6 +12,8 @@
 
 namespace
 {
+constexpr int smallestPicture = 64; // pixels in each direction
+constexpr int largestPicture = 16384;
 constexpr int mostSweepPoints = 10000; // the library keeps every computed value and searches them one by one
 
 const PropertyWords* FindProperty(const std::string& option)
@@ -18,6 +21,13 @@ const PropertyWords* FindProperty(const std::string& option)
     const auto found = std::ranges::find_if(properties, [&](const PropertyWords& words)
                                             { return EqualIgnoringCase(words.option, option); });
     return found == std::end(properties) ? nullptr : found;
+}
+
+std::string DescribeBadProperty(const std::string& option)
+{
+    return FindProperty(option) != nullptr
+               ? ""
+               : Quote(option) + " is unknown; use er, losstangent, roughtop or roughbtm";
 }
 
 // --json and --lib stand before the command or after it.
@@ -115,13 +125,7 @@ void AddProperty(CLI::App& app, Options& options)
            "What to ask for: er, losstangent, roughtop or roughbtm")
         ->required()
         ->type_name("KIND")
-        ->check(
-            [](const std::string& text)
-            {
-                return FindProperty(text) != nullptr
-                           ? std::string()
-                           : Quote(text) + " is unknown; use er, losstangent, roughtop or roughbtm";
-            });
+        ->check(DescribeBadProperty);
 }
 
 void AddSweepRange(CLI::App& app, Options& options)
@@ -198,6 +202,75 @@ void AddSweep(CLI::App& app, Options& options)
     AddLibraryFiles(sweep, options);
 }
 
+// The two sides of "760x400" in pixels, or why the text was refused.
+struct PictureSize
+{
+    Quantity width;
+    Quantity height;
+};
+
+PictureSize ParsePictureSize(const std::string& text)
+{
+    const std::size_t cross = text.find_first_of("xX");
+    const std::string height = cross == std::string::npos ? "" : text.substr(cross + 1);
+    return {ParseWholeNumber(text.substr(0, cross), smallestPicture, largestPicture),
+            ParseWholeNumber(height, smallestPicture, largestPicture)};
+}
+
+std::string DescribeBadSize(const std::string& text)
+{
+    const PictureSize size = ParsePictureSize(text);
+    return size.width.problem.empty() && size.height.problem.empty()
+               ? ""
+               : Quote(text) + " is no size; use WIDTHxHEIGHT, each from " + std::to_string(smallestPicture) +
+                     " to " + std::to_string(largestPicture);
+}
+
+void AddPicture(CLI::App& app, Options& options)
+{
+    app.add_option("-o,--output", options.picturePath, "The picture: a file that ends in .svg or .png")
+        ->required()
+        ->type_name("FILE")
+        ->check(DescribeBadPicture);
+    app.add_option_function<std::string>(
+           "--size",
+           [&options](const std::string& text)
+           {
+               const PictureSize size = ParsePictureSize(text);
+               options.pictureWidth = static_cast<int>(size.width.value);
+               options.pictureHeight = static_cast<int>(size.height.value);
+           },
+           "The picture's size in pixels")
+        ->type_name("WIDTHxHEIGHT")
+        ->default_str("760x400")
+        ->check(DescribeBadSize);
+}
+
+void AddPlot(CLI::App& app, Options& options)
+{
+    CLI::App& plot = AddCommand(app, options, Command::plot, "plot",
+                                "Draw Er and loss tangent, or roughness factors, of materials over frequency",
+                                "matlib plot Getinaks \"Getinaks - 2\" --log -o laminates.svg");
+    AddMaterials(plot, options);
+    AddPicture(plot, options);
+    const auto addKinds = [&options](const std::vector<std::string>& texts)
+    {
+        for (const std::string& text : texts)
+        {
+            options.plottedProperties.push_back(FindProperty(text)->kind);
+        }
+    };
+    plot.add_option_function<std::vector<std::string>>(
+            "--kind", addKinds,
+            "Only this property, or these in several --kind: er, losstangent, roughtop or roughbtm")
+        ->type_name("KIND")
+        ->allow_extra_args(false)
+        ->check(DescribeBadProperty);
+    AddSweepRange(plot, options);
+    AddTemperatures(plot, options);
+    AddLibraryFiles(plot, options);
+}
+
 void AddCheck(CLI::App& app, Options& options)
 {
     CLI::App& check =
@@ -269,6 +342,7 @@ void DescribeProgram(CLI::App& app, Options& options)
     AddShow(app, options);
     AddValue(app, options);
     AddSweep(app, options);
+    AddPlot(app, options);
     AddCheck(app, options);
     AddChoose(app, options);
 }
@@ -280,7 +354,7 @@ std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error
     {
         const auto strangers = app.remaining();
         return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
-               "; use list, show, value, sweep, check or choose (see matlib --help)";
+               "; use list, show, value, sweep, plot, check or choose (see matlib --help)";
     }
     return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
 }

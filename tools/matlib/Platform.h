@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 // The few things that the two operating systems do differently.
 
 enum class PathState
@@ -36,6 +39,12 @@ inline constexpr const char* dialogHint =
 
 // Whether somebody reads the standard error stream on a terminal.
 [[nodiscard]] bool IsWatched();
+
+// The path of a program in the folders of PATH, never in the current folder; empty when it is in none.
+[[nodiscard]] std::string FindProgram(const char* name);
+
+// Runs a program to its end. Its exit code, -1 when it could not be run.
+[[nodiscard]] int RunProgram(const std::string& path, const std::vector<std::string>& arguments);
 
 // Whether there is a DLL to choose.
 [[nodiscard]] bool HasLoadableLibrary();

@@ -19,6 +19,9 @@
 // The properties of materials at temperatures over a range of frequencies.
 [[nodiscard]] int RunSweep(const Options& options, ILibraryHost& host);
 
+// The properties of materials over a range of frequencies as a picture.
+[[nodiscard]] int RunPlot(const Options& options, ILibraryHost& host);
+
 // Whether each file can be read, where and why not, and what looks odd in it. exitFailed if any is bad.
 [[nodiscard]] int RunCheck(const Options& options, ILibraryHost& host);
 

@@ -2,6 +2,7 @@
 #include "tools/matlib/CMaterialSet.h"
 #include "tools/matlib/CProgress.h"
 #include "tools/matlib/Console.h"
+#include "tools/matlib/FrequencySweep.h"
 #include "tools/matlib/Json.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/PropertyValue.h"
@@ -12,19 +13,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <tuple>
 
 namespace
 {
-constexpr std::size_t propertiesOfKind = 2;
-using SweptProperties = std::array<MLTABLEKIND, propertiesOfKind>;
-constexpr SweptProperties dielectricProperties = {MLTABLE_ER, MLTABLE_LOSS_TANGENT};
-constexpr SweptProperties metalProperties = {MLTABLE_ROUGHNESS_TOP, MLTABLE_ROUGHNESS_BOTTOM};
-
 struct SweepPoint
 {
     double frequency;
-    std::array<std::optional<double>, propertiesOfKind> values;
+    std::array<std::optional<double>, std::tuple_size_v<SweptProperties>> values;
 };
 
 // One material at one temperature.
@@ -35,30 +31,18 @@ struct Series
     std::vector<SweepPoint> points;
 };
 
-const SweptProperties& PropertiesOf(const Series& series)
+const SweptProperties& GetPropertiesOf(const Series& series)
 {
-    return series.material->GetKind() == MLMATERIAL_METAL ? metalProperties : dielectricProperties;
-}
-
-// The frequency of point `index`; the first and the last are exactly the ends of the range.
-double FrequencyAt(const Options& options, int index)
-{
-    if (index == options.sweepPoints - 1)
-    {
-        return options.sweepTo;
-    }
-    const double share = static_cast<double>(index) / (options.sweepPoints - 1);
-    return options.sweepLogarithmic ? options.sweepFrom * std::pow(options.sweepTo / options.sweepFrom, share)
-                                    : options.sweepFrom + (options.sweepTo - options.sweepFrom) * share;
+    return PropertiesOf(*series.material);
 }
 
 void Sweep(const Options& options, Series& series, CProgress& progress)
 {
-    const SweptProperties& swept = PropertiesOf(series);
+    const SweptProperties& swept = PropertiesOf(*series.material);
     bool anyValue = false;
-    for (int index = 0; index < options.sweepPoints; ++index)
+    for (const double frequency : ListFrequencies(options))
     {
-        SweepPoint point{FrequencyAt(options, index), {}};
+        SweepPoint point{frequency, {}};
         for (std::size_t i = 0; i < swept.size(); ++i)
         {
             point.values[i] = FindValue(*series.material, swept[i], point.frequency, series.temperature);
@@ -98,7 +82,7 @@ std::vector<MLTABLEKIND> ListColumns(const std::vector<Series>& all)
     std::vector<MLTABLEKIND> columns;
     for (const SweptProperties& kind : {dielectricProperties, metalProperties})
     {
-        if (std::ranges::find(all, kind, PropertiesOf) != all.end())
+        if (std::ranges::find(all, kind, GetPropertiesOf) != all.end())
         {
             columns.insert(columns.end(), kind.begin(), kind.end());
         }
@@ -129,7 +113,7 @@ std::string RenderCsv(const std::vector<Series>& all)
     text += "\n";
     for (const Series& series : all)
     {
-        const SweptProperties& swept = PropertiesOf(series);
+        const SweptProperties& swept = PropertiesOf(*series.material);
         const std::string label = all.size() > 1 ? QuoteForCsv(series.material->GetName()) + "," +
                                                        FormatNumber(series.temperature) + ","
                                                  : "";
@@ -152,7 +136,7 @@ std::string RenderCsv(const std::vector<Series>& all)
 
 Json SeriesAsJson(const Series& series)
 {
-    const SweptProperties& swept = PropertiesOf(series);
+    const SweptProperties& swept = PropertiesOf(*series.material);
     Json json = {{"name", series.material->GetName()},
                  {"temperature_c", series.temperature},
                  {"points", Json::array()}};

@@ -1,6 +1,10 @@
 #include "tools/matlib/Platform.h"
 
+#include <cstdlib>
 #include <filesystem>
+#include <spawn.h>
+#include <string_view>
+#include <sys/wait.h>
 #include <unistd.h>
 
 PathState QueryPath(const char* path)
@@ -19,6 +23,44 @@ void PrepareProcess() {}
 bool IsWatched()
 {
     return isatty(STDERR_FILENO) != 0;
+}
+
+std::string FindProgram(const char* name)
+{
+    const char* const variable = std::getenv("PATH");
+    std::string_view folders = variable != nullptr ? variable : "";
+    while (!folders.empty())
+    {
+        const std::string_view folder = folders.substr(0, folders.find(':'));
+        folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
+        const std::string path = std::string(folder) + "/" + name;
+        if (folder.starts_with('/') && QueryPath(path.c_str()) == PathState::file &&
+            access(path.c_str(), X_OK) == 0)
+        {
+            return path;
+        }
+    }
+    return {};
+}
+
+int RunProgram(const std::string& path, const std::vector<std::string>& arguments)
+{
+    std::vector<std::string> texts = {path};
+    texts.insert(texts.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+    {
+        pointers.push_back(text.data());
+    }
+    pointers.push_back(nullptr);
+    pid_t process = 0;
+    int status = 0;
+    if (posix_spawn(&process, path.c_str(), nullptr, nullptr, pointers.data(), environ) != 0 ||
+        waitpid(process, &status, 0) != process)
+    {
+        return -1;
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 bool HasLoadableLibrary()

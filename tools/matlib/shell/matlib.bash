@@ -46,7 +46,7 @@ _matlib()
         [[ -n $word && $'\n'$commands$'\n' == *$'\n'"$word"$'\n'* ]] && command=$word && break
     done
     case $previous in
-    --lib | --dll | --out)
+    --lib | --dll | --out | -o | --output)
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
         ;;
@@ -58,7 +58,7 @@ _matlib()
         _matlib_offer < <(_matlib_materials)
         return
         ;;
-    --freq | --from | --to | --points | --temp)
+    --freq | --from | --to | --points | --temp | --size)
         return
         ;;
     esac
