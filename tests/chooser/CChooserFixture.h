@@ -13,6 +13,7 @@
 #include "MaterialLibrary/chooser/win32/RunChooser.h"
 #include "MaterialLibrary/resources/DialogIds.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -99,7 +100,10 @@ protected:
     }
     static void ChooseFrom(int combo, const char* entry)
     {
-        ASSERT_TRUE(SelectComboText(Dialog(), combo, entry)) << entry;
+        const std::vector<std::string> entries = ComboEntries(combo);
+        const auto found = std::ranges::find(entries, entry);
+        ASSERT_NE(found, entries.end()) << entry;
+        SendMessageW(Item(combo), CB_SETCURSEL, static_cast<WPARAM>(found - entries.begin()), 0);
         SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(Item(combo)));
     }
