@@ -19,9 +19,7 @@ void ShowItem(HWND dialog, int control, bool visible);
 // Appends an entry to a combo box; `data` is what the program knows it by.
 void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data = 0);
 
-// Chooses the first entry with exactly that text or that data. False, and nothing changes, when there is
-// none.
-bool SelectComboText(HWND dialog, int combo, std::string_view text);
+// Chooses the first entry with exactly that data. False, and nothing changes, when there is none.
 bool SelectComboData(HWND dialog, int combo, LPARAM data);
 
 // The data of the chosen entry, `none` when none is.
