@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 #include <windowsx.h>
 
 namespace
@@ -109,11 +110,13 @@ void CGridList::ShowColumns()
     {
     }
     columns = GetVisibleColumns(*model);
+    headers.clear();
     pressedColumn = 0;
     columnsAreNew = true;
     for (std::size_t i = 0; i < columns.size(); ++i)
     {
-        std::wstring text = ToWide(MakeOneLine(model->GetText(0, columns[i])));
+        headers.push_back(MakeOneLine(model->GetText(0, columns[i])));
+        std::wstring text = ToWide(headers.back());
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
         column.fmt = GetAlignment(model->GetValueType(columns[i]));
@@ -128,7 +131,13 @@ void CGridList::ShowHeaderTexts()
 {
     for (std::size_t i = 0; i < columns.size(); ++i)
     {
-        std::wstring text = ToWide(MakeOneLine(model->GetText(0, columns[i])));
+        std::string shown = MakeOneLine(model->GetText(0, columns[i]));
+        if (shown == headers[i])
+        {
+            continue;
+        }
+        std::wstring text = ToWide(shown);
+        headers[i] = std::move(shown);
         const auto subItem = static_cast<int>(i);
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
@@ -147,12 +156,15 @@ void CGridList::ShowSortArrow()
         HDITEMW item{};
         item.mask = HDI_FORMAT;
         SendMessageW(header, HDM_GETITEMW, i, reinterpret_cast<LPARAM>(&item));
-        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        const int before = std::exchange(item.fmt, item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN));
         if (key.column == columns[i])
         {
             item.fmt |= key.ascending ? HDF_SORTUP : HDF_SORTDOWN;
         }
-        SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
+        if (item.fmt != before)
+        {
+            SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
+        }
     }
 }
 

@@ -72,7 +72,8 @@ private:
     void PointTipAt(POINT point);
 
     const CGridModel* model;
-    std::vector<int> columns; // of the grid; one for each subitem
+    std::vector<int> columns;         // of the grid; one for each subitem
+    std::vector<std::string> headers; // their texts as shown
     bool updating = false;
     bool columnsAreNew = false; // and have not been fitted to any rows yet
     int pressedColumn = 0;

@@ -1,7 +1,5 @@
 #include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
 
-#include "framework/WindowScopes.h"
-
 #include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
 
 void CMaterialGrid::SetNotifier(ISelectionChangeNotifier* newNotifier)
@@ -30,7 +28,6 @@ bool CMaterialGrid::OnClickedCell(GridCell cell)
     {
         return false;
     }
-    const CWaitCursor wait;
     rows.ClickHeader(cell.column);
     return true;
 }

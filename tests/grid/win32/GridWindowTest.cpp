@@ -1,0 +1,269 @@
+#include "grid/SortRows.h"
+#include "tests/grid/win32/CGridFixture.h"
+
+#include <cstring>
+#include <gmock/gmock.h>
+
+namespace
+{
+using testing::ElementsAre;
+
+// Columns: 1 a number, 2 hidden, 3 a text; sorts by headers and counts what it is told.
+class CTestGrid final : public CGXGridWnd
+{
+public:
+    explicit CTestGrid(HWND control)
+    {
+        Attach(control);
+        Initialise();
+    }
+
+    void Fill(const std::vector<const char*>& names)
+    {
+        CGridModel& cells = GetModel();
+        CGridUpdateScope update(cells);
+        cells.Reset(3);
+        cells.HideColumn(2, true);
+        cells.SetHeaderStyle(1, 1, GridValueType::Number);
+        cells.SetHeaderText(1, "No.");
+        cells.SetHeaderText(3, "Name");
+        cells.SetRowCount(static_cast<int>(names.size()));
+        for (int row = 1; row <= cells.GetRowCount(); ++row)
+        {
+            cells.SetCell(row, 1, 0, std::to_string(row));
+            cells.SetCell(row, 3, 0, names[static_cast<std::size_t>(row) - 1]);
+        }
+        update.Finish();
+    }
+
+    [[nodiscard]] std::vector<int> GetListSelection() const
+    {
+        std::vector<int> items;
+        for (int item = -1; (item = ListView_GetNextItem(GetList(), item, LVNI_SELECTED)) >= 0;)
+        {
+            items.push_back(item);
+        }
+        return items;
+    }
+
+    int selectionChanges = 0;
+    std::vector<GridCell> clicks;
+    std::vector<GridCell> currentCells;
+
+protected:
+    void OnSelectionChanged() override { ++selectionChanges; }
+    void OnMovedCurrentCell(GridCell cell) override { currentCells.push_back(cell); }
+    bool OnClickedCell(GridCell cell) override
+    {
+        clicks.push_back(cell);
+        if (cell.row == 0)
+        {
+            GetModel().GetSortKeys().ClickHeader(cell.column);
+            SortRows(GetModel(), std::strcmp);
+        }
+        return cell.row == 0;
+    }
+};
+
+class GridWindow : public testing::Test
+{
+protected:
+    CGridFixture window;
+    CTestGrid grid{window.GetControl()};
+};
+
+TEST_F(GridWindow, LeavesHiddenColumnsOut)
+{
+    grid.Fill({"b", "a\tc\n", "\x80 & co"});
+    const HWND list = grid.GetList();
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.|Name");
+    EXPECT_EQ(ListView_GetItemCount(list), 3);
+    EXPECT_EQ(CGridFixture::GetItemText(list, 1, 1), "a c ");
+    EXPECT_EQ(CGridFixture::GetItemText(list, 2, 1), "\x80 & co");
+    EXPECT_EQ(CGridFixture::GetItemText(list, 3, 1), "") << "beyond the last row";
+
+    grid.GetModel().HideColumn(1, true);
+    grid.GetModel().HideColumn(2, false);
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "|Name");
+    EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "b");
+    grid.GetModel().SetHeaderText(2, "Second");
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Second|Name");
+}
+
+TEST_F(GridWindow, SortsWithItsArrowsAndTheSelectionFollows)
+{
+    grid.Fill({"b", "c", "a"});
+    const HWND list = grid.GetList();
+    CGridFixture::ClickCell(list, 1, 1);
+    EXPECT_EQ(grid.GetModel().GetSelection().GetOnlyRow(), 2);
+    EXPECT_THAT(grid.currentCells, ElementsAre(GridCell{2, 3}));
+    EXPECT_EQ(CGridFixture::GetArrows(list), "--");
+
+    CGridFixture::ClickHeader(list, 1);
+    EXPECT_EQ(CGridFixture::GetArrows(list), "-^");
+    EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "a");
+    EXPECT_THAT(grid.GetListSelection(), ElementsAre(2)) << "the row of c";
+    EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), 2);
+    CGridFixture::ClickHeader(list, 1);
+    EXPECT_EQ(CGridFixture::GetArrows(list), "-v");
+    EXPECT_THAT(grid.GetListSelection(), ElementsAre(0));
+    EXPECT_EQ(grid.selectionChanges, 1) << "the same row is selected as before";
+    EXPECT_THAT(grid.clicks, ElementsAre(GridCell{2, 3}, GridCell{0, 3}, GridCell{0, 3}));
+
+    grid.Fill({"x"});
+    EXPECT_EQ(CGridFixture::GetArrows(list), "--") << "the new rows are not sorted";
+    EXPECT_TRUE(grid.GetListSelection().empty());
+    EXPECT_EQ(grid.selectionChanges, 2);
+}
+
+TEST_F(GridWindow, FollowsTheSelectionOfTheUserAndShowsThatOfTheProgram)
+{
+    grid.Fill({"a", "b", "c", "d", "e"});
+    const HWND list = grid.GetList();
+    const auto selected = [this] { return grid.GetModel().GetSelection().GetRows(); };
+    CGridFixture::ClickCell(list, 3, 0);
+    EXPECT_THAT(selected(), ElementsAre(4));
+    CGridFixture::PressKey(list, VK_UP);
+    EXPECT_THAT(selected(), ElementsAre(3));
+    EXPECT_EQ(grid.GetModel().GetSelection().GetCurrentCell(), (GridCell{3, 1}));
+    CGridFixture::PressKey(list, 'A', true);
+    EXPECT_THAT(selected(), ElementsAre(1, 2, 3, 4, 5));
+    EXPECT_EQ(grid.GetListSelection().size(), 5U);
+    CGridFixture::PressKey(list, VK_END);
+    EXPECT_THAT(selected(), ElementsAre(5));
+
+    const int before = grid.selectionChanges;
+    grid.GetModel().SelectRows(2, 3, true);
+    EXPECT_THAT(grid.GetListSelection(), ElementsAre(1, 2, 4));
+    EXPECT_EQ(grid.selectionChanges, before + 1);
+    grid.GetModel().SetRowCount(2);
+    EXPECT_TRUE(grid.GetListSelection().empty());
+    EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), -1);
+    EXPECT_EQ(ListView_GetItemCount(list), 2);
+}
+
+TEST_F(GridWindow, CopiesTheSelectedRowsInTheOrderOfTheColumnsOnTheScreen)
+{
+    grid.Fill({"a\tb", "\x80", "c"});
+    const HWND list = grid.GetList();
+    int order[] = {1, 0};
+    ListView_SetColumnOrderArray(list, 2, order);
+    CGridFixture::PressKey(list, 'C', true);
+    EXPECT_EQ(CGridFixture::GetClipboardText(), L"Name\tNo.\r\n") << "nothing is selected";
+    grid.GetModel().SelectRows(1, 2, true);
+    CGridFixture::PressKey(list, VK_INSERT, true);
+    EXPECT_EQ(CGridFixture::GetClipboardText(), L"Name\tNo.\r\na b\t1\r\n\u20AC\t2\r\n");
+}
+
+TEST_F(GridWindow, FindsRowsByTheFirstLettersOfTheirNames)
+{
+    grid.Fill({"alpha", "beta", "bravo", "Charlie"});
+    const HWND list = grid.GetList();
+    const auto find = [list](const wchar_t* text, int after)
+    {
+        LVFINDINFOW search{};
+        search.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
+        search.psz = text;
+        return static_cast<int>(
+            SendMessageW(list, LVM_FINDITEMW, static_cast<WPARAM>(after), reinterpret_cast<LPARAM>(&search)));
+    };
+    EXPECT_EQ(find(L"b", -1), 1);
+    EXPECT_EQ(find(L"BR", -1), 2);
+    EXPECT_EQ(find(L"1", -1), -1) << "the numbers are no text column";
+    SendMessageW(list, WM_CHAR, L'c', 1);
+    EXPECT_THAT(grid.GetModel().GetSelection().GetRows(), ElementsAre(4));
+}
+
+TEST_F(GridWindow, FitsAColumnToItsWidestCell)
+{
+    const std::string longName(400, 'W');
+    grid.Fill({"short", longName.c_str()});
+    const HWND list = grid.GetList();
+    const int initial = ListView_GetColumnWidth(list, 1);
+    EXPECT_LT(initial, 600) << "a new column does not fill the window";
+    NMHEADERW divider{};
+    divider.hdr = {ListView_GetHeader(list), 0, HDN_DIVIDERDBLCLICKW};
+    divider.iItem = 1;
+    SendMessageW(list, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&divider));
+    EXPECT_GT(ListView_GetColumnWidth(list, 1), 259 * 5);
+    grid.GetModel().SetCell(2, 3, 0, "w");
+    SendMessageW(list, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&divider));
+    EXPECT_LT(ListView_GetColumnWidth(list, 1), 100);
+    divider.iItem = 7;
+    SendMessageW(list, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&divider));
+}
+
+TEST_F(GridWindow, ShowsTheWholeTextOfACutOffCell)
+{
+    const std::string longName(3000, 'n');
+    grid.Fill({"short", longName.c_str()});
+    const HWND list = grid.GetList();
+    HWND tip = nullptr;
+    while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr &&
+           GetWindow(tip, GW_OWNER) == nullptr)
+    {
+    }
+    ASSERT_NE(tip, nullptr);
+    const auto textOver = [&](int item)
+    {
+        RECT area{};
+        ListView_GetSubItemRect(list, item, 1, LVIR_LABEL, &area);
+        SendMessageW(list, WM_MOUSEMOVE, 0, MAKELPARAM(area.left + 3, area.top + 3));
+        NMTTDISPINFOW info{};
+        info.hdr = {tip, 1, TTN_GETDISPINFOW};
+        SendMessageW(list, WM_NOTIFY, 1, reinterpret_cast<LPARAM>(&info));
+        return info.lpszText != nullptr ? std::wstring(info.lpszText) : std::wstring();
+    };
+    EXPECT_EQ(textOver(0), L"");
+    EXPECT_EQ(textOver(1), std::wstring(2000, L'n') + L"\u2026");
+    grid.GetModel().SetCell(2, 3, 0, "short now");
+    EXPECT_EQ(textOver(1), L"");
+}
+
+// The list view asks for the rows it paints only.
+TEST_F(GridWindow, PaintsAHundredThousandRowsAsFastAsTen)
+{
+    const auto paint = [this]
+    {
+        LARGE_INTEGER begin{};
+        LARGE_INTEGER end{};
+        QueryPerformanceCounter(&begin);
+        for (int i = 0; i < 20; ++i)
+        {
+            RedrawWindow(grid.GetList(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        }
+        QueryPerformanceCounter(&end);
+        return static_cast<double>(end.QuadPart - begin.QuadPart);
+    };
+    grid.Fill(std::vector<const char*>(30, "name"));
+    paint();
+    const double few = paint();
+    grid.Fill(std::vector<const char*>(100000, "name"));
+    EXPECT_LT(paint(), 5.0 * few);
+}
+
+TEST(GridWindowLife, GridAndControlGoInAnyOrder)
+{
+    for (const bool gridFirst : {true, false})
+    {
+        auto window = std::make_unique<CGridFixture>();
+        auto grid = std::make_unique<CTestGrid>(window->GetControl());
+        grid->Fill({"a"});
+        const HWND list = grid->GetList();
+        if (gridFirst)
+        {
+            grid.reset();
+            EXPECT_FALSE(IsWindow(list));
+            EXPECT_TRUE(IsWindow(window->GetControl()));
+        }
+        window.reset();
+        EXPECT_FALSE(IsWindow(list));
+        if (grid != nullptr)
+        {
+            grid->GetModel().SetRowCount(5); // without a window
+            grid->GetModel().SelectRows(2, 2, true);
+            EXPECT_EQ(grid->selectionChanges, 1);
+        }
+    }
+}
+} // namespace
