@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Chooses a material as a user does, with the mouse and the keyboard of a display, and takes a picture of each
-# step: choose-like-a-user.sh [--filtered] PICTURE-FOLDER COMMAND [ARGUMENT...]
+# step: choose-like-a-user.sh [--filtered | --keyboard] PICTURE-FOLDER COMMAND [ARGUMENT...]
 # The command opens the dialog "Select Material Models". With --filtered, for dielectrics, a type, a technology, a
-# range of thicknesses and a unit are chosen first. What the command prints is printed, and its exit code is this
-# one's. Run it through scripts/on-display.sh --virtual.
+# range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone. What the command prints
+# is printed, and its exit code is this one's. Run it through scripts/on-display.sh --virtual.
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 template=$repository/MaterialLibrary/resources/ChooseMaterialDlg.rc
 
-filtered=false
-[[ $1 == --filtered ]] && filtered=true && shift
+story=plain
+[[ $1 == --filtered || $1 == --keyboard ]] && story=${1#--} && shift
 pictures=$1
 shift
 mkdir -p "$pictures"
@@ -47,7 +47,7 @@ point_in()
 {
     local left top width height
     read -r left top width height < <(grep -E "[ ,]$1, " "$template" | grep -oE '[0-9]+, [0-9]+, [0-9]+, [0-9]+(, [A-Z].*)?$' |
-        head -1 | tr -d ',')
+        grep -oE '^([0-9]+, ){3}[0-9]+' | tr -d ',')
     # 505 x 322 dialog units cover the whole client area.
     echo "$((X + (left * 100 + width * $2) * WIDTH / 50500)) $((Y + (top * 100 + height * $3) * HEIGHT / 32200))"
 }
@@ -101,12 +101,25 @@ drag()
     sleep 0.3
 }
 
+# A row, a part of its curves, Assign, OK.
+use_mouse()
+{
+    click ML_GRID 30 32
+    picture 4-selected
+    drag ML_CHART 30 20 70 50 5-zooming
+    picture 6-zoomed
+    click ML_BUTTON_ASSIGN
+    picture 7-assigned
+    click IDOK
+}
+
 find_dialog
 eval "$(xdotool getwindowgeometry --shell "$window")" # a window with a frame has another position than it says
 eval "$(xdotool mousemove --sync --window "$window" 1 1 getmouselocation --shell)"
 X=$((X - 1)) Y=$((Y - 1))
 picture 1-opened
-if $filtered; then
+case $story in
+filtered)
     choose ML_COMBO_TYPE Down
     choose ML_COMBO_TECHNOLOGY End
     picture 2-cores
@@ -114,14 +127,21 @@ if $filtered; then
     replace_text ML_EDIT_THICKNESS_MAXIMUM 20
     picture 3-thickness
     choose ML_COMBO_UNITS Home
-fi
-click ML_GRID 30 20
-picture 4-selected
-drag ML_CHART 30 30 70 60 5-zooming
-picture 6-zoomed
-click ML_BUTTON_ASSIGN
-picture 7-assigned
-click IDOK
+    use_mouse
+    ;;
+plain)
+    use_mouse
+    ;;
+keyboard)
+    press Tab End Tab # the last technology
+    xdotool type --delay 60 3
+    press Tab Tab Tab Tab Down Down
+    picture 2-selected
+    press Tab space # Assign
+    picture 3-assigned
+    press Tab Tab Tab Return # past Unassign and the name to OK
+    ;;
+esac
 
 for _ in {1..50}; do
     kill -0 "$command" 2>/dev/null || break

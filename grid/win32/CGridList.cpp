@@ -15,7 +15,7 @@
 namespace
 {
 constexpr int listIdentifier = 1;
-constexpr const wchar_t* mark = L"\u25CF";
+constexpr const wchar_t* mark = L"\u2022"; // which every font has
 
 // A list view shows so many characters of a text.
 constexpr std::size_t shownLength = 259;

@@ -1,6 +1,6 @@
 // What hosts and users do to a dialog that nobody expects.
 #include "tests/CountHandles.h"
-#include "tests/chooser/CChooserFixture.h"
+#include "tests/chooser/win32/CChooserFixture.h"
 
 #include <chrono>
 #include <random>

@@ -1,5 +1,5 @@
 #include "framework/Profile.h"
-#include "tests/chooser/CChooserFixture.h"
+#include "tests/chooser/win32/CChooserFixture.h"
 
 namespace
 {
