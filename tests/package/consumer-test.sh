@@ -55,6 +55,7 @@ headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
 mingw=/usr/x86_64-w64-mingw32
 build_hosts clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_CXX_COMPILER_TARGET=x86_64-w64-windows-gnu \
     "-DCMAKE_CXX_FLAGS=-nostdinc++ -nostdlibinc -isystem $headers -isystem $headers/x86_64-w64-mingw32 -isystem $mingw/include" \
+    "-DCMAKE_CXX_STANDARD_LIBRARIES=-luser32 -lgdi32 -ladvapi32 -lpthread" \
     "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld -L$(dirname "$headers")/.. -L$mingw/lib"
 
 # The other object format: its compiler, its linker, its import library.
