@@ -126,6 +126,10 @@ void CChartModel::RebuildDataRanges()
             {
                 const CurveAxes bound = GetCurveAxes(entry);
                 const DataRect& box = entry.curve->bounds;
+                if (entry.curve->points.empty())
+                {
+                    continue; // its bounds are those of nothing, not of the origin
+                }
                 if (bound.horizontal == &axis)
                 {
                     CoverRange(axis, box.xMin, box.xMax, first);

@@ -73,9 +73,9 @@ TEST(CChartModel, DataRangesCoverTheCurvesOfTheAxis)
     EXPECT_EQ(model.FindAxis(0)->requestedMax, 9.0);
 
     CChartCurve empty = MakeCurve({});
-    model.AddCurve(empty, 0, 2); // counts as the point (0, 0)
-    expectRange(0, 0, 9);
-    expectRange(2, 0, 100);
+    model.AddCurve(empty, 0, 2); // has no bounds
+    expectRange(0, 1, 9);
+    expectRange(2, 100, 100);
     second.points[0].y = -20;
     second.UpdateBounds();
     model.RebuildDataRanges();
