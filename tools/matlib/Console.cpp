@@ -1,6 +1,7 @@
 #include "tools/matlib/Console.h"
 
 #include "tools/matlib/CFailure.h"
+#include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
 
 #include <cstdio>
@@ -13,10 +14,14 @@ void PrintOutput(std::string_view text)
     }
 }
 
-void PrintStatus(std::string_view text)
+CProgress ShowProgress(int steps)
 {
-    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
-    static_cast<void>(std::fflush(stderr));
+    const auto print = [](std::string_view text)
+    {
+        static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
+        static_cast<void>(std::fflush(stderr));
+    };
+    return {steps, IsWatched() ? CProgress::Print(print) : CProgress::Print()};
 }
 
 void PrintProblem(std::string_view text)

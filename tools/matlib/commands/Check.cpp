@@ -132,12 +132,14 @@ int RunCheck(const Options& options, ILibraryHost& host)
     std::string text;
     Json list = Json::array();
     bool allGood = true;
+    CProgress progress = ShowProgress(static_cast<int>(options.filesToCheck.size()));
     for (const std::string& path : options.filesToCheck)
     {
         const Verdict verdict = CheckFile(path, options, host);
         allGood = allGood && IsGood(verdict, options);
         text += RenderVerdict(verdict, options);
         list.push_back(VerdictAsJson(verdict, options));
+        progress.Advance();
     }
     PrintOutput(options.json ? RenderJson(list) : text);
     return allGood ? exitFine : exitFailed;

@@ -10,11 +10,14 @@ int RunPlot(const Options& options, ILibraryHost& host)
 {
     const CMaterialSet set(host, options.libraryFiles);
     CMaterialPlot plot(options);
+    CProgress progress =
+        ShowProgress(static_cast<int>(options.materials.size() * options.temperatures.size()));
     for (const std::string& name : options.materials)
     {
         for (const double temperature : options.temperatures)
         {
             plot.Add(set.Find(name), temperature);
+            progress.Advance();
         }
     }
     WritePicture(options.picturePath, plot.Render());

@@ -1,10 +1,8 @@
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CMaterialSet.h"
-#include "tools/matlib/CProgress.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/FrequencySweep.h"
 #include "tools/matlib/Json.h"
-#include "tools/matlib/Platform.h"
 #include "tools/matlib/PropertyValue.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/commands/Commands.h"
@@ -67,8 +65,7 @@ std::vector<Series> SweepAll(const Options& options, const CMaterialSet& set)
             all.push_back({&set.Find(name), temperature, {}});
         }
     }
-    CProgress progress(static_cast<int>(all.size()) * options.sweepPoints,
-                       IsWatched() ? PrintStatus : CProgress::Print());
+    CProgress progress = ShowProgress(static_cast<int>(all.size()) * options.sweepPoints);
     for (Series& series : all)
     {
         Sweep(options, series, progress);
