@@ -7,7 +7,8 @@ namespace
 // The value at `at` on the line from (from, a) to (to, b), also where differences exceed the largest double.
 double InterpolateAt(double at, double from, double to, double a, double b)
 {
-    const double t = (at / 2.0 - from / 2.0) / (to / 2.0 - from / 2.0);
+    const double extent = to / 2.0 - from / 2.0; // 0 for the smallest numbers there are
+    const double t = extent != 0.0 ? (at / 2.0 - from / 2.0) / extent : 0.0;
     const double difference = b - a;
     return std::isfinite(difference) ? a + t * difference : a * (1.0 - t) + b * t;
 }

@@ -87,4 +87,13 @@ TEST(ClipSegment, TakesAnyFiniteNumbers)
         }
     }
 }
+// Half of the smallest number is 0.
+TEST(ClipSegment, TakesTheSmallestNumbers)
+{
+    constexpr double smallest = std::numeric_limits<double>::denorm_min();
+    DataPoint from = {0.0, 1.0};
+    DataPoint to = {smallest, 2.0};
+    ASSERT_TRUE(ClipSegment({smallest, 0.0, 1.0, 3.0}, from, to));
+    EXPECT_TRUE(from.y >= 1.0 && from.y <= 2.0) << from.y;
+}
 } // namespace
