@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the library and shows it at work: run.sh [FILE.mat...]
+# Builds the library and shows it at work: run.sh [FILE.mat...] or, for a window with a chart to try, run.sh --chart
 # The same commands run twice: with matlib.exe under Wine, which loads MaterialLibrary.dll as any host does,
 # and with the native matlib. Both must print the same. Without files the example libraries are shown.
 set -euo pipefail
@@ -8,6 +8,24 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 
 scripts/packages.sh run
 [[ -n ${DISPLAY:-} ]] || scripts/packages.sh display
+
+# On a desktop for the user, on a virtual display for a script with the mouse.
+show_chart()
+{
+    local demo=(cmake/wine-run.sh build/windows/bin/chart_demo.exe)
+    scripts/build.sh windows chart_demo
+    if [[ -n ${DISPLAY:-} ]]; then
+        ML_WINE_TIMEOUT=0 scripts/on-display.sh "${demo[@]}"
+    else
+        scripts/on-display.sh --virtual scripts/use-chart-like-a-user.sh build/pictures/chart "${demo[@]}"
+        echo "There is no desktop: a script used the chart. Pictures are in build/pictures/chart."
+    fi
+}
+if [[ ${1:-} == --chart ]]; then
+    show_chart
+    exit
+fi
+
 scripts/build.sh native matlib
 scripts/build.sh windows MaterialLibrary matlib
 trap 'cmake/wine-run.sh --end' EXIT

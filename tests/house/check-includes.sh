@@ -18,6 +18,7 @@ declare -A arrows=(
     [MaterialLibrary/chooser]="include MaterialLibrary/model MaterialLibrary/chart MaterialLibrary/resources grid shared"
     [grid]="shared"
     [framework]="shared"
+    [tools/chart_demo]="MaterialLibrary/chart"
     [tools/matlib]="include shared MaterialLibrary/chart tools/matlib/check"
     [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/resources shared tools/matlib"
     [examples/host]="include"
