@@ -2,12 +2,17 @@
 
 #include "MaterialLibrary/chart/ICanvas.h"
 
+#include <optional>
 #include <vector>
 
 // Puts a curve's segments, in pixels, together to polylines on a canvas. A million points fall on a few
-// hundred columns of pixels: of a run of points in one column only the first, the lowest, the highest and the
-// last are drawn. Between two points of a column a solid line lights exactly the pixels between, so the lit
-// pixels are the same. A dashed line is left whole.
+// hundred columns of pixels, and only what lights pixels is drawn of them. A run of points in one column
+// becomes an upright line from the lowest to the highest of them: between two points of a column a line
+// lights exactly the pixels between. The line between two such runs is left out where they light all of its
+// pixels: a thin line lights pixels at most half a pixel beside it, so its first half lies in the one column
+// and its second in the other. The lit pixels are the same, so this is for solid lines; of wide ones the
+// second rule is not certain, and a dashed line is left whole. A curve with few points to a column stays one
+// polyline.
 class CCurveTracer
 {
 public:
@@ -21,9 +26,9 @@ public:
     // There has been a MoveTo since the construction or the last Finish.
     void LineTo(PixelPoint point)
     {
-        if (reduces && point.x == column.x)
+        if (reduces && point.x == current.x)
         {
-            column.Extend(point.y);
+            current.Extend(point.y);
         }
         else
         {
@@ -41,24 +46,32 @@ private:
         int lowest = 0;
         int highest = 0;
         int last = 0;
+        bool joined = false; // to the column before, by a line
+        bool isRun = false;  // of several points
 
         void Extend(int y)
         {
             lowest = std::min(lowest, y);
             highest = std::max(highest, y);
             last = y;
+            isRun = true;
         }
+        [[nodiscard]] bool Covers(int y) const { return y >= lowest && y <= highest; }
     };
 
+    [[nodiscard]] bool NeedsLineBetween(const Column& from, const Column& to) const;
     void GoToColumn(PixelPoint point);
-    void BeginColumn(PixelPoint point) { column = {point.x, point.y, point.y, point.y, point.y}; }
+    void BeginColumn(PixelPoint point);
     void EndColumn();
-    void Append(int y);
+    void Append(const Column& column, bool joinedToNext);
+    void Append(PixelPoint point);
+    void EndPolyline();
 
     ICanvas& canvas;
     const Pen pen;
     const bool reduces;
-    bool open = false; // there is a column under way
-    Column column;
+    std::optional<Column> previous; // complete
+    bool open = false;              // there is a current column
+    Column current;
     std::vector<PixelPoint> points; // of the polyline under way
 };

@@ -135,6 +135,11 @@ void CSvgCanvas::DrawPolyline(const Pen& pen, std::span<const PixelPoint> points
         AppendAll(body, FormatDashes(pen.style), " d=\"");
     }
     AppendAll(body, "M", points.front().x, ".5 ", points.front().y, ".5");
+    if (points.size() == 2 && points.front() == points.back())
+    {
+        body += "h.01"; // some viewers show nothing of a line without length
+        return;
+    }
     for (std::size_t i = 1; i < points.size(); ++i)
     {
         AppendAll(body, i == 1 ? "l" : " ", points[i].x - points[i - 1].x, " ",

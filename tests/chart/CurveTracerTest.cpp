@@ -74,7 +74,7 @@ TEST(CCurveTracer, KeepsEverySegmentOfADashedLine)
     EXPECT_EQ(canvas.GetLines().size(), 5u);
 }
 
-TEST(PaintCurves, AMillionPointsBecomeAFewLinesForEveryColumn)
+TEST(PaintCurves, AMillionPointsBecomeALineForEveryColumn)
 {
     std::mt19937 random(9);
     std::vector<DataPoint> points;
@@ -93,7 +93,7 @@ TEST(PaintCurves, AMillionPointsBecomeAFewLinesForEveryColumn)
     LayOutChart(model, client, canvas);
     PaintCurves({model, {}, {}, client}, canvas);
     const std::size_t lines = canvas.GetLines(0x123456).size();
-    EXPECT_LT(lines, 4u * 760u);
+    EXPECT_LT(lines, 760u);
     EXPECT_GT(lines, 500u);
 }
 } // namespace

@@ -105,4 +105,11 @@ TEST(ToXmlText, IsUtf8WhateverTheTextWas)
         EXPECT_EQ(ToXmlText(row.text), row.xml) << row.text;
     }
 }
+TEST(CSvgCanvas, ADotHasLengthEnoughToShow)
+{
+    CSvgCanvas canvas({20, 20}, 12);
+    const PixelPoint dot[] = {{3, 4}, {3, 4}};
+    canvas.DrawPolyline({0xFFFFFF, 0, PenStyle::solid}, dot);
+    EXPECT_NE(canvas.GetDocument().find("d=\"M3.5 4.5h.01\""), std::string::npos);
+}
 } // namespace
