@@ -10,3 +10,9 @@ scripts/build.sh bench "${targets[@]%.cpp}"
 for target in "${targets[@]%.cpp}"; do
     "build/bench/bench/$target" </dev/null
 done
+
+# The chart's window, under Wine.
+scripts/packages.sh run
+scripts/build.sh windows bench_repaint
+trap 'cmake/wine-run.sh --end' EXIT
+cmake/wine-run.sh build/windows/bench/bench_repaint.exe
