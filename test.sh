@@ -21,6 +21,7 @@ run_tests()
         summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")
     done
     log=build/package-test.log
+    rm -rf build/dist
     { ./package.sh --output build/dist && tests/package/consumer-test.sh build/dist; } 2>&1 | tee "$log" || failed=1
     summaries+=("packages: $(tail -n 1 "$log")")
     echo

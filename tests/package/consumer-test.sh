@@ -20,7 +20,7 @@ for folder in "$package" "$tool"; do
     (cd "$folder" && sha256sum --check --quiet CONTENTS.sha256)
     [[ $(find "$folder" -type f | wc -l) == $(($(wc -l <"$folder/CONTENTS.sha256") + 1)) ]] || fail "files not listed"
 done
-! grep -rlaF -e "$root" -e "$HOME/" "$package" "$tool" || fail "paths of the build inside"
+! grep -rlaF -e "$root" -e "${HOME:-/root}/" "$package" "$tool" || fail "paths of the build inside"
 
 # build_example EXAMPLE NAME CMAKE-ARGUMENT...
 build_example()

@@ -1,6 +1,7 @@
 #include "tools/matlib/check/FindWarnings.h"
 
 #include "shared/Misc_String/Decimal.h"
+#include "tools/matlib/NearestNames.h"
 #include "tools/matlib/Wording.h"
 
 #include <algorithm>
@@ -32,7 +33,7 @@ std::string_view KeyOf(const ParsedTable& table)
     return keys.at(static_cast<std::size_t>(table.kind));
 }
 
-// Whether the unit says what the reader takes it for: "1ghz" is 1 Hz to it, "5m" 5 mHz.
+// Whether the unit is read as it looks: "1ghz" is 1 Hz to the reader and "5m" 5 mHz, while "1GHZ" is 1 GHz.
 bool HasPlainUnit(std::string_view frequency)
 {
     const DecimalResult number = ParseDecimal(frequency);
@@ -42,7 +43,7 @@ bool HasPlainUnit(std::string_view frequency)
     {
         unit.remove_prefix(1);
     }
-    return number.verdict != DecimalVerdict::None && (unit.empty() || unit == "Hz");
+    return number.verdict != DecimalVerdict::None && (unit.empty() || EqualIgnoringCase(unit, "Hz"));
 }
 
 void CheckFrequencies(Findings& findings, const ParsedTable& table)
