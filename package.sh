@@ -52,6 +52,11 @@ pack()
     stage windows "$staged/$windows"
     stage native "$staged/$linux"
     strip "$staged/$linux/bin/matlib"
+    local program
+    for program in "$staged/$windows"/bin/matlib.exe "$staged/$windows"/bin/matlib-modules/*.dll; do
+        # the tool's debug information stays at home, and so does the link to it
+        x86_64-w64-mingw32-objcopy --preserve-dates --remove-section .gnu_debuglink "$program"
+    done
     for folder in "$windows" "$linux"; do
         list_contents "$staged/$folder"
         settle "$staged/$folder"
