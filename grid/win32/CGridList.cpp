@@ -92,7 +92,7 @@ void CGridList::Show(unsigned changes)
     {
         ShowHeaderTexts();
     }
-    if ((changes & (GRIDCHANGE_ORDER | GRIDCHANGE_COLUMNS)) != 0)
+    if ((changes & (GRIDCHANGE_ORDER | GRIDCHANGE_COLUMNS | GRIDCHANGE_HEADERS)) != 0)
     {
         ShowSortArrow();
     }
@@ -140,7 +140,8 @@ void CGridList::ShowHeaderTexts()
         headers[i] = std::move(shown);
         const auto subItem = static_cast<int>(i);
         LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.fmt = GetAlignment(model->GetValueType(columns[i])); // not every list keeps it
         column.pszText = text.data();
         column.cx = std::max(ListView_GetColumnWidth(GetHandle(), subItem), MeasureHeader(columns[i]));
         SendMessageW(GetHandle(), LVM_SETCOLUMNW, i, reinterpret_cast<LPARAM>(&column));

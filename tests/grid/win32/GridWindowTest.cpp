@@ -88,6 +88,15 @@ TEST_F(GridWindow, LeavesHiddenColumnsOut)
     EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "b");
     grid.GetModel().SetHeaderText(2, "Second");
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Second|Name");
+    grid.GetModel().SetHeaderStyle(3, 3, GridValueType::Number);
+    grid.GetModel().GetSortKeys().ClickHeader(3);
+    SortRows(grid.GetModel(), std::strcmp);
+    grid.GetModel().SetHeaderText(3, "Third");
+    EXPECT_EQ(CGridFixture::GetArrows(list), "-^");
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    SendMessageW(ListView_GetHeader(list), HDM_GETITEMW, 1, reinterpret_cast<LPARAM>(&item));
+    EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
 }
 
 TEST_F(GridWindow, SortsWithItsArrowsAndTheSelectionFollows)
