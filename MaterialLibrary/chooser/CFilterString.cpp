@@ -32,7 +32,10 @@ public:
 
     void AddLiteral(std::string_view character)
     {
-        pending.text.insert(pending.text.end(), character.begin(), character.end());
+        for (const char c : character)
+        {
+            pending.text.push_back(c);
+        }
     }
 
     std::vector<CFilterString::CFilter> Finish()
@@ -63,7 +66,7 @@ std::size_t LengthOfCharacter(std::string_view text)
 
 void CFilterString::Reset()
 {
-    pattern = "*";
+    pattern.assign(1, '*');
     filters = ParseFilterPattern(pattern);
     input.clear();
 }
