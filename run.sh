@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the library and shows it at work: run.sh [FILE.mat...] or, for a window with a chart to try, run.sh --chart
+# Builds the library and shows it at work: run.sh [FILE.mat...] or, for a window with a chart or with the example
+# libraries in the grid to try, run.sh --chart or run.sh --grid
 # The same commands run twice: with matlib.exe under Wine, which loads MaterialLibrary.dll as any host does,
 # and with the native matlib. Both must print the same. Without files the example libraries are shown.
 set -euo pipefail
@@ -9,22 +10,29 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 scripts/packages.sh run
 [[ -n ${DISPLAY:-} ]] || scripts/packages.sh display
 
-# On a desktop for the user, on a virtual display for a script with the mouse.
-show_chart()
+# show_demo chart|grid [FILE.mat...]: on a desktop for the user, on a virtual display for a script with the mouse.
+show_demo()
 {
-    local demo=(cmake/wine-run.sh build/windows/bin/chart_demo.exe)
-    scripts/build.sh windows chart_demo
+    local name=$1
+    local demo=(cmake/wine-run.sh "build/windows/bin/${name}_demo.exe" "${@:2}")
+    scripts/build.sh windows "${name}_demo"
     if [[ -n ${DISPLAY:-} ]]; then
         ML_WINE_TIMEOUT=0 scripts/on-display.sh "${demo[@]}"
     else
-        scripts/on-display.sh --virtual scripts/use-chart-like-a-user.sh build/pictures/chart "${demo[@]}"
-        echo "There is no desktop: a script used the chart. Pictures are in build/pictures/chart."
+        scripts/on-display.sh --virtual "scripts/use-$name-like-a-user.sh" "build/pictures/$name" "${demo[@]}"
+        echo "There is no desktop: a script used the $name. Pictures are in build/pictures/$name."
     fi
 }
-if [[ ${1:-} == --chart ]]; then
-    show_chart
+case ${1:-} in
+--chart)
+    show_demo chart
     exit
-fi
+    ;;
+--grid)
+    show_demo grid examples/materials/*.mat
+    exit
+    ;;
+esac
 
 scripts/build.sh native matlib
 scripts/build.sh windows MaterialLibrary matlib

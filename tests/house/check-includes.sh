@@ -19,6 +19,7 @@ declare -A arrows=(
     [grid]="shared"
     [framework]="shared"
     [tools/chart_demo]="MaterialLibrary/chart"
+    [tools/grid_demo]="include MaterialLibrary/chooser shared"
     [tools/matlib]="include shared MaterialLibrary/chart tools/matlib/check"
     [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/resources shared tools/matlib"
     [examples/host]="include"
