@@ -64,19 +64,20 @@ geometry()
 }
 
 open_window "$@"
+xdotool windowmove "$window" 60 60 windowsize "$window" 1200 600
 picture 1-opened
 eval "$(geometry)"
-header=$((HEIGHT / 24)) # below the menu
+header=30 # below the menu, unless the screen is scaled
 click $((WIDTH / 3)) $((HEIGHT / 3))
 picture 2-selected
-click $((WIDTH / 4)) $((header * 2))
+click $((WIDTH / 4)) $header
 picture 3-sorted
-click $((WIDTH / 4)) $((header * 2))
+click $((WIDTH / 4)) $header
 picture 4-sorted-backwards
 xdotool key ctrl+a
 picture 5-all-selected
 xdotool windowmove --sync "$window" 300 200
-xdotool windowsize --sync "$window" $((WIDTH * 3 / 4)) $((HEIGHT * 3 / 4))
+xdotool windowsize --sync "$window" 800 450
 picture 6-resized
 left_at=$(geometry)
 close_window
