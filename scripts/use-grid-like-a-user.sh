@@ -70,9 +70,9 @@ eval "$(geometry)"
 header=30 # below the menu, unless the screen is scaled
 click $((WIDTH / 3)) $((HEIGHT / 3))
 picture 2-selected
-click $((WIDTH / 4)) $header
+click 100 $header
 picture 3-sorted
-click $((WIDTH / 4)) $header
+click 100 $header
 picture 4-sorted-backwards
 xdotool key ctrl+a
 picture 5-all-selected
