@@ -11,8 +11,9 @@ for target in "${targets[@]%.cpp}"; do
     "build/bench/bench/$target" </dev/null
 done
 
-# The chart's window, under Wine.
+# The chart's window and the module's entries, under Wine.
 scripts/packages.sh run
-scripts/build.sh windows bench_repaint
+scripts/build.sh windows bench_repaint bench_entries
 trap 'cmake/wine-run.sh --end' EXIT
 cmake/wine-run.sh build/windows/bench/bench_repaint.exe
+cmake/wine-run.sh build/windows/bench/bench_entries.exe

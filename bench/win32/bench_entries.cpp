@@ -1,11 +1,12 @@
-// What each entry of the module costs in time: the table of docs/host-guide.md. The bounds are wide; they
-// catch an entry that has become slow by orders of magnitude.
+// What each entry of the module costs in time: the table of docs/host-guide.md.
 #include "tests/win32/CModule.h"
 #include "tests/win32/CTestFolder.h"
 
 #include <algorithm>
 #include <chrono>
-#include <gtest/gtest.h>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace
@@ -30,11 +31,10 @@ double Measure(int count, const Call& call)
 }
 
 template <class Call>
-void Report(const char* entry, double mostMicroseconds, int count, const Call& call)
+void Report(const char* entry, int count, const Call& call)
 {
     const double taken = Measure(count, call);
     std::printf("| %s | %.3g us |\n", entry, taken);
-    EXPECT_LT(taken, mostMicroseconds) << entry;
 }
 
 std::string MakeManyLaminates(int count)
@@ -47,18 +47,19 @@ std::string MakeManyLaminates(int count)
     }
     return text;
 }
+} // namespace
 
-TEST(EntryCost, OfEachEntry)
+int main()
 {
     const CModule module(CModule::GetBuiltPath());
     const CTestFolder folder;
     const std::string many = folder.Write("many.mat", MakeManyLaminates(20'000));
     const std::string examples = ML_SOURCE_DIR "/examples/materials/DefaultMaterialD.mat";
-    Report("CreateMaterialLibrary, null, and FreeMaterialLibrary", 5e3, 100,
+    Report("CreateMaterialLibrary, null, and FreeMaterialLibrary", 100,
            [&](int) { static_cast<void>(module.Create(nullptr)); });
-    Report("the same with DefaultMaterialD.mat, 46 materials", 5e5, 10,
+    Report("the same with DefaultMaterialD.mat, 46 materials", 10,
            [&](int) { static_cast<void>(module.Create(examples.c_str())); });
-    Report("the same with 20,000 materials, 2.2 MB", 5e6, 1,
+    Report("the same with 20,000 materials, 2.2 MB", 1,
            [&](int) { static_cast<void>(module.Create(many.c_str())); });
 
     std::vector<CModule::Library> fresh;
@@ -67,21 +68,24 @@ TEST(EntryCost, OfEachEntry)
         fresh.push_back(module.Create(many.c_str()));
     }
     const CModule::Library library = module.Create(many.c_str());
-    ASSERT_EQ(library->GetMaterialCount(), 20'000);
+    if (library->GetMaterialCount() != 20'000)
+    {
+        std::fprintf(stderr, "bench_entries: the materials were not loaded\n");
+        return EXIT_FAILURE;
+    }
     volatile const void* found = nullptr;
-    Report("GetMaterial", 10, 10'000, [&](int i) { found = library->GetMaterial(i % 20'000); });
-    Report("FindMaterial of 20,000, the first call", 5e6, 1,
+    Report("GetMaterial", 10'000, [&](int i) { found = library->GetMaterial(i % 20'000); });
+    Report("FindMaterial of 20,000, the first call", 1,
            [&](int i) { found = fresh.at(static_cast<std::size_t>(i))->FindMaterial("Laminate 0"); });
-    Report("FindMaterial, later calls", 100, 10'000,
-           [&](int) { found = library->FindMaterial("Laminate 777"); });
+    Report("FindMaterial, later calls", 10'000, [&](int) { found = library->FindMaterial("Laminate 777"); });
     IMaterial& material = *library->GetMaterial(777);
-    Report("GetName", 10, 10'000, [&](int) { found = material.GetName(); });
-    Report("GetTable", 100, 10'000, [&](int) { found = material.GetTable(MLTABLE_ER, 25.0); });
+    Report("GetName", 10'000, [&](int) { found = material.GetName(); });
+    Report("GetTable", 10'000, [&](int) { found = material.GetTable(MLTABLE_ER, 25.0); });
     double value = 0.0;
-    Report("GetValue at a row", 100, 10'000, [&](int) { material.GetValue(MLTABLE_ER, 1e8, &value, 25.0); });
-    Report("GetValue at a new frequency: a fit", 1e4, 100,
+    Report("GetValue at a row", 10'000, [&](int) { material.GetValue(MLTABLE_ER, 1e8, &value, 25.0); });
+    Report("GetValue at a new frequency: a fit", 100,
            [&](int i) { material.GetValue(MLTABLE_ER, 2e9 + i, &value, 25.0); });
-    Report("GetValue at one asked before", 100, 10'000,
+    Report("GetValue at one asked before", 10'000,
            [&](int) { material.GetValue(MLTABLE_ER, 2e9 + 850, &value, 25.0); });
+    return EXIT_SUCCESS;
 }
-} // namespace
