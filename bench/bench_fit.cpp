@@ -27,7 +27,9 @@ std::vector<PlainLaminate> MakeLaminates(int points)
     constexpr std::uint64_t laminateCount = 64;
     std::vector<PlainLaminate> laminates;
     for (std::uint64_t seed = 0; seed < laminateCount; ++seed)
+    {
         laminates.push_back(MakeLaminate(seed, points));
+    }
     return laminates;
 }
 
@@ -43,7 +45,9 @@ struct OurFit
                               static_cast<std::int32_t>(laminate.lossValues.size()),
                               laminate.lossFrequencies.data(), laminate.lossValues.data()) != 1 ||
             model.Fit() != 1)
+        {
             throw std::runtime_error("a laminate was refused");
+        }
         double real = 0.0, imaginary = 0.0;
         model.Evaluate(wantedFrequency, real, imaginary);
         return real + imaginary;
@@ -94,7 +98,9 @@ private:
         const lapack_int n = static_cast<lapack_int>(system.cols());
         if (LAPACKE_dgesvd_work(LAPACK_COL_MAJOR, 'S', 'S', m, n, system.data(), m, w.data(), u.data(), m,
                                 vt.data(), n, work.data(), workSize) != 0)
+        {
             throw std::runtime_error("dgesvd did not converge");
+        }
     }
 
     Eigen::VectorXd w;
@@ -119,19 +125,27 @@ std::vector<double> SearchPlainly(const Eigen::MatrixXd& full, const Eigen::Vect
             svd.Decompose(system);
             Eigen::VectorXd c = svd.U().transpose() * target;
             for (Eigen::Index j = 0; j < n; ++j)
+            {
                 c[j] = svd.Values()[j] > ratio * svd.Values()[0] ? c[j] / svd.Values()[j] : 0.0;
+            }
             x.noalias() = svd.V() * c;
             Eigen::Index where = 0;
             smallest = x.minCoeff(&where);
             if (smallest >= 0.0)
+            {
                 break;
+            }
             system.col(where).setZero();
         }
         bool smooth = smallest >= 0.0 && 2.0 * x[n - 2] > x[n - 1];
         for (Eigen::Index k = 1; k + 1 < n; ++k)
+        {
             smooth = smooth && !(2.0 * x[k - 1] > x[k] && 2.0 * x[k + 1] > x[k]);
+        }
         if (smooth || !(ratio < 0.1))
+        {
             return {x.begin(), x.end()};
+        }
     }
 }
 
@@ -144,17 +158,23 @@ struct PlainFitWith
     {
         PlainFit fit;
         if (!fit.Prepare(laminate))
+        {
             throw std::runtime_error("a laminate was refused");
+        }
         const std::vector<double> corners = fit.Corners();
         const PlainMatrix rows = fit.System(corners);
         const Eigen::Index n = static_cast<Eigen::Index>(corners.size()) - 1;
         Eigen::MatrixXd system(static_cast<Eigen::Index>(rows.size()), n);
         Eigen::VectorXd target = Eigen::VectorXd::Zero(system.rows());
         for (std::size_t i = 0; i < rows.size(); ++i)
+        {
             system.row(static_cast<Eigen::Index>(i)) =
                 Eigen::Map<const Eigen::RowVectorXd>(rows[i].data(), n);
+        }
         for (std::size_t i = 0; i < fit.imaginaryParts.size(); ++i)
+        {
             target[static_cast<Eigen::Index>(i)] = fit.imaginaryParts[i];
+        }
         fit.StoreTerms(corners, SearchPlainly<Svd>(system, target));
         double real = 0.0, imaginary = 0.0;
         fit.Evaluate(wantedFrequency, real, imaginary);

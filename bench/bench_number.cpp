@@ -137,7 +137,9 @@ void ScanAll(benchmark::State& state, const CTokens& tokens, bool withinText)
         const auto start = std::chrono::steady_clock::now();
         double sum = 0.0;
         for (const std::string_view token : tokens.All())
+        {
             sum += Scan(token.data(), withinText ? tokens.End() : token.data() + token.size());
+        }
         benchmark::DoNotOptimize(sum);
         const std::chrono::duration<double, std::nano> time = std::chrono::steady_clock::now() - start;
         best = std::min(best, time.count() / static_cast<double>(tokens.All().size()));
@@ -157,9 +159,13 @@ public:
         for (const Run& run : runs)
         {
             if (run.aggregate_name == "median")
+            {
                 medians.push_back(run);
+            }
             if (run.run_type != Run::RT_Iteration)
+            {
                 continue;
+            }
             double& best = times.try_emplace(run.run_name.function_name, HUGE_VAL).first->second;
             best = std::min(best, run.counters.at("best_ns_per_number").value);
         }
@@ -196,8 +202,10 @@ void Register(const Workload& workload)
     const std::array functions = {workload.hasSuffixes ? ScanAll<ScanByUsWithSuffix> : ScanAll<ScanByUs>,
                                   ScanAll<ScanByStandard>, ScanAll<ScanByFastFloat>};
     for (std::size_t i = 0; i < scanners.size(); ++i)
+    {
         benchmark::RegisterBenchmark(NameOf(workload, i).c_str(), functions[i], std::cref(workload.tokens),
                                      workload.withinText);
+    }
 }
 
 void PrintTable(std::span<const Workload> workloads, const CBestTimes& times)
@@ -208,7 +216,9 @@ void PrintTable(std::span<const Workload> workloads, const CBestTimes& times)
     {
         std::array<double, scanners.size()> each{};
         for (std::size_t i = 0; i < each.size(); ++i)
+        {
             each[i] = times.Best(NameOf(workload, i));
+        }
         std::printf("%-38s %9.1f %11.1f %11.1f   %.2f, %.2f\n", workload.name, each[0], each[1], each[2],
                     each[0] / each[1], each[0] / each[2]);
     }
@@ -223,11 +233,15 @@ int main(int argc, char** argv)
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     std::vector<char*> pointers;
     for (std::string& argument : arguments)
+    {
         pointers.push_back(argument.data());
+    }
     int count = static_cast<int>(pointers.size());
     benchmark::Initialize(&count, pointers.data());
     if (benchmark::ReportUnrecognizedArguments(count, pointers.data()))
+    {
         return 1;
+    }
 
     const std::array<Workload, 7> workloads = {{
         {"table values within the text", CTokens(MakeTableValue), true},
@@ -239,7 +253,9 @@ int main(int argc, char** argv)
         {"with suffixes, which the others leave", CTokens(MakeEngineeringValue), false, true},
     }};
     for (const Workload& workload : workloads)
+    {
         Register(workload);
+    }
     CBestTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
     PrintTable(workloads, times);

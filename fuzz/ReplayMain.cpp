@@ -17,7 +17,9 @@ bool Replay(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
+    {
         return false;
+    }
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     return true;
@@ -26,10 +28,14 @@ bool Replay(const std::filesystem::path& path)
 int ReplayAll(const std::filesystem::path& path)
 {
     if (!std::filesystem::is_directory(path))
+    {
         return Replay(path) ? 1 : 0;
+    }
     int replayed = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(path))
+    {
         replayed += entry.is_regular_file() && Replay(entry.path()) ? 1 : 0;
+    }
     return replayed;
 }
 } // namespace
@@ -38,7 +44,9 @@ int main(int argc, char** argv)
 {
     int replayed = 0;
     for (int i = 1; i < argc; ++i)
+    {
         replayed += ReplayAll(argv[i]);
+    }
     std::printf("%d inputs replayed\n", replayed);
     return replayed > 0 ? 0 : 1;
 }

@@ -25,7 +25,9 @@ public:
     std::size_t TakeCount(std::size_t limit)
     {
         if (count == 0)
+        {
             return 0;
+        }
         --count;
         return *bytes++ % (limit + 1);
     }
@@ -35,7 +37,9 @@ public:
         std::vector<double> doubles(wanted);
         const std::size_t taken = std::min(count, wanted * sizeof(double));
         if (taken > 0)
+        {
             std::memcpy(doubles.data(), bytes, taken);
+        }
         bytes += taken;
         count -= taken;
         return doubles;
@@ -49,7 +53,9 @@ private:
 void Require(bool condition)
 {
     if (!condition)
+    {
         std::abort();
+    }
 }
 
 // Up to 40 decades a fit is the same as over a few, only slow.
@@ -63,15 +69,21 @@ void CompareWithPlain(const CWidebandDebyeModel& model, bool fitted, const Plain
 {
     constexpr int manageableTerms = 9;
     if (model.GetTermCount() > manageableTerms || !fitted)
+    {
         return;
+    }
     PlainFit plain;
     Require(plain.Prepare(laminate) && plain.Fit());
     // Absurd numbers can end beyond all numbers, on which way is not the same.
     if (!std::isfinite(plain.epsInf))
+    {
         return;
+    }
     Require(plain.terms.size() == model.GetTerms().size() && plain.epsInf == model.GetEpsInf());
     for (std::size_t k = 0; k < plain.terms.size(); ++k)
+    {
         Require(plain.terms[k].deltaEps == model.GetTerms()[k].deltaEps);
+    }
 }
 } // namespace
 
@@ -87,7 +99,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     laminate.lossValues = bytes.TakeDoubles(lossCount);
 
     if (IsSlow(laminate.lossFrequencies))
+    {
         return 0;
+    }
 
     CWidebandDebyeModel model;
     const bool prepared = model.PrepareData(static_cast<std::int32_t>(erCount), laminate.erFrequencies.data(),

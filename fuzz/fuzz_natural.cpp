@@ -16,13 +16,17 @@ namespace
 void Require(bool holds)
 {
     if (!holds)
+    {
         std::abort();
+    }
 }
 
 std::string WithoutCase(std::string text)
 {
     for (char& c : text)
+    {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
     return text;
 }
 
@@ -46,12 +50,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     if (size == 0)
+    {
         return 0;
+    }
     const bool doubleByte = data[0] % 2 == 1;
     if (doubleByte)
+    {
         SetLeadByteTest([](unsigned char byte) { return byte % 2 == 0; });
+    }
     else
+    {
         SetLeadByteTest(nullptr);
+    }
 
     const auto texts = SplitLines({reinterpret_cast<const char*>(data) + 1, size - 1});
     std::array<std::array<int, 3>, 3> order{};
@@ -69,8 +79,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {
             Require(order[i][j] == -order[j][i]);
             for (std::size_t k = 0; k < 3 && !doubleByte; ++k)
+            {
                 Require(order[i][j] > 0 || order[j][k] > 0 ||
                         order[i][k] == std::min(order[i][j], order[j][k]));
+            }
         }
     }
     return 0;

@@ -14,7 +14,9 @@ namespace
 void Require(bool holds)
 {
     if (!holds)
+    {
         std::abort();
+    }
 }
 
 std::size_t CountDigits(std::string_view text)
@@ -35,15 +37,21 @@ std::size_t NumberLength(std::string_view text)
         length += 1 + behind;
     }
     if (before + behind == 0)
+    {
         return 0;
+    }
     std::string_view exponent = text.substr(length);
     if (exponent.starts_with('e') || exponent.starts_with('E'))
     {
         exponent.remove_prefix(1);
         if (exponent.starts_with('+') || exponent.starts_with('-'))
+        {
             exponent.remove_prefix(1);
+        }
         if (const std::size_t digits = CountDigits(exponent); digits > 0)
+        {
             length = static_cast<std::size_t>(exponent.data() - text.data()) + digits;
+        }
     }
     return length;
 }
