@@ -50,10 +50,6 @@ struct CloseDC
 {
     void operator()(HDC context) const noexcept { DeleteDC(context); }
 };
-struct CloseCursor
-{
-    void operator()(HCURSOR cursor) const noexcept { DestroyCursor(cursor); }
-};
 struct CloseTheme
 {
     void operator()(HTHEME theme) const noexcept { CloseThemeData(theme); }
@@ -81,7 +77,6 @@ using CFont = CHandle<HFONT, CloseGdiObject>;
 using CBitmap = CHandle<HBITMAP, CloseGdiObject>;
 using CRegion = CHandle<HRGN, CloseGdiObject>;
 using CMemoryDC = CHandle<HDC, CloseDC>; // of CreateCompatibleDC
-using CCursor = CHandle<HCURSOR, CloseCursor>;
 using CTheme = CHandle<HTHEME, CloseTheme>;
 using CKey = CHandle<HKEY, CloseKey>;
 using CActivationContextHandle = CHandle<HANDLE, CloseActivationContext>;

@@ -200,15 +200,12 @@ ITextMeasure* CChartControl::GetTextMeasure()
 
 void CChartControl::CaptureMouse()
 {
-    SetCapture(GetHandle());
+    capture.emplace(GetHandle());
 }
 
 void CChartControl::ReleaseMouse()
 {
-    if (GetHandle() != nullptr && GetCapture() == GetHandle())
-    {
-        ReleaseCapture();
-    }
+    capture.reset();
 }
 
 void CChartControl::InvalidateChart(bool erase)

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "framework/CWnd.h"
+#include "framework/WindowScopes.h"
 
 #include "MaterialLibrary/chart/CChart.h"
 #include "MaterialLibrary/chart/CChartMouse.h"
 #include "MaterialLibrary/chart/win32/CGdiCanvas.h"
+
+#include <optional>
 
 // Sent to the parent window when the visible ranges have changed: each time a pan moves on, once for a zoom
 // and for a reset. Both parameters are 0.
@@ -80,6 +83,7 @@ private:
     HCURSOR zoomCursor = nullptr;
     HCURSOR panCursor = nullptr;
     HCURSOR pickCursor = nullptr;
+    std::optional<CCaptureScope> capture; // while the mouse drags
     CChart chart;
     CChartMouse mouse;
 };
