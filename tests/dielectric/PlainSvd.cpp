@@ -27,151 +27,92 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
     std::vector<double> off(static_cast<std::size_t>(n));
     const auto E = [&](int i) -> double& { return off[static_cast<std::size_t>(i)]; };
 
+    // Over the whole numbers from `first` up to and without `end`.
+    const auto each = [](int first, int end, auto action)
+    {
+        for (int k = first; k < end; ++k)
+        {
+            action(k);
+        }
+    };
+    const auto sum = [&](int first, int end, auto term)
+    {
+        double total = 0.0;
+        each(first, end, [&](int k) { total += term(k); });
+        return total;
+    };
+
     double norm = 0.0, g = 0.0, scale = 0.0;
     for (int i = 0; i < n; ++i)
     {
         E(i) = scale * g;
-        g = scale = 0.0;
-        for (int k = i; k < m; ++k)
-        {
-            scale += std::fabs(A(k, i));
-        }
+        g = 0.0;
+        scale = sum(i, m, [&](int k) { return std::fabs(A(k, i)); });
         if (scale != 0.0)
         {
-            double s = 0.0;
-            for (int k = i; k < m; ++k)
-            {
-                A(k, i) /= scale;
-                s += A(k, i) * A(k, i);
-            }
+            each(i, m, [&](int k) { A(k, i) /= scale; });
+            const double square = sum(i, m, [&](int k) { return A(k, i) * A(k, i); });
             const double f = A(i, i);
-            g = f >= 0.0 ? -std::sqrt(s) : std::sqrt(s);
-            const double h = f * g - s;
+            g = f >= 0.0 ? -std::sqrt(square) : std::sqrt(square);
+            const double h = f * g - square;
             A(i, i) = f - g;
             for (int j = i + 1; j < n; ++j)
             {
-                s = 0.0;
-                for (int k = i; k < m; ++k)
-                {
-                    s += A(k, i) * A(k, j);
-                }
-                for (int k = i; k < m; ++k)
-                {
-                    A(k, j) += s / h * A(k, i);
-                }
+                const double s = sum(i, m, [&](int k) { return A(k, i) * A(k, j); });
+                each(i, m, [&](int k) { A(k, j) += s / h * A(k, i); });
             }
-            for (int k = i; k < m; ++k)
-            {
-                A(k, i) *= scale;
-            }
+            each(i, m, [&](int k) { A(k, i) *= scale; });
         }
         W(i) = scale * g;
-        g = scale = 0.0;
-        for (int k = i + 1; k < n; ++k)
-        {
-            scale += std::fabs(A(i, k));
-        }
+        g = 0.0;
+        scale = sum(i + 1, n, [&](int k) { return std::fabs(A(i, k)); });
         if (scale != 0.0)
         {
-            double s = 0.0;
-            for (int k = i + 1; k < n; ++k)
-            {
-                A(i, k) /= scale;
-                s += A(i, k) * A(i, k);
-            }
+            each(i + 1, n, [&](int k) { A(i, k) /= scale; });
+            const double square = sum(i + 1, n, [&](int k) { return A(i, k) * A(i, k); });
             const double f = A(i, i + 1);
-            g = f >= 0.0 ? -std::sqrt(s) : std::sqrt(s);
-            const double h = f * g - s;
+            g = f >= 0.0 ? -std::sqrt(square) : std::sqrt(square);
+            const double h = f * g - square;
             A(i, i + 1) = f - g;
-            for (int k = i + 1; k < n; ++k)
-            {
-                E(k) = A(i, k) / h;
-            }
+            each(i + 1, n, [&](int k) { E(k) = A(i, k) / h; });
             for (int j = i + 1; j < m; ++j)
             {
-                s = 0.0;
-                for (int k = i + 1; k < n; ++k)
-                {
-                    s += A(j, k) * A(i, k);
-                }
-                for (int k = i + 1; k < n; ++k)
-                {
-                    A(j, k) += s * E(k);
-                }
+                const double s = sum(i + 1, n, [&](int k) { return A(j, k) * A(i, k); });
+                each(i + 1, n, [&](int k) { A(j, k) += s * E(k); });
             }
-            for (int k = i + 1; k < n; ++k)
-            {
-                A(i, k) *= scale;
-            }
+            each(i + 1, n, [&](int k) { A(i, k) *= scale; });
         }
         norm = std::max(norm, std::fabs(W(i)) + std::fabs(E(i)));
     }
 
     for (int i = n - 1; i >= 0; --i)
     {
-        if (i < n - 1)
+        if (i < n - 1 && g != 0.0)
         {
-            if (g != 0.0)
-            {
-                for (int j = i + 1; j < n; ++j)
-                {
-                    V(j, i) = (A(i, j) / A(i, i + 1)) / g;
-                }
-                for (int j = i + 1; j < n; ++j)
-                {
-                    double s = 0.0;
-                    for (int k = i + 1; k < n; ++k)
-                    {
-                        s += A(i, k) * V(k, j);
-                    }
-                    for (int k = i + 1; k < n; ++k)
-                    {
-                        V(k, j) += s * V(k, i);
-                    }
-                }
-            }
+            each(i + 1, n, [&](int j) { V(j, i) = (A(i, j) / A(i, i + 1)) / g; });
             for (int j = i + 1; j < n; ++j)
             {
-                V(i, j) = V(j, i) = 0.0;
+                const double s = sum(i + 1, n, [&](int k) { return A(i, k) * V(k, j); });
+                each(i + 1, n, [&](int k) { V(k, j) += s * V(k, i); });
             }
         }
+        each(i + 1, n, [&](int j) { V(i, j) = V(j, i) = 0.0; });
         V(i, i) = 1.0;
         g = E(i);
     }
 
     for (int i = n - 1; i >= 0; --i)
     {
-        for (int j = i + 1; j < n; ++j)
-        {
-            A(i, j) = 0.0;
-        }
+        each(i + 1, n, [&](int j) { A(i, j) = 0.0; });
         if (W(i) != 0.0)
         {
             for (int j = i + 1; j < n; ++j)
             {
-                double s = 0.0;
-                for (int k = i + 1; k < m; ++k)
-                {
-                    s += A(k, i) * A(k, j);
-                }
-                const double f = s / A(i, i) / W(i);
-                for (int k = i; k < m; ++k)
-                {
-                    A(k, j) += f * A(k, i);
-                }
-            }
-            for (int j = i; j < m; ++j)
-            {
-                A(j, i) /= W(i);
+                const double f = sum(i + 1, m, [&](int k) { return A(k, i) * A(k, j); }) / A(i, i) / W(i);
+                each(i, m, [&](int k) { A(k, j) += f * A(k, i); });
             }
         }
-        else
-        {
-            for (int j = i; j < m; ++j)
-            {
-                A(j, i) = 0.0;
-            }
-        }
+        each(i, m, [&](int j) { A(j, i) = W(i) != 0.0 ? A(j, i) / W(i) : 0.0; });
         A(i, i) += 1.0;
     }
 
@@ -206,10 +147,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                     W(i) = Hypotenuse(f, g);
                     c = g / W(i);
                     s = -f / W(i);
-                    for (int j = 0; j < m; ++j)
-                    {
-                        rotate(A(j, l - 1), A(j, i), c, s);
-                    }
+                    each(0, m, [&](int j) { rotate(A(j, l - 1), A(j, i), c, s); });
                 }
             }
             const double last = W(k);
@@ -218,10 +156,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 if (last < 0.0)
                 {
                     W(k) = -last;
-                    for (int j = 0; j < n; ++j)
-                    {
-                        V(j, k) = -V(j, k);
-                    }
+                    each(0, n, [&](int j) { V(j, k) = -V(j, k); });
                 }
                 break;
             }
@@ -249,10 +184,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 g = g * c - x * s;
                 h = y * s;
                 y = y * c;
-                for (int i = 0; i < n; ++i)
-                {
-                    rotate(V(i, j), V(i, j + 1), c, s);
-                }
+                each(0, n, [&](int i) { rotate(V(i, j), V(i, j + 1), c, s); });
                 W(j) = Hypotenuse(f, h);
                 if (W(j) != 0.0)
                 {
@@ -261,10 +193,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 }
                 f = c * g + s * y;
                 x = c * y - s * g;
-                for (int i = 0; i < m; ++i)
-                {
-                    rotate(A(i, j), A(i, j + 1), c, s);
-                }
+                each(0, m, [&](int i) { rotate(A(i, j), A(i, j + 1), c, s); });
             }
             E(l) = 0.0;
             E(k) = f;

@@ -4,14 +4,12 @@
 #include "tests/dielectric/FittedModel.h"
 #include "tests/dielectric/Laminates.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <string>
 
 namespace
 {
@@ -53,26 +51,7 @@ void WriteValues(const std::vector<double>& values)
 std::vector<double> ReadValues()
 {
     std::ifstream file(referencePath, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    std::vector<double> values;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (at < end)
-    {
-        double value = 0.0;
-        const auto [next, error] = std::from_chars(at, end, value);
-        if (error != std::errc())
-        {
-            break;
-        }
-        values.push_back(value);
-        at = next;
-        while (at < end && (*at == ' ' || *at == '\n' || *at == '\r'))
-        {
-            ++at;
-        }
-    }
-    return values;
+    return {std::istream_iterator<double>(file), {}};
 }
 } // namespace
 

@@ -1,7 +1,7 @@
 // The picture of docs/numerics.md, written to numerics.svg in the build folder: the loss tangent of the fit
 // through 5 and through 20 points beside the truth, from where the points begin to beyond their end.
-#include "tests/dielectric/FittedModel.h"
-#include "tests/numerics/ClosedForm.h"
+#include "tests/chart/MakeChart.h"
+#include "tests/dielectric/ClosedForm.h"
 
 #include "MaterialLibrary/chart/CSvgCanvas.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
@@ -20,22 +20,19 @@ constexpr double drawnTo = 1e11;
 CChartCurve Draw(const char* name, Colour colour, const std::function<double(double)>& function)
 {
     constexpr int count = 400;
-    CChartCurve curve;
-    curve.name = name;
-    curve.colour = colour;
+    std::vector<DataPoint> points;
     for (int k = 0; k <= count; ++k)
     {
         const double f = drawnFrom * std::pow(drawnTo / drawnFrom, static_cast<double>(k) / count);
-        curve.points.push_back({f / 1e6, function(f)});
+        points.push_back({f / 1e6, function(f)});
     }
-    curve.UpdateBounds();
-    return curve;
+    return MakeCurve(std::move(points), colour, name);
 }
 
 CChartCurve DrawFit(const char* name, Colour colour, int points)
 {
     CWidebandDebyeModel model;
-    EXPECT_TRUE(PrepareAndFit(model, ClosedForm::Sample(points)));
+    EXPECT_TRUE(PrepareAndFit(model, ClosedForm().Sample(points)));
     return Draw(name, colour,
                 [&model](double f)
                 {
@@ -48,9 +45,9 @@ CChartCurve DrawFit(const char* name, Colour colour, int points)
 
 TEST(Numerics, Picture)
 {
-    CChartCurve curves[] = {Draw("Closed form", 0xFFFFFF, ClosedForm::LossTangent),
-                            DrawFit("Fit through 20 points", 0x00FF00, 20),
-                            DrawFit("Fit through 5 points", 0x00A5FF, 5)};
+    CChartCurve curves[] = {
+        Draw("Closed form", 0xFFFFFF, [](double f) { return ClosedForm().LossTangent(f); }),
+        DrawFit("Fit through 20 points", 0x00FF00, 20), DrawFit("Fit through 5 points", 0x00A5FF, 5)};
     CChartModel model;
     model.AddAxis(0, false);
     model.SetAxisTitle(0, "Frequency", "MHz");
