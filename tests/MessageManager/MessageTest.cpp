@@ -26,25 +26,6 @@ TEST(Message, ShowsTheIconOfItsSeverityInPlaceOfTheCallersIcon)
     }
 }
 
-TEST(Message, BelongsToItsOwnerOrElseToTheMainWindow)
-{
-    int ownerWindow = 0;
-    int mainWindow = 0;
-    CollectedMessages box;
-    box.mainWindow = &mainWindow;
-    msg::Message message;
-    message.owner = &ownerWindow;
-    msg::ShowMessage(message);
-    message.hasOwner = true;
-    msg::ShowMessage(message);
-    message.owner = nullptr;
-    msg::ShowMessage(message);
-    ASSERT_EQ(box.boxes.size(), 3U);
-    EXPECT_EQ(box.boxes[0].owner, &mainWindow);
-    EXPECT_EQ(box.boxes[1].owner, &ownerWindow);
-    EXPECT_EQ(box.boxes[2].owner, nullptr) << "an owner given as none stays none";
-}
-
 TEST(Message, IsCaptionedByCallerApplicationOrExecutable)
 {
     const struct
@@ -93,13 +74,4 @@ TEST(PlatformMessageBox, IsTheErrorStreamOutsideWindows)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "caption: text\n");
 }
 #endif
-
-TEST(Message, IsShownByThePlatformAgainWhenAReplacementEnds)
-{
-    {
-        const CollectedMessages box;
-        EXPECT_EQ(&msg::GetSystemMessageBox(), &box);
-    }
-    EXPECT_EQ(&msg::GetSystemMessageBox(), &msg::GetPlatformMessageBox());
-}
 } // namespace

@@ -1,9 +1,8 @@
 #include "shared/Misc_String/EngineeringNumber.h"
 
-#include "shared/MessageManager/ISystemMessageBox.h"
 #include "shared/Misc_String/CodePage.h"
+#include "tests/CPrintingBox.h"
 
-#include <cstdio>
 #include <gmock/gmock.h>
 #include <limits>
 #include <optional>
@@ -70,19 +69,11 @@ TEST(EngineeringNumber, PassesOverBlanksControlsAndHighBytes)
 
 TEST(EngineeringNumber, NoNumber)
 {
-    ExpectNumbers({{"", {}},
-                   {"abc", {}},
-                   {" \377", {}},
-                   {"-", {}},
-                   {"a-b5", {}},
-                   {"--5", {}},
-                   {".", {}},
-                   {"1e999", {}},
-                   {"-1e999G", {}},
-                   {"1e-999", {}},
-                   {"-inf", {}},
-                   {"nan", {}},
-                   {"1e99 9", {}}});
+    for (const char* const text :
+         {"", "abc", " \377", "-", "a-b5", "--5", ".", "1e999", "-1e999G", "1e-999", "-inf", "nan", "1e99 9"})
+    {
+        ExpectNumbers({{text, {}}});
+    }
 }
 
 TEST(EngineeringNumber, OnlyTheFirst328BytesCount)
@@ -112,31 +103,15 @@ TEST(EngineeringNumber, DoubleByteCharactersGoWhole)
     ExpectNumbers({{"1\203\115", 1e6}});
 }
 
-namespace
-{
-class CPrintingBox final : public msg::ISystemMessageBox
-{
-public:
-    int Show(msg::WindowHandle, const char* text, const char*, unsigned) override
-    {
-        std::fputs(text, stderr);
-        return msg::answerOk;
-    }
-
-    [[nodiscard]] msg::WindowHandle FindMainWindow() override { return nullptr; }
-    [[nodiscard]] std::string GetApplicationName() override { return {}; }
-    [[nodiscard]] std::string GetExecutablePath() override { return {}; }
-};
-} // namespace
-
 TEST(EngineeringNumberDeathTest, NullText)
 {
     double out = 1.0;
     EXPECT_EXIT(
         {
-            CPrintingBox box;
-            msg::ReplaceSystemMessageBox(&box);
+            const CPrintingBox box;
             (void)ParseEngineeringNumber(nullptr, &out);
         },
-        testing::ExitedWithCode(1), testing::HasSubstr("Line:109,   File:..\\shared\\Misc_String "));
+        testing::ExitedWithCode(1),
+        testing::AllOf(testing::HasSubstr("[FATAL ERROR] [Line:109,   File:..\\shared\\Misc_String "),
+                       testing::HasSubstr("] style 16 owner 0\n")));
 }

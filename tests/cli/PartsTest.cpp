@@ -10,7 +10,6 @@
 
 namespace
 {
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 TEST(QuantityParsing, AcceptsFrequencies)
@@ -30,54 +29,6 @@ TEST(QuantityParsing, AcceptsFrequencies)
         EXPECT_EQ(quantity.problem, "") << row.text;
         EXPECT_EQ(quantity.value, row.hertz) << row.text;
     }
-}
-
-TEST(QuantityParsing, RefusesFrequenciesAndSaysWhy)
-{
-    struct
-    {
-        const char* text;
-        const char* why;
-    } const rows[] = {
-        {"", "is no frequency"},      {"abc", "is no frequency"},      {"GHz", "is no frequency"},
-        {"inf", "is no frequency"},   {"nan", "is no frequency"},      {"1e999", "is no frequency"},
-        {"+1GHz", "is no frequency"}, {" 1GHz", "is no frequency"},    {"0", "out of range"},
-        {"-1GHz", "out of range"},    {"1e308GHz", "out of range"},    {"2.5ghz", "did you mean 2.5GHz?"},
-        {"5m", "did you mean 5MHz?"}, {"5 mHz", "did you mean 5MHz?"}, {"5g", "did you mean 5GHz?"},
-        {"5hz", "did you mean 5Hz?"}, {"5KHZ", "did you mean 5kHz?"},  {"5t", "did you mean 5THz?"},
-        {"2,5GHz", "has a comma"},    {"5u", "unknown unit"},          {"5GHzz", "unknown unit"},
-        {"5GHz ", "unknown unit"},    {"0x10", "unknown unit"},        {"1e", "unknown unit"},
-        {"1 2", "unknown unit"}};
-    for (const auto& row : rows)
-    {
-        EXPECT_THAT(ParseFrequency(row.text).problem, HasSubstr(row.why)) << row.text;
-    }
-}
-
-TEST(QuantityParsing, Temperatures)
-{
-    EXPECT_EQ(ParseTemperature("-40").value, -40.0);
-    EXPECT_EQ(ParseTemperature("25.5 C").value, 25.5);
-    EXPECT_EQ(ParseTemperature("-273.15").problem, "");
-    for (const char* refused : {"", "warm", "25F", "25c", "nan", "-274", "1e999"})
-    {
-        EXPECT_NE(ParseTemperature(refused).problem, "") << refused;
-    }
-}
-
-TEST(QuantityParsing, WholeNumbers)
-{
-    EXPECT_EQ(ParseWholeNumber("2", 2, 10).value, 2.0);
-    EXPECT_EQ(ParseWholeNumber("10", 2, 10).value, 10.0);
-    for (const char* refused : {"", "1", "11", "5.0", "5x", "-3", "99999999999"})
-    {
-        EXPECT_NE(ParseWholeNumber(refused, 2, 10).problem, "") << refused;
-    }
-}
-
-TEST(QuantityParsing, SplitsPaths)
-{
-    EXPECT_THAT(SplitPaths({"a.mat;b c.mat", ";;c.mat;", "", ";"}), ElementsAre("a.mat", "b c.mat", "c.mat"));
 }
 
 TEST(NearestNames, SuggestsWhatWasMeant)
@@ -132,19 +83,15 @@ TEST(LibraryMessages, KeepsOtherShapesWhole)
     EXPECT_FALSE(FindFileProblem("b.mat, line 1, column 1: x", "a.mat"));
 }
 
-TEST(Wording, NumbersAreShortAndTheSameEverywhere)
+TEST(Wording, FrequenciesAreShort)
 {
-    EXPECT_EQ(FormatNumber(4.3), "4.3");
-    EXPECT_EQ(FormatNumber(1.68e-8), "1.68e-08");
-    EXPECT_EQ(FormatNumber(1.0 / 3.0), "0.333333");
-    EXPECT_EQ(FormatNumber(std::numeric_limits<double>::infinity()), "inf");
     EXPECT_EQ(FormatHertz(1234567890.0), "1234567890");
     EXPECT_EQ(FormatFrequency(2.5e9), "2.5 GHz");
     EXPECT_EQ(FormatFrequency(999.0), "999 Hz");
-    EXPECT_EQ(FormatFrequency(6.0), "6 Hz");
     EXPECT_EQ(FormatFrequency(1e15), "1000 THz");
     EXPECT_EQ(FormatFrequency(0.001), "0.001 Hz");
 }
+
 TEST(Progress, ShowsItselfAfterHalfASecondAndWipesItselfInTheEnd)
 {
     using namespace std::chrono_literals;
