@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <iterator>
 
 // How many GDI objects the process has. GetGuiResources answers 0 under Wine; the system's table of GDI
@@ -68,4 +69,27 @@ inline std::size_t CountHeapBytes()
         }
     }
     return bytes;
+}
+
+// Goes through so many rounds and expects that the process then has no more handles and windows than it had
+// after the first ones, and hardly more memory.
+template <class Round>
+void ExpectRoundsLeaveNothingBehind(int firstRounds, int rounds, Round round, std::size_t heapSlack = 50'000,
+                                    std::size_t gdiSlack = 0)
+{
+    for (int i = 0; i < firstRounds; ++i) // the system keeps some objects of its own from then on
+    {
+        round(i);
+    }
+    const std::size_t gdi = CountGdiHandles();
+    const std::size_t windows = CountWindows();
+    const std::size_t heap = CountHeapBytes();
+    for (int i = 0; i < rounds; ++i)
+    {
+        round(i);
+    }
+    EXPECT_GT(gdi, 0U);
+    EXPECT_LE(CountGdiHandles(), gdi + gdiSlack);
+    EXPECT_EQ(CountWindows(), windows);
+    EXPECT_LT(CountHeapBytes(), heap + heapSlack);
 }

@@ -1,11 +1,10 @@
 #include "framework/CHandle.h"
-#include "framework/DrawingScopes.h"
 #include "tests/CModalScript.h"
+#include "tests/CPixels.h"
 #include "tests/CPrintingBox.h"
 #include "tests/CSandboxedProfile.h"
 #include "tests/CountHandles.h"
 #include "tests/CtrlAutoMover/CMoverDialog.h"
-#include "tests/ReadPixels.h"
 
 #include <gmock/gmock.h>
 #include <map>
@@ -111,14 +110,6 @@ TEST_F(Mover, EveryGroupFollowsItsEdges)
          }});
 }
 
-std::vector<COLORREF> ReadClient(HWND window)
-{
-    RECT client{};
-    GetClientRect(window, &client);
-    const CClientDC dc(window);
-    return ReadPixels(dc.Get(), client);
-}
-
 void PaintEverythingInvalid()
 {
     MSG message{};
@@ -145,10 +136,10 @@ TEST_F(Mover, AResizedDialogLooksAsIfItWerePaintedAfresh)
                  {
                      dialog.Resize(frame.right - frame.left + growth, frame.bottom - frame.top + growth);
                      PaintEverythingInvalid();
-                     const auto seen = ReadClient(dialog.GetHandle());
+                     const auto seen = ReadWindow(dialog.GetHandle());
                      RedrawWindow(dialog.GetHandle(), nullptr, nullptr,
                                   RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-                     EXPECT_TRUE(seen == ReadClient(dialog.GetHandle())) << growth << " clips " << clips;
+                     EXPECT_TRUE(seen == ReadWindow(dialog.GetHandle())) << growth << " clips " << clips;
                  }
              }});
     }
@@ -158,12 +149,6 @@ TEST_F(Mover, KeepsTheMinimumSize)
 {
     Run({[&]
          {
-             MINMAXINFO untouched{};
-             untouched.ptMinTrackSize = {1, 2};
-             SendMessageW(dialog.GetHandle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&untouched));
-             EXPECT_EQ(untouched.ptMinTrackSize.x, 1);
-             EXPECT_EQ(untouched.ptMinTrackSize.y, 2);
-
              const RECT frame = dialog.GetFrame();
              dialog.mover->minWidth = frame.right - frame.left;
              dialog.mover->minHeight = frame.bottom - frame.top - 10;
@@ -186,14 +171,7 @@ TEST_F(Mover, LeavesNothingBehind)
         }
         dialog.EndModal(1);
     };
-    EXPECT_EQ(dialog.DoModal(), 1);
-    const std::size_t gdi = CountGdiHandles();
-    const std::size_t windows = CountWindows();
-    const std::size_t memory = CountHeapBytes();
-    EXPECT_EQ(dialog.DoModal(), 1);
-    EXPECT_EQ(CountGdiHandles(), gdi);
-    EXPECT_EQ(CountWindows(), windows);
-    EXPECT_LT(CountHeapBytes(), memory + 50000);
+    ExpectRoundsLeaveNothingBehind(1, 1, [&](int) { dialog.DoModal(); });
 }
 
 TEST_F(Mover, MayOutliveItsWindowAndGoBeforeIt)

@@ -3,7 +3,6 @@
 #include "tests/chart/CFakeHost.h"
 #include "tests/chart/MakeChart.h"
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/CChartMouse.h"
 
 #include <gtest/gtest.h>
@@ -27,11 +26,7 @@ protected:
     [[nodiscard]] CAxis& Horizontal() { return *chart.GetModel().FindAxis(0); }
     [[nodiscard]] CAxis& Vertical() { return *chart.GetModel().FindAxis(1); }
 
-    [[nodiscard]] PixelPoint GetPixel(DataPoint value)
-    {
-        return {CAxisMapping(chart.GetModel(), Direction::Horizontal, Horizontal()).GetPixel(value.x),
-                CAxisMapping(chart.GetModel(), Direction::Vertical, Vertical()).GetPixel(value.y)};
-    }
+    [[nodiscard]] PixelPoint GetPixel(DataPoint value) { return GetPixelOf(chart.GetModel(), value); }
 
     void Drag(PixelPoint from, PixelPoint to)
     {

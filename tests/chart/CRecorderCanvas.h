@@ -7,7 +7,7 @@
 #include <vector>
 
 // Keeps what is drawn, in order. Characters are 6 pixels wide and 12 high.
-class CRecorderCanvas final : public ICanvas
+class CRecorderCanvas : public ICanvas
 {
 public:
     enum class Kind

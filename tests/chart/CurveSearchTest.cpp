@@ -3,7 +3,6 @@
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/ChartLayout.h"
 
 #include <gtest/gtest.h>
@@ -31,13 +30,7 @@ protected:
         LayOutChart(model, {0, 0, 600, 400}, canvas);
     }
 
-    [[nodiscard]] PixelPoint GetPixel(DataPoint value) const
-    {
-        return {CAxisMapping(model, Direction::Horizontal, model.GetAxis(Direction::Horizontal, 0))
-                    .GetPixel(value.x),
-                CAxisMapping(model, Direction::Vertical, model.GetAxis(Direction::Vertical, 0))
-                    .GetPixel(value.y)};
-    }
+    [[nodiscard]] PixelPoint GetPixel(DataPoint value) const { return GetPixelOf(model, value); }
 };
 
 TEST_F(CurveSearch, HitsTheLastCurveThatPassesNearby)

@@ -11,28 +11,20 @@
 
 namespace
 {
-std::vector<PixelLine> MakeSegments(std::mt19937& random, int kind)
+// A walk that often stays in its column or on its pixel, with gaps; a dense one goes on slowly, far up and
+// down.
+std::vector<PixelLine> MakeSegments(std::mt19937& random, bool dense)
 {
     std::vector<PixelLine> segments;
     PixelPoint at = {20, 60};
+    const auto pick = [&random](int reach)
+    { return static_cast<int>(random() % (2u * static_cast<unsigned>(reach) + 1u)) - reach; };
     for (int i = 0; i < 200; ++i)
     {
-        const auto pick = [&random](int reach)
-        { return static_cast<int>(random() % (2u * static_cast<unsigned>(reach) + 1u)) - reach; };
-        PixelPoint to = at;
-        if (kind == 0) // a dense curve that moves on slowly, up and down
-        {
-            to = {at.x + (random() % 6 == 0 ? 1 : 0), 60 + pick(50)};
-        }
-        else if (kind == 1) // anywhere, often in the same column or on the same pixel
-        {
-            to = {at.x + (random() % 2 == 0 ? pick(9) : 0), at.y + (random() % 3 == 0 ? 0 : pick(15))};
-        }
-        else // with gaps
-        {
-            to = {at.x + pick(2), at.y + pick(4)};
-            at = random() % 9 == 0 ? PixelPoint{60 + pick(40), 60 + pick(40)} : at;
-        }
+        const PixelPoint to = dense ? PixelPoint{at.x + (random() % 6 == 0 ? 1 : 0), 60 + pick(50)}
+                                    : PixelPoint{at.x + (random() % 2 == 0 ? pick(9) : 0),
+                                                 at.y + (random() % 3 == 0 ? 0 : pick(15))};
+        at = !dense && random() % 9 == 0 ? PixelPoint{60 + pick(40), 60 + pick(40)} : at;
         segments.push_back({at, to});
         at = to;
     }
@@ -44,7 +36,7 @@ TEST(CCurveTracer, LightsThePixelsOfAllSegments)
     std::mt19937 random(1);
     for (int round = 0; round < 900; ++round)
     {
-        const std::vector<PixelLine> segments = MakeSegments(random, round % 3);
+        const std::vector<PixelLine> segments = MakeSegments(random, round % 3 == 0);
         const Pen pen = {1, round % 5 == 0 ? 2 : 0, PenStyle::solid};
         CRasterCanvas plain(128, 128);
         CRasterCanvas traced(128, 128);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MaterialLibrary/chart/CAxisMapping.h"
 #include "MaterialLibrary/chart/CChartModel.h"
 
 #include <cmath>
@@ -18,6 +19,14 @@ inline CChartCurve MakeCurve(std::vector<DataPoint> points, Colour colour = 0x00
     curve.name = std::move(name);
     curve.UpdateBounds();
     return curve;
+}
+
+// Where a value of the first axes of both directions is drawn.
+inline PixelPoint GetPixelOf(const CChartModel& model, DataPoint value)
+{
+    return {
+        CAxisMapping(model, Direction::Horizontal, model.GetAxis(Direction::Horizontal, 0)).GetPixel(value.x),
+        CAxisMapping(model, Direction::Vertical, model.GetAxis(Direction::Vertical, 0)).GetPixel(value.y)};
 }
 
 // A laminate from 1 MHz to 10 GHz: permittivity, loss tangent, and something with other numbers.

@@ -11,34 +11,13 @@
 namespace
 {
 // Records, with the measures of the pictures' typeface.
-class CMeasuredRecorder final : public ICanvas
+class CMeasuredRecorder final : public CRecorderCanvas
 {
 public:
-    CRecorderCanvas recorder;
-    CSvgCanvas measure{{1, 1}, 12};
-
     PixelSize GetTextExtent(std::string_view text) override { return measure.GetTextExtent(text); }
-    void FillRectangle(const PixelRect& rect, Colour colour) override
-    {
-        recorder.FillRectangle(rect, colour);
-    }
-    void DrawPolyline(const Pen& pen, std::span<const PixelPoint> points) override
-    {
-        recorder.DrawPolyline(pen, points);
-    }
-    void WriteText(PixelPoint at, std::string_view text, Colour colour,
-                   std::optional<Colour> background) override
-    {
-        recorder.WriteText(at, text, colour, background);
-        const PixelSize extent = GetTextExtent(text);
-        recorder.calls.back().rect = {at.x, at.y, at.x + extent.width, at.y + extent.height};
-    }
-    void Clip(const PixelRect& area) override { recorder.Clip(area); }
-    void Unclip() override { recorder.Unclip(); }
-    void DrawXorLines(std::span<const PixelLine> lines, Colour colour) override
-    {
-        recorder.DrawXorLines(lines, colour);
-    }
+
+private:
+    CSvgCanvas measure{{1, 1}, 12};
 };
 
 // What characters cover of a cell: not the blanks at its ends, nor the leading above digits, nor, where
@@ -75,9 +54,8 @@ TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
                         hovering ? PixelPoint{model.frame.plot.right - 20, model.frame.plot.top + 20}
                                  : PixelPoint{-1, -1};
                     PaintChart({model, {}, interaction, client}, canvas);
-                    const auto texts =
-                        canvas.recorder.Find([](const CRecorderCanvas::Call& call)
-                                             { return call.kind == CRecorderCanvas::Kind::Text; });
+                    const auto texts = canvas.Find([](const CRecorderCanvas::Call& call)
+                                                   { return call.kind == CRecorderCanvas::Kind::Text; });
                     ASSERT_GE(texts.size(), 5 + 2 * axes);
                     for (std::size_t i = 0; i < texts.size(); ++i)
                     {
@@ -95,25 +73,6 @@ TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
             }
         }
     }
-}
-
-TEST(Placement, AxesOnOneSideTakeTurns)
-{
-    LaminateCurves laminate;
-    CChartModel model;
-    laminate.AddTo(model, 3, false);
-    CSvgCanvas canvas({760, 240}, 12);
-    const PixelRect client = {0, 0, 760, 240};
-    LayOutChart(model, client, canvas);
-    const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Vertical, canvas);
-    ASSERT_EQ(labels.size(), 3u);
-    for (const auto& ofAxis : labels)
-    {
-        EXPECT_GE(ofAxis.size(), 3u);
-    }
-    EXPECT_LT(labels[0].front().topLeft.x, model.frame.plot.left);
-    EXPECT_GT(labels[1].front().topLeft.x, model.frame.plot.right);
-    EXPECT_LT(labels[2].front().topLeft.x, model.frame.plot.left);
 }
 
 TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)

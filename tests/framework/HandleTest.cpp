@@ -1,7 +1,6 @@
 #include "framework/CHandle.h"
 #include "framework/DrawingScopes.h"
 #include "framework/ModuleResources.h"
-#include "framework/TextConversion.h"
 #include "framework/WindowScopes.h"
 #include "tests/CountHandles.h"
 
@@ -40,25 +39,19 @@ TEST(Handle, IsClosedOnceWhateverHappensToIt)
     EXPECT_EQ(closed, 3);
 }
 
-void DrawOnce()
-{
-    const CClientDC screen(nullptr);
-    const CMemoryDC memory(CreateCompatibleDC(screen.Get()));
-    const CBitmap bitmap(CreateCompatibleBitmap(screen.Get(), 4, 4));
-    const CPen pen(CreatePen(PS_SOLID, 2, 0));
-    const CSelectScope selectedBitmap(memory.Get(), bitmap.Get());
-    const CSelectScope selectedPen(memory.Get(), pen.Get());
-}
-
 TEST(Handle, DrawingScopesLeaveNothingBehind)
 {
-    DrawOnce(); // the system keeps some objects of its own from now on
+    ExpectRoundsLeaveNothingBehind(1, 1000,
+                                   [](int)
+                                   {
+                                       const CClientDC screen(nullptr);
+                                       const CMemoryDC memory(CreateCompatibleDC(screen.Get()));
+                                       const CBitmap bitmap(CreateCompatibleBitmap(screen.Get(), 4, 4));
+                                       const CPen pen(CreatePen(PS_SOLID, 2, 0));
+                                       const CSelectScope selectedBitmap(memory.Get(), bitmap.Get());
+                                       const CSelectScope selectedPen(memory.Get(), pen.Get());
+                                   });
     const std::size_t before = CountGdiHandles();
-    for (int round = 0; round < 1000; ++round)
-    {
-        DrawOnce();
-    }
-    EXPECT_EQ(CountGdiHandles(), before);
     const CPen pen(CreatePen(PS_SOLID, 2, 0));
     EXPECT_EQ(CountGdiHandles(), before + 1) << "the count counts";
 }
@@ -70,15 +63,6 @@ TEST(ModuleResources, TextsComeFromAStringTable)
     EXPECT_EQ(text, "kept");
     EXPECT_TRUE(FindStringResource(GetHostInstance(), 1019, text));
     EXPECT_EQ(text, "Core");
-}
-
-TEST(TextConversion, ComesBackTheSame)
-{
-    for (const std::string& text : {std::string(), std::string("FR4 \xB0 \xFC\t&"), std::string(100000, 'x')})
-    {
-        EXPECT_EQ(ToMultibyte(ToWide(text)), text);
-    }
-    EXPECT_EQ(ToWide("\xB0"), L"\u00B0");
 }
 
 TEST(ThemedControls, ComeFromTheModulesManifest)

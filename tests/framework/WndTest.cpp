@@ -183,26 +183,16 @@ TEST_F(Wnd, ADestroyedWindowLeavesItsObjectsWithoutOne)
 
 TEST_F(Wnd, AThousandWindowsLeaveNothingBehind)
 {
-    const auto makeOne = []
-    {
-        const CWindowHandle made(CreatePlainWindow({.className = L"WndTest"}));
-        CNamedWnd object('a');
-        CNamedWnd another('b');
-        object.Attach(made.Get());
-        another.Attach(made.Get());
-        object.Detach();
-    };
-    makeOne();
-    const std::size_t gdi = CountGdiHandles();
-    const std::size_t windows = CountWindows();
-    const std::size_t memory = CountHeapBytes();
-    for (int round = 0; round < 1000; ++round)
-    {
-        makeOne();
-    }
-    EXPECT_EQ(CountGdiHandles(), gdi);
-    EXPECT_EQ(CountWindows(), windows);
-    EXPECT_LT(CountHeapBytes(), memory + 50000);
+    ExpectRoundsLeaveNothingBehind(1, 1000,
+                                   [](int)
+                                   {
+                                       const CWindowHandle made(CreatePlainWindow({.className = L"WndTest"}));
+                                       CNamedWnd object('a');
+                                       CNamedWnd another('b');
+                                       object.Attach(made.Get());
+                                       another.Attach(made.Get());
+                                       object.Detach();
+                                   });
 }
 
 TEST_F(Wnd, ExceptionsAreKeptUntilTheLoopReturns)

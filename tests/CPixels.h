@@ -47,13 +47,20 @@ private:
     std::optional<CSelectScope> scope;
 };
 
-// What the window shows now, also where another one covers it.
+// What an area of the window shows now, also where another one covers it.
+inline std::vector<std::uint32_t> ReadWindow(HWND window, const RECT& area)
+{
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    const CPixels pixels(width, height);
+    const CClientDC source(window);
+    BitBlt(pixels.GetContext(), 0, 0, width, height, source.Get(), area.left, area.top, SRCCOPY);
+    return pixels.Read();
+}
+
 inline std::vector<std::uint32_t> ReadWindow(HWND window)
 {
     RECT client{};
     GetClientRect(window, &client);
-    const CPixels pixels(client.right, client.bottom);
-    const CClientDC source(window);
-    BitBlt(pixels.GetContext(), 0, 0, client.right, client.bottom, source.Get(), 0, 0, SRCCOPY);
-    return pixels.Read();
+    return ReadWindow(window, client);
 }
