@@ -45,14 +45,6 @@ TEST(CMaterialFilter, NarrowsMetalsByTypeAndDielectricsByTheRest)
     }
 }
 
-TEST(ChooserFilterSettings, BeginWithEverything)
-{
-    EXPECT_EQ(GetChooserFilterSettings().typeText, "<All>");
-    EXPECT_EQ(GetChooserFilterSettings().thicknessMaximum, 0.01);
-    GetChooserFilterSettings().typeText = "FR4";
-    EXPECT_EQ(GetChooserFilterSettings().typeText, "FR4");
-}
-
 TEST(ThicknessUnits, RoundToTheTenthOfAThousandth)
 {
     EXPECT_EQ(FormatThickness(0.0002, MLUNITS_METRIC), "200");

@@ -28,7 +28,7 @@ protected:
     CChooserFixture()
     {
         GetChooserFilterSettings() = {};
-        FillLibrary(library);
+        FillLibrary();
         RegisterPlainWindowClass(L"ChooserTestHost");
         host.Reset(
             CreatePlainWindow({.className = L"ChooserTestHost", .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE}));
@@ -36,26 +36,25 @@ protected:
     }
 
     // Rows from the first: "No thickness", "Flex", "Prepreg", "Core" at 25 and at 85 °C. Types b, a, b, a.
-    static void FillLibrary(CFakeMaterialLib& library)
+    void FillLibrary()
     {
-        CMaterial& core = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Core", "a");
-        core.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_CORE);
-        core.SetAttribute(MLATTR_THICKNESS, 2e-4);
-        AddTable(core, MLTABLE_ER, 25.0, {4.2, 4.1, 4.0});
-        AddTable(core, MLTABLE_LOSS_TANGENT, 25.0, {0.02, 0.021});
-        AddTable(core, MLTABLE_ER, 85.0, {4.5});
-        CMaterial& prepreg = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Prepreg", "b");
-        prepreg.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_PREPREG);
-        prepreg.SetAttribute(MLATTR_THICKNESS, 1e-4);
-        AddTable(prepreg, MLTABLE_ER, 25.0, {3.9});
-        CMaterial& flex = AddMaterial(library, MLMATERIAL_DIELECTRIC, "Flex", "a");
-        flex.SetIntAttribute(MLATTR_TECHNOLOGY, MLTECHNOLOGY_FLEXCORE);
-        flex.SetAttribute(MLATTR_THICKNESS, 5e-5);
-        AddTable(flex, MLTABLE_ER, 25.0, {3.2, 3.1});
+        const auto add = [&](const char* name, const char* type, int technology, double thickness)
+        {
+            CMaterial& material = AddMaterial(library, MLMATERIAL_DIELECTRIC, name, type);
+            material.SetIntAttribute(MLATTR_TECHNOLOGY, technology);
+            material.SetAttribute(MLATTR_THICKNESS, thickness);
+            return &material;
+        };
+        CMaterial* const core = add("Core", "a", MLTECHNOLOGY_CORE, 2e-4);
+        AddTable(*core, MLTABLE_ER, 25.0, {4.2, 4.1, 4.0});
+        AddTable(*core, MLTABLE_LOSS_TANGENT, 25.0, {0.02, 0.021});
+        AddTable(*core, MLTABLE_ER, 85.0, {4.5});
+        AddTable(*add("Prepreg", "b", MLTECHNOLOGY_PREPREG, 1e-4), MLTABLE_ER, 25.0, {3.9});
+        AddTable(*add("Flex", "a", MLTECHNOLOGY_FLEXCORE, 5e-5), MLTABLE_ER, 25.0, {3.2, 3.1});
         AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "No thickness", "b"), MLTABLE_ER, 25.0,
                  {2.5, 2.4});
-        CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "Foil", "copper");
-        AddTable(foil, MLTABLE_ROUGHNESS_TOP, 25.0, {1.1, 1.3});
+        AddTable(AddMaterial(library, MLMATERIAL_METAL, "Foil", "copper"), MLTABLE_ROUGHNESS_TOP, 25.0,
+                 {1.1, 1.3});
         AddTable(AddMaterial(library, MLMATERIAL_METAL, "Wire", "silver"), MLTABLE_ROUGHNESS_TOP, 25.0,
                  {1.0});
     }
@@ -159,6 +158,26 @@ protected:
     static void Resize(int width, int height)
     {
         SetWindowPos(Dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    }
+
+    // The visible parts stand one below the other within the window.
+    static void ExpectNoOverlap()
+    {
+        const bool charted = IsWindowVisible(Item(ML_CHART)) != FALSE;
+        RECT client{};
+        GetClientRect(Dialog(), &client);
+        EXPECT_GT(Place(ML_GRID).bottom, Place(ML_GRID).top);
+        if (charted)
+        {
+            EXPECT_LE(Place(ML_GRID).bottom, Place(ML_CHART).top);
+            EXPECT_LE(Place(ML_CHART).top, Place(ML_CHART).bottom);
+        }
+        const RECT above = charted ? Place(ML_CHART) : Place(ML_GRID);
+        EXPECT_LE(above.bottom, Place(IDOK).top);
+        EXPECT_LE(Place(IDOK).bottom, client.bottom);
+        EXPECT_LE(Place(ML_BUTTON_HELP).right, client.right);
+        EXPECT_EQ(Place(IDOK).top, Place(ML_BUTTON_ASSIGN).top);
+        EXPECT_LE(Place(ML_EDIT_ASSIGNED).right, Place(IDOK).left);
     }
 
     CSandboxedProfile profile;

@@ -27,58 +27,32 @@ protected:
     {
         const auto pick = [&random](int count)
         { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-        switch (pick(12))
+        const auto choose = [&](int combo, int entries)
         {
-        case 0:
-            SendMessageW(Item(ML_COMBO_TYPE), CB_SETCURSEL, static_cast<WPARAM>(pick(4)), 0);
-            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_TYPE, CBN_SELCHANGE), 0);
-            break;
-        case 1:
-            SendMessageW(Item(ML_COMBO_TECHNOLOGY), CB_SETCURSEL, static_cast<WPARAM>(pick(5)), 0);
-            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_TECHNOLOGY, CBN_SELCHANGE), 0);
-            break;
-        case 2:
-            SendMessageW(Item(ML_COMBO_UNITS), CB_SETCURSEL, static_cast<WPARAM>(pick(3)), 0);
-            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(ML_COMBO_UNITS, CBN_SELCHANGE), 0);
-            break;
-        case 3:
-            Type(pick(2) == 0 ? ML_EDIT_THICKNESS_MINIMUM : ML_EDIT_THICKNESS_MAXIMUM,
-                 std::vector<const char*>{"0", "1e4", "x", "", "3.9",
-                                          "-1"}[static_cast<std::size_t>(pick(6))]);
-            break;
-        case 4:
-            Press(ML_CHECK_SHOW_GRAPHICALLY);
-            break;
-        case 5:
-            Press(pick(2) == 0 ? ML_BUTTON_ASSIGN : ML_BUTTON_UNASSIGN);
-            break;
-        case 6:
-            Resize(pick(1500), pick(1200));
-            break;
-        case 7:
-        case 8:
-            Click(ML_CHART, pick(800), pick(300));
-            break;
-        case 9:
-        {
-            const int rows = Grid().GetModel().GetRowCount();
-            if (rows > 0)
-            {
-                const int row = 1 + pick(rows);
-                Grid().GetModel().SelectRows(row, row, pick(2) == 0);
-            }
-            break;
-        }
-        case 10:
-            SendMessageW(Grid().GetList(), WM_KEYDOWN,
-                         std::vector<WPARAM>{VK_DOWN, VK_UP, VK_HOME, VK_END, 'L', VK_SPACE}[random() % 6],
-                         0);
-            break;
-        default:
-            SendMessageW(Dialog(), WM_COMMAND, static_cast<WPARAM>(pick(1100)) == IDOK ? ML_BUTTON_HELP : 9,
-                         0);
-            break;
-        }
+            SendMessageW(Item(combo), CB_SETCURSEL, static_cast<WPARAM>(pick(entries)), 0);
+            SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE), 0);
+        };
+        constexpr const char* numbers[] = {"0", "1e4", "x", "", "3.9", "-1"};
+        constexpr WPARAM keys[] = {VK_DOWN, VK_UP, VK_HOME, VK_END, 'L', VK_SPACE};
+        const int rows = Grid().GetModel().GetRowCount();
+        const int row = 1 + pick(std::max(rows, 1));
+        const std::function<void()> acts[] = {
+            [&] { choose(ML_COMBO_TYPE, 4); },
+            [&] { choose(ML_COMBO_TECHNOLOGY, 5); },
+            [&] { choose(ML_COMBO_UNITS, 3); },
+            [&]
+            { Type(pick(2) == 0 ? ML_EDIT_THICKNESS_MINIMUM : ML_EDIT_THICKNESS_MAXIMUM, numbers[pick(6)]); },
+            [&] { Press(ML_CHECK_SHOW_GRAPHICALLY); },
+            [&] { Press(pick(2) == 0 ? ML_BUTTON_ASSIGN : ML_BUTTON_UNASSIGN); },
+            [&] { Resize(pick(1500), pick(1200)); },
+            [&] { ShowWindow(Dialog(), pick(2) == 0 ? SW_MAXIMIZE : SW_RESTORE); },
+            [&] { Click(ML_CHART, pick(800), pick(300)); },
+            [&] { Click(ML_CHART, pick(800), pick(300)); },
+            [&] { Grid().GetModel().SelectRows(std::min(row, rows), std::min(row, rows), pick(2) == 0); },
+            [&] { SendMessageW(Grid().GetList(), WM_KEYDOWN, keys[pick(6)], 0); },
+            [&] { SendMessageW(Dialog(), WM_COMMAND, pick(9) == 0 ? ML_BUTTON_HELP : 9, 0); },
+        };
+        acts[pick(static_cast<int>(std::size(acts)))]();
     }
 };
 
@@ -98,10 +72,7 @@ TEST_F(ChooserStress, TenThousandRandomActsKeepEverythingInOrder)
     };
     const auto look = [&]
     {
-        RECT client{};
-        GetClientRect(Dialog(), &client);
-        EXPECT_LE(Place(IDOK).bottom, client.bottom);
-        EXPECT_LE(Place(ML_GRID).bottom, Place(IDOK).top);
+        ExpectNoOverlap();
         IMaterial* const assigned = library.FindMaterial(Text(ML_EDIT_ASSIGNED).c_str());
         const std::vector<std::string> names = Names();
         const std::vector<std::string> markers = Column(COLUMNKEY_MARKER);
@@ -131,52 +102,16 @@ TEST_F(ChooserStress, TenThousandRandomActsKeepEverythingInOrder)
 
 TEST_F(ChooserStress, RoundsLeaveNeitherHandlesNorMemoryBehind)
 {
-    const auto rounds = [&](int count)
-    {
-        for (int i = 0; i < count; ++i)
-        {
-            Choose({[&] { Select(4, 4); }});
-        }
-    };
-    rounds(10);
-    const std::size_t gdi = CountGdiHandles();
-    const std::size_t windows = CountWindows();
-    const std::size_t heap = CountHeapBytes();
-    rounds(30);
-    EXPECT_LE(CountGdiHandles(), gdi + 2);
-    EXPECT_EQ(CountWindows(), windows);
-    EXPECT_LE(CountHeapBytes(), heap + 100'000);
+    ExpectRoundsLeaveNothingBehind(
+        10, 30, [&](int) { Choose({[&] { Select(4, 4); }}); }, 100'000, 2);
 }
 
 // As a host's message handler may do while the first dialog asks for a number.
 TEST_F(ChooserStress, ASecondDialogOpensFromAMessageOfTheFirst)
 {
-    class CNestingBox final : public msg::ISystemMessageBox
-    {
-    public:
-        explicit CNestingBox(CFakeMaterialLib& shown)
-            : library(shown), previous(msg::ReplaceSystemMessageBox(this))
-        {
-        }
-        ~CNestingBox() { msg::ReplaceSystemMessageBox(previous); }
-        CNestingBox(const CNestingBox&) = delete;
-        CNestingBox& operator=(const CNestingBox&) = delete;
-        int Show(msg::WindowHandle, const char*, const char*, unsigned) override
-        {
-            inner = RunChooser(library, library.FindMaterial("Flex"), MLMATERIAL_DIELECTRIC);
-            return msg::answerOk;
-        }
-        msg::WindowHandle FindMainWindow() override { return nullptr; }
-        std::string GetApplicationName() override { return "test"; }
-        std::string GetExecutablePath() override { return {}; }
-
-        IMaterial* inner = nullptr;
-
-    private:
-        CFakeMaterialLib& library;
-        msg::ISystemMessageBox* previous;
-    };
-    CNestingBox box(library);
+    IMaterial* inner = nullptr;
+    messages.onShow = [&]
+    { inner = RunChooser(library, library.FindMaterial("Flex"), MLMATERIAL_DIELECTRIC); };
     const auto first = [&]
     {
         SetFocus(Item(ML_EDIT_THICKNESS_MINIMUM));
@@ -191,7 +126,7 @@ TEST_F(ChooserStress, ASecondDialogOpensFromAMessageOfTheFirst)
     };
     IMaterial* const prepreg = library.FindMaterial("Prepreg");
     EXPECT_EQ(Choose({first, endInner, endOuter}, MLMATERIAL_DIELECTRIC, prepreg), prepreg);
-    EXPECT_EQ(box.inner, library.FindMaterial("Flex"));
+    EXPECT_EQ(inner, library.FindMaterial("Flex"));
 }
 
 TEST_F(ChooserStress, ShowsNamesOfAnyLengthAndWithAnyCharacter)

@@ -71,33 +71,20 @@ public:
     // "^" for ascending, "v" for descending, "-" without an arrow: one letter for each column of the list.
     [[nodiscard]] static std::string GetArrows(HWND list)
     {
-        const HWND header = ListView_GetHeader(list);
         std::string arrows;
-        for (int i = 0; i < Header_GetItemCount(header); ++i)
-        {
-            HDITEMW item{};
-            item.mask = HDI_FORMAT;
-            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-            arrows += (item.fmt & HDF_SORTUP) != 0 ? '^' : (item.fmt & HDF_SORTDOWN) != 0 ? 'v' : '-';
-        }
+        ForEachHeader(
+            list,
+            [&](const HDITEMW& item) {
+                arrows += (item.fmt & HDF_SORTUP) != 0 ? '^' : (item.fmt & HDF_SORTDOWN) != 0 ? 'v' : '-';
+            });
         return arrows;
     }
 
     [[nodiscard]] static std::string GetHeaderTexts(HWND list)
     {
-        const HWND header = ListView_GetHeader(list);
         std::string texts;
-        for (int i = 0; i < Header_GetItemCount(header); ++i)
-        {
-            wchar_t text[100] = L"";
-            HDITEMW item{};
-            item.mask = HDI_TEXT;
-            item.pszText = text;
-            item.cchTextMax = static_cast<int>(std::size(text));
-            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-            texts += (i > 0 ? "|" : "") + ToMultibyte(text);
-        }
-        return texts;
+        ForEachHeader(list, [&](const HDITEMW& item) { texts += "|" + ToMultibyte(item.pszText); });
+        return texts.substr(1);
     }
 
     [[nodiscard]] static std::wstring GetClipboardText()
@@ -117,6 +104,22 @@ public:
     }
 
 private:
+    template <class Visit>
+    static void ForEachHeader(HWND list, Visit visit)
+    {
+        const HWND header = ListView_GetHeader(list);
+        for (int i = 0; i < Header_GetItemCount(header); ++i)
+        {
+            wchar_t text[100] = L"";
+            HDITEMW item{};
+            item.mask = HDI_FORMAT | HDI_TEXT;
+            item.pszText = text;
+            item.cchTextMax = static_cast<int>(std::size(text));
+            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+            visit(item);
+        }
+    }
+
     static void Click(HWND window, int x, int y, WPARAM keys)
     {
         PostMessageW(window, WM_LBUTTONUP, keys, MAKELPARAM(x, y)); // ends the loop that waits for a drag
