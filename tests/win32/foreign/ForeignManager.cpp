@@ -10,22 +10,27 @@ namespace
 {
 PrintFunction printLine;
 
-// One line of words. A null text is "null".
+// One line of words. A null text is "null", a window its number.
 class CLine
 {
 public:
     explicit CLine(const char* begin) { Add(begin); }
 
-    CLine& Text(const char* name, const char* text)
+    template <class... Arguments>
+    void Print(Arguments... arguments)
     {
-        Add(" ");
-        Add(name);
-        Add("=");
-        Add(text != nullptr ? text : "null");
-        return *this;
+        (Word(arguments), ...);
+        printLine(line);
     }
 
-    CLine& Number(const char* name, unsigned number)
+private:
+    void Word(const char* text)
+    {
+        Add(" ");
+        Add(text != nullptr ? text : "null");
+    }
+
+    void Word(unsigned number)
     {
         char digits[11] = {};
         int first = 10;
@@ -34,23 +39,14 @@ public:
             digits[--first] = static_cast<char>('0' + number % 10);
             number /= 10;
         } while (number != 0);
-        return Text(name, digits + first);
+        Word(digits + first);
     }
 
-    CLine& Owner(msg::WindowHandle owner)
+    void Word(msg::WindowHandle owner)
     {
-        return Number("owner", static_cast<unsigned>(reinterpret_cast<unsigned long long>(owner)));
+        Word(static_cast<unsigned>(reinterpret_cast<unsigned long long>(owner)));
     }
 
-    void Print() { printLine(line); }
-
-    int Answer(int slot)
-    {
-        Print();
-        return 100 + slot;
-    }
-
-private:
     void Add(const char* text)
     {
         while (*text != '\0' && length + 1 < sizeof line)
@@ -64,153 +60,123 @@ private:
     unsigned length = 0;
 };
 
+template <class... Arguments>
+int Say(unsigned slot, Arguments... arguments)
+{
+    CLine("slot").Print(slot, arguments...);
+    return static_cast<int>(100 + slot);
+}
+
+using Text = const char*;
+using Window = msg::WindowHandle;
+
 class CForeignManager final : public msg::IManager
 {
 public:
     int Invoke(Callback callback, void* a, void* b, void* c, void* d) override
     {
-        CLine("slot 0").Print();
+        Say(0);
         return callback(a, b, c, d);
     }
 
-    int Show(msg::WindowHandle owner, const char* type, unsigned severity, const char* text,
-             const char* caption) override
+    int Show(Window owner, Text type, unsigned severity, Text text, Text caption) override
     {
-        return Message("slot 1", severity, text, caption).Owner(owner).Text("type", type).Answer(1);
+        return Say(1, owner, type, severity, text, caption);
     }
-    int ShowGeneric(msg::WindowHandle owner, unsigned severity, const char* text,
-                    const char* caption) override
+    int ShowGeneric(Window owner, unsigned severity, Text text, Text caption) override
     {
-        return Message("slot 2", severity, text, caption).Owner(owner).Answer(2);
+        return Say(2, owner, severity, text, caption);
     }
-    int ShowDefaultOwner(const char* type, unsigned severity, const char* text, const char* caption) override
+    int ShowDefaultOwner(Text type, unsigned severity, Text text, Text caption) override
     {
-        return Message("slot 3", severity, text, caption).Text("type", type).Answer(3);
+        return Say(3, type, severity, text, caption);
     }
-    int ShowGenericDefaultOwner(unsigned severity, const char* text, const char* caption) override
+    int ShowGenericDefaultOwner(unsigned severity, Text text, Text caption) override
     {
-        return Message("slot 4", severity, text, caption).Answer(4);
+        return Say(4, severity, text, caption);
     }
 
-    int ShowOnce(msg::WindowHandle owner, const char* id, const char* type, unsigned severity,
-                 const char* text, const char* caption, const char* checkText) override
+    int ShowOnce(Window owner, Text id, Text type, unsigned severity, Text text, Text caption,
+                 Text check) override
     {
-        return Once("slot 5", id, severity, text, caption, checkText)
-            .Owner(owner)
-            .Text("type", type)
-            .Answer(5);
+        return Say(5, owner, id, type, severity, text, caption, check);
     }
-    int ShowOnceGeneric(msg::WindowHandle owner, const char* id, unsigned severity, const char* text,
-                        const char* caption, const char* checkText) override
+    int ShowOnceGeneric(Window owner, Text id, unsigned severity, Text text, Text caption,
+                        Text check) override
     {
-        return Once("slot 6", id, severity, text, caption, checkText).Owner(owner).Answer(6);
+        return Say(6, owner, id, severity, text, caption, check);
     }
-    int ShowOnceDefaultOwner(const char* id, const char* type, unsigned severity, const char* text,
-                             const char* caption, const char* checkText) override
+    int ShowOnceDefaultOwner(Text id, Text type, unsigned severity, Text text, Text caption,
+                             Text check) override
     {
-        return Once("slot 7", id, severity, text, caption, checkText).Text("type", type).Answer(7);
+        return Say(7, id, type, severity, text, caption, check);
     }
-    int ShowOnceGenericDefaultOwner(const char* id, unsigned severity, const char* text, const char* caption,
-                                    const char* checkText) override
+    int ShowOnceGenericDefaultOwner(Text id, unsigned severity, Text text, Text caption, Text check) override
     {
-        return Once("slot 8", id, severity, text, caption, checkText).Answer(8);
+        return Say(8, id, severity, text, caption, check);
     }
 
-    int Ask(msg::WindowHandle owner, const char* type, unsigned severity, const char* text, unsigned buttons,
-            const char* caption) override
+    int Ask(Window owner, Text type, unsigned severity, Text text, unsigned buttons, Text caption) override
     {
-        return Message("slot 9", severity, text, caption)
-            .Owner(owner)
-            .Text("type", type)
-            .Number("buttons", buttons)
-            .Answer(9);
+        return Say(9, owner, type, severity, text, buttons, caption);
     }
-    int AskGeneric(msg::WindowHandle owner, unsigned severity, const char* text, unsigned buttons,
-                   const char* caption) override
+    int AskGeneric(Window owner, unsigned severity, Text text, unsigned buttons, Text caption) override
     {
-        return Message("slot 10", severity, text, caption).Owner(owner).Number("buttons", buttons).Answer(10);
+        return Say(10, owner, severity, text, buttons, caption);
     }
-    int AskDefaultOwner(const char* type, unsigned severity, const char* text, unsigned buttons,
-                        const char* caption) override
+    int AskDefaultOwner(Text type, unsigned severity, Text text, unsigned buttons, Text caption) override
     {
-        return Message("slot 11", severity, text, caption)
-            .Text("type", type)
-            .Number("buttons", buttons)
-            .Answer(11);
+        return Say(11, type, severity, text, buttons, caption);
     }
-    int AskGenericDefaultOwner(unsigned severity, const char* text, unsigned buttons,
-                               const char* caption) override
+    int AskGenericDefaultOwner(unsigned severity, Text text, unsigned buttons, Text caption) override
     {
-        return Message("slot 12", severity, text, caption).Number("buttons", buttons).Answer(12);
+        return Say(12, severity, text, buttons, caption);
     }
 
-    int AskRemembered(msg::WindowHandle owner, const char* id, const char* type, unsigned severity,
-                      const char* text, unsigned buttons, const char* caption, const char* checkText) override
+    int AskRemembered(Window owner, Text id, Text type, unsigned severity, Text text, unsigned buttons,
+                      Text caption, Text check) override
     {
-        return Once("slot 13", id, severity, text, caption, checkText)
-            .Owner(owner)
-            .Text("type", type)
-            .Number("buttons", buttons)
-            .Answer(13);
+        return Say(13, owner, id, type, severity, text, buttons, caption, check);
     }
-    int AskRememberedGeneric(msg::WindowHandle owner, const char* id, unsigned severity, const char* text,
-                             unsigned buttons, const char* caption, const char* checkText) override
+    int AskRememberedGeneric(Window owner, Text id, unsigned severity, Text text, unsigned buttons,
+                             Text caption, Text check) override
     {
-        return Once("slot 14", id, severity, text, caption, checkText)
-            .Owner(owner)
-            .Number("buttons", buttons)
-            .Answer(14);
+        return Say(14, owner, id, severity, text, buttons, caption, check);
     }
-    int AskRememberedDefaultOwner(const char* id, const char* type, unsigned severity, const char* text,
-                                  unsigned buttons, const char* caption, const char* checkText) override
+    int AskRememberedDefaultOwner(Text id, Text type, unsigned severity, Text text, unsigned buttons,
+                                  Text caption, Text check) override
     {
-        return Once("slot 15", id, severity, text, caption, checkText)
-            .Text("type", type)
-            .Number("buttons", buttons)
-            .Answer(15);
+        return Say(15, id, type, severity, text, buttons, caption, check);
     }
-    int AskRememberedGenericDefaultOwner(const char* id, unsigned severity, const char* text,
-                                         unsigned buttons, const char* caption,
-                                         const char* checkText) override
+    int AskRememberedGenericDefaultOwner(Text id, unsigned severity, Text text, unsigned buttons,
+                                         Text caption, Text check) override
     {
-        return Once("slot 16", id, severity, text, caption, checkText).Number("buttons", buttons).Answer(16);
+        return Say(16, id, severity, text, buttons, caption, check);
     }
 
-    void Reserved17() override { CLine("slot 17").Print(); }
-    bool Query18() override { return CLine("slot 18").Answer(18) != 0; }
-    void Reserved19() override { CLine("slot 19").Print(); }
-    void Reserved20() override { CLine("slot 20").Print(); }
-    void Reserved21() override { CLine("slot 21").Print(); }
-    void Reserved22() override { CLine("slot 22").Print(); }
-    void Reserved23() override { CLine("slot 23").Print(); }
-    int Query24() override { return CLine("slot 24").Answer(24); }
-    void Reserved25() override { CLine("slot 25").Print(); }
-
-private:
-    static CLine Message(const char* slot, unsigned severity, const char* text, const char* caption)
-    {
-        return CLine(slot).Number("severity", severity).Text("text", text).Text("caption", caption);
-    }
-
-    static CLine Once(const char* slot, const char* id, unsigned severity, const char* text,
-                      const char* caption, const char* checkText)
-    {
-        return Message(slot, severity, text, caption).Text("id", id).Text("check", checkText);
-    }
+    void Reserved17() override { Say(17); }
+    bool Query18() override { return Say(18) != 0; }
+    void Reserved19() override { Say(19); }
+    void Reserved20() override { Say(20); }
+    void Reserved21() override { Say(21); }
+    void Reserved22() override { Say(22); }
+    void Reserved23() override { Say(23); }
+    int Query24() override { return Say(24); }
+    void Reserved25() override { Say(25); }
 };
 
 class CForeignRegistrator final : public msg::IRegistrator
 {
 public:
-    void Remember(const char* id, int answer) override
+    void Remember(Text id, int answer) override
     {
-        CLine("Remember").Text("id", id).Number("answer", static_cast<unsigned>(answer)).Print();
+        CLine("Remember").Print(id, static_cast<unsigned>(answer));
     }
     void Reserved1() override { CLine("registrator slot 1").Print(); }
     void Reserved2() override { CLine("registrator slot 2").Print(); }
-    bool IsSuppressed(const char* id) override
+    bool IsSuppressed(Text id) override
     {
-        CLine("IsSuppressed").Text("id", id).Print();
+        CLine("IsSuppressed").Print(id);
         return id[0] == 's' && id[1] == 'u';
     }
 };

@@ -3,27 +3,29 @@
 #include "MaterialLibrary/MaterialLibrary.h"
 
 // Each of these calls one slot from code of the other C++ object format, as a host of another compiler does.
-extern "C"
+struct ForeignSlots
 {
-    int ForeignGetMaterialCount(IMatLib* library);
-    IMaterial* ForeignGetMaterial(IMatLib* library, int index);
-    IMaterial* ForeignFindMaterial(IMatLib* library, const char* name);
-    IMaterial* ForeignChooseMaterial(IMatLib* library, IMaterial* current, int kind);
+    int (*getMaterialCount)(IMatLib*);
+    IMaterial* (*getMaterial)(IMatLib*, int);
+    IMaterial* (*findMaterial)(IMatLib*, const char*);
+    IMaterial* (*chooseMaterial)(IMatLib*, IMaterial*, int);
 
-    const char* ForeignGetName(IMaterial* material);
-    int ForeignGetKind(IMaterial* material);
-    const char* ForeignGetTypeName(IMaterial* material);
-    const char* ForeignGetVendor(IMaterial* material);
-    const char* ForeignGetComment(IMaterial* material);
-    int ForeignCountTables(IMaterial* material, int kind);
-    IMaterialTable* ForeignGetTable(IMaterial* material, int kind, double temperature);
-    IMaterialTable* ForeignGetTableAt(IMaterial* material, int index);
-    void ForeignGetValue(IMaterial* material, int kind, double frequency, double* value, double temperature);
-    bool ForeignGetIntAttribute(IMaterial* material, MLATTRIBID id, int* value);
-    bool ForeignGetAttribute(IMaterial* material, MLATTRIBID id, double* value);
+    const char* (*getName)(IMaterial*);
+    int (*getKind)(IMaterial*);
+    const char* (*getTypeName)(IMaterial*);
+    const char* (*getVendor)(IMaterial*);
+    const char* (*getComment)(IMaterial*);
+    int (*countTables)(IMaterial*, int);
+    IMaterialTable* (*getTable)(IMaterial*, int, double);
+    IMaterialTable* (*getTableAt)(IMaterial*, int);
+    void (*getValue)(IMaterial*, int, double, double*, double);
+    bool (*getIntAttribute)(IMaterial*, MLATTRIBID, int*);
+    bool (*getAttribute)(IMaterial*, MLATTRIBID, double*);
 
-    int ForeignGetTableKind(IMaterialTable* table);
-    double ForeignGetTemperature(IMaterialTable* table);
-    int ForeignGetEntryCount(IMaterialTable* table);
-    const MLTBLENTRY* ForeignGetEntry(IMaterialTable* table, int index);
-}
+    int (*getTableKind)(IMaterialTable*);
+    double (*getTemperature)(IMaterialTable*);
+    int (*getEntryCount)(IMaterialTable*);
+    const MLTBLENTRY* (*getEntry)(IMaterialTable*, int);
+};
+
+extern "C" const ForeignSlots foreignSlots;

@@ -16,47 +16,47 @@ int Add(void* a, void* b, void* c, void* d)
     return *static_cast<int*>(a) + *static_cast<int*>(b) + *static_cast<int*>(c) + *static_cast<int*>(d);
 }
 
-void PrintAnswer(int answer)
+void PrintAnswers(std::initializer_list<int> answers)
 {
-    PrintLine("answer " + std::to_string(answer));
+    std::string line = "answers";
+    for (const int answer : answers)
+    {
+        line += " " + std::to_string(answer);
+    }
+    PrintLine(line);
 }
 
-void CallMessageSlots(msg::IManager& manager)
+int CallReservedSlots(msg::IManager& manager)
 {
-    PrintAnswer(manager.Show(noOwner, "t", 1, "text", "cap"));
-    PrintAnswer(manager.ShowGeneric(noOwner, 2, "text", "cap"));
-    PrintAnswer(manager.ShowDefaultOwner("t", 3, "text", "cap"));
-    PrintAnswer(manager.ShowGenericDefaultOwner(4, "text", nullptr));
-    PrintAnswer(manager.ShowOnce(noOwner, "id", "t", 5, "text", "cap", "check"));
-    PrintAnswer(manager.ShowOnceGeneric(noOwner, "suppressed", 6, "text", "cap", nullptr));
-    PrintAnswer(manager.ShowOnceDefaultOwner("id", "t", 7, "text", "cap", "check"));
-    PrintAnswer(manager.ShowOnceGenericDefaultOwner("suppressed", 8, "text", "cap", "check"));
-}
-
-void CallQuestionSlots(msg::IManager& manager)
-{
-    PrintAnswer(manager.Ask(noOwner, "t", 1, "text", 4, "cap"));
-    PrintAnswer(manager.AskGeneric(noOwner, 2, "text", 5, "cap"));
-    PrintAnswer(manager.AskDefaultOwner("t", 3, "text", 6, "cap"));
-    PrintAnswer(manager.AskGenericDefaultOwner(4, "text", 7, "cap"));
-    PrintAnswer(manager.AskRemembered(noOwner, "id", "t", 5, "text", 8, "cap", "check"));
-    PrintAnswer(manager.AskRememberedGeneric(noOwner, "id", 6, "text", 9, "cap", "check"));
-    PrintAnswer(manager.AskRememberedDefaultOwner("id", "t", 7, "text", 10, "cap", "check"));
-    PrintAnswer(manager.AskRememberedGenericDefaultOwner("id", 8, "text", 11, "cap", "check"));
-}
-
-void CallOtherSlots(msg::IManager& manager)
-{
-    int numbers[] = {1, 20, 300, 4000};
-    PrintAnswer(manager.Invoke(Add, &numbers[0], &numbers[1], &numbers[2], &numbers[3]));
     manager.Reserved17();
-    PrintLine(manager.Query18() ? "true" : "false");
+    const int answer = manager.Query18() ? 1 : 0;
     manager.Reserved19();
     manager.Reserved20();
     manager.Reserved21();
     manager.Reserved22();
     manager.Reserved23();
-    PrintAnswer(manager.Query24());
+    return answer;
+}
+
+void CallEverySlot(msg::IManager& manager)
+{
+    int numbers[] = {1, 20, 300, 4000};
+    PrintAnswers(
+        {manager.Show(noOwner, "t", 1, "text", "cap"), manager.ShowGeneric(noOwner, 2, "text", "cap"),
+         manager.ShowDefaultOwner("t", 3, "text", "cap"), manager.ShowGenericDefaultOwner(4, "text", nullptr),
+         manager.ShowOnce(noOwner, "id", "t", 5, "text", "cap", "check"),
+         manager.ShowOnceGeneric(noOwner, "suppressed", 6, "text", "cap", nullptr),
+         manager.ShowOnceDefaultOwner("id", "t", 7, "text", "cap", "check"),
+         manager.ShowOnceGenericDefaultOwner("suppressed", 8, "text", "cap", "check"),
+         manager.Ask(noOwner, "t", 1, "text", 4, "cap"), manager.AskGeneric(noOwner, 2, "text", 5, "cap"),
+         manager.AskDefaultOwner("t", 3, "text", 6, "cap"),
+         manager.AskGenericDefaultOwner(4, "text", 7, "cap"),
+         manager.AskRemembered(noOwner, "id", "t", 5, "text", 8, "cap", "check"),
+         manager.AskRememberedGeneric(noOwner, "id", 6, "text", 9, "cap", "check"),
+         manager.AskRememberedDefaultOwner("id", "t", 7, "text", 10, "cap", "check"),
+         manager.AskRememberedGenericDefaultOwner("id", 8, "text", 11, "cap", "check"),
+         manager.Invoke(Add, &numbers[0], &numbers[1], &numbers[2], &numbers[3]), CallReservedSlots(manager),
+         manager.Query24()});
     manager.Reserved25();
 }
 
@@ -64,8 +64,8 @@ void ShowOnceWithPlainBoxes()
 {
     const CMessageBoxRobot robot;
     msg::IManager& manager = *GetMessageManager();
-    PrintAnswer(manager.ShowOnceGenericDefaultOwner("suppressed", 2, "never seen", nullptr, nullptr));
-    PrintAnswer(manager.ShowOnceGenericDefaultOwner("id", 2, "seen", nullptr, nullptr));
+    PrintAnswers({manager.ShowOnceGenericDefaultOwner("suppressed", 2, "never seen", nullptr, nullptr),
+                  manager.ShowOnceGenericDefaultOwner("id", 2, "seen", nullptr, nullptr)});
     for (const auto& box : robot.GetBoxes())
     {
         PrintLine("box " + box.caption + (box.isWarning ? " (warning): " : ": ") + box.text);
@@ -79,14 +79,11 @@ int main(int count, char** arguments)
     {
         ShowOnceWithPlainBoxes();
         SetEnvironmentVariableA("ML_FAKE_HANDLER", "");
-        PrintAnswer(GetMessageManager()->ShowGenericDefaultOwner(2, "switched on again", nullptr));
+        GetMessageManager()->ShowGenericDefaultOwner(2, "switched on again", nullptr);
     }
     else
     {
-        msg::IManager& manager = *GetMessageManager();
-        CallMessageSlots(manager);
-        CallQuestionSlots(manager);
-        CallOtherSlots(manager);
+        CallEverySlot(*GetMessageManager());
     }
     PrintLine("end");
     return 0;
