@@ -18,7 +18,8 @@ std::byte* AlignUp(std::byte* address, std::size_t alignment)
 }
 } // namespace
 
-CArena::CArena(std::pmr::memory_resource* upstreamResource) noexcept : upstream(upstreamResource)
+CArena::CArena(std::pmr::memory_resource* upstreamResource) noexcept
+    : upstream(upstreamResource), heap(dynamic_cast<CHeapMemory*>(upstreamResource))
 {
     static_assert(sizeof(Chunk) <= headerBytes);
 }
@@ -114,15 +115,37 @@ bool CArena::do_is_equal(const std::pmr::memory_resource& other) const noexcept
     return this == &other;
 }
 
-bool CArena::TryExtend(const void* block, std::size_t oldBytes, std::size_t newBytes) noexcept
+void* CArena::TryExtend(void* block, std::size_t oldBytes, std::size_t newBytes) noexcept
 {
+    if (oldBytes >= largeBlockBytes)
+    {
+        return heap != nullptr ? LengthenLargeBlock(block, newBytes) : nullptr;
+    }
     const auto* const address = static_cast<const std::byte*>(block);
     // A block that grows beyond the limit moves into a chunk of its own, from where it can go back.
     if (newBytes >= largeBlockBytes || address + oldBytes != cursor ||
         static_cast<std::size_t>(end - cursor) < newBytes - oldBytes)
     {
-        return false;
+        return nullptr;
     }
     cursor += newBytes - oldBytes;
-    return true;
+    return block;
+}
+
+void* CArena::LengthenLargeBlock(void* block, std::size_t newBytes) noexcept
+{
+    auto* const chunk = reinterpret_cast<Chunk*>(static_cast<std::byte*>(block) - headerBytes);
+    auto* const longer = static_cast<Chunk*>(heap->Lengthen(chunk, newBytes + headerBytes));
+    if (longer == nullptr)
+    {
+        return nullptr;
+    }
+    reservedBytes += newBytes + headerBytes - longer->bytes;
+    longer->bytes = newBytes + headerBytes;
+    (longer->previous != nullptr ? longer->previous->next : largeBlocks) = longer;
+    if (longer->next != nullptr)
+    {
+        longer->next->previous = longer;
+    }
+    return reinterpret_cast<std::byte*>(longer) + headerBytes;
 }

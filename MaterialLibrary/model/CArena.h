@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MaterialLibrary/model/CHeapMemory.h"
+
 #include <cstddef>
 #include <memory_resource>
 
@@ -11,7 +13,7 @@
 class CArena final : public std::pmr::memory_resource
 {
 public:
-    explicit CArena(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource()) noexcept;
+    explicit CArena(std::pmr::memory_resource* upstream = &CHeapMemory::Get()) noexcept;
     ~CArena() override;
     CArena(const CArena&) = delete;
     CArena& operator=(const CArena&) = delete;
@@ -19,9 +21,10 @@ public:
     // Gives back everything. Every block of the arena is invalid afterwards.
     void Release() noexcept;
 
-    // Lengthens the block in place; false, with nothing changed, unless it is the one cut last and its
-    // chunk has room.
-    [[nodiscard]] bool TryExtend(const void* block, std::size_t oldBytes, std::size_t newBytes) noexcept;
+    // Lengthens the block without a copy standing beside it: a small block when it is the one cut last and
+    // its chunk has room, a large one (which may move) when it came from the heap. Where the block is then;
+    // null, with nothing changed, when neither is possible.
+    [[nodiscard]] void* TryExtend(void* block, std::size_t oldBytes, std::size_t newBytes) noexcept;
 
     // Bytes taken from the upstream resource at present.
     [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return reservedBytes; }
@@ -42,8 +45,10 @@ private:
     [[nodiscard]] Chunk* AddChunk(Chunk*& list, std::size_t bytes);
     void FreeChunk(Chunk*& list, Chunk* chunk) noexcept;
     void StartChunk(std::size_t leastBytes);
+    [[nodiscard]] void* LengthenLargeBlock(void* block, std::size_t newBytes) noexcept;
 
     std::pmr::memory_resource* upstream;
+    CHeapMemory* heap;            // the upstream resource when that is the heap, else null
     Chunk* chunks = nullptr;      // cut into small blocks
     Chunk* largeBlocks = nullptr; // one block each
     std::byte* cursor = nullptr;  // the free rest of the newest chunk

@@ -66,8 +66,8 @@ private:
         return static_cast<std::size_t>(elementCount) * sizeof(T);
     }
 
-    // In an arena an array that is being filled is usually the block cut last: it grows in place by little
-    // steps, without moving and without leaving room behind.
+    // In an arena an array that is being filled is usually the block cut last, or a large one: it grows by
+    // little steps, without a copy and without leaving room behind.
     void Grow(std::pmr::memory_resource& resource)
     {
         if (capacity > INT_MAX / 2)
@@ -77,8 +77,9 @@ private:
         if (auto* const arena = dynamic_cast<CArena*>(&resource); arena != nullptr && elements != nullptr)
         {
             const int extended = capacity + std::max(4, capacity / 4);
-            if (arena->TryExtend(elements, Bytes(capacity), Bytes(extended)))
+            if (void* const block = arena->TryExtend(elements, Bytes(capacity), Bytes(extended)))
             {
+                elements = static_cast<T*>(block);
                 capacity = extended;
                 return;
             }

@@ -4,6 +4,8 @@
 #include "MaterialLibrary/model/CCompactArray.h"
 #include "MaterialLibrary/model/CCompactText.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -45,12 +47,12 @@ TEST(CArena, BlocksAreAlignedDisjointAndAllComeBack)
 TEST(CArena, OnlyTheLastBlockExtendsAndOnlyWithinItsChunk)
 {
     CArena arena;
-    const void* const first = arena.allocate(100, 1);
-    EXPECT_TRUE(arena.TryExtend(first, 100, 120));
+    void* const first = arena.allocate(100, 1);
+    EXPECT_EQ(arena.TryExtend(first, 100, 120), first);
     void* const second = arena.allocate(50, 1);
-    EXPECT_FALSE(arena.TryExtend(first, 120, 121));
-    EXPECT_FALSE(arena.TryExtend(second, 50, 1'000'000));
-    EXPECT_FALSE(arena.TryExtend(second, 50, 60'000));
+    EXPECT_EQ(arena.TryExtend(first, 120, 121), nullptr);
+    EXPECT_EQ(arena.TryExtend(second, 50, 1'000'000), nullptr);
+    EXPECT_EQ(arena.TryExtend(second, 50, 60'000), nullptr);
     arena.deallocate(second, 50, 1); // the last block goes back and is cut again
     EXPECT_EQ(arena.allocate(20, 1), second);
 }
@@ -71,6 +73,35 @@ TEST(CArena, LargeBlocksGoBackAtOnceInAnyOrder)
         EXPECT_LT(upstream.bytes, before);
     }
     EXPECT_EQ(upstream.bytes, 0u);
+}
+
+// Blocks before and after one that moves are still found, freed and lengthened.
+TEST(CArena, LargeBlocksOfTheHeapLengthenWithTheirContent)
+{
+    CArena arena;
+    std::array<unsigned char*, 3> blocks = {};
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+    {
+        blocks[i] = static_cast<unsigned char*>(arena.allocate(100'000, 8));
+        std::memset(blocks[i], static_cast<int>(i + 1), 100'000);
+    }
+    for (std::size_t bytes = 100'000; bytes < 20'000'000; bytes *= 2)
+    {
+        for (unsigned char*& block : blocks)
+        {
+            block = static_cast<unsigned char*>(arena.TryExtend(block, bytes, 2 * bytes));
+            ASSERT_NE(block, nullptr);
+            std::memset(block + bytes, block[0], bytes);
+        }
+    }
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+    {
+        EXPECT_EQ(std::count(blocks[i], blocks[i] + 25'600'000, i + 1), 25'600'000);
+    }
+    arena.deallocate(blocks[1], 25'600'000, 8);
+    EXPECT_LT(arena.GetReservedBytes(), 52'000'000u);
+    arena.Release();
+    EXPECT_EQ(arena.GetReservedBytes(), 0u);
 }
 
 TEST(CArena, AbsurdRequestsAreMemoryExhaustion)
