@@ -4,6 +4,7 @@
 
 #include "MaterialLibrary/model/CFakeMaterialLib.h"
 #include "MaterialLibrary/model/CMaterial.h"
+#include "MaterialLibrary/reader/CTextPages.h"
 #include "MaterialLibrary/reader/CTokenScanner.h"
 #include "MaterialLibrary/reader/ReadError.h"
 
@@ -68,9 +69,18 @@ constexpr MLRECORDKEY metalKeys[] = {
 };
 } // namespace
 
-CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner)
-    : CLexReader(tokenScanner), technologies(&GetTechnologyMap())
+CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner, CTextPages* textPages)
+    : CLexReader(tokenScanner), technologies(&GetTechnologyMap()), pages(textPages)
 {
+}
+
+// Called where no token is in use.
+void CMaterialReader::ReleaseReadText()
+{
+    if (pages != nullptr)
+    {
+        pages->ReleaseBefore(scanner->GetPosition());
+    }
 }
 
 void CMaterialReader::NeedToken(std::string_view& token)
@@ -164,6 +174,7 @@ void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
         }
         NeedToken(token);
         ReadBlock(library, token);
+        ReleaseReadText();
     }
 }
 
@@ -203,6 +214,7 @@ void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECOR
         }
         NeedToken(token);
         ReadRecord(material, keys, token);
+        ReleaseReadText();
     }
 }
 
@@ -263,6 +275,7 @@ void CMaterialReader::ReadRows(IMaterialTableIO& table, std::string_view& token)
             throw CParseError(MLTEXT_FREQUENCY_WITHOUT_VALUE);
         }
         table.AddEntry(row);
+        ReleaseReadText();
     }
 }
 

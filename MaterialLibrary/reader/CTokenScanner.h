@@ -43,6 +43,9 @@ public:
     // text ends with a NUL and is valid until the next operation.
     [[nodiscard]] bool ReadQuoted(std::string_view& value);
 
+    // Where the next operation goes on; what is before that is not looked at again.
+    [[nodiscard]] const char* GetPosition() const { return cursor; }
+
     // Line breaks passed, 0 on the first line. Those inside quotes do not count.
     [[nodiscard]] std::uint32_t GetLine() const { return line; }
 

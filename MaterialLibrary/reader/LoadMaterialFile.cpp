@@ -4,6 +4,7 @@
 
 #include "MaterialLibrary/model/CFakeMaterialLib.h"
 #include "MaterialLibrary/reader/CMaterialReader.h"
+#include "MaterialLibrary/reader/CTextPages.h"
 #include "MaterialLibrary/reader/CTokenScanner.h"
 #include "MaterialLibrary/reader/ReadError.h"
 #include "MaterialLibrary/reader/ReadWholeFile.h"
@@ -17,13 +18,12 @@ std::string DescribeParseError(const char* path, const CTokenScanner& scanner, c
     return FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME), {std::string_view(path), scanner.GetLine() + 1,
                                                            scanner.GetColumn(), LoadText(error.GetReason())});
 }
-} // namespace
-
-bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
+// `pages` holds the text, or is null.
+bool ReadMaterials(CFakeMaterialLib& library, char* text, CTextPages* pages, const char* path)
 {
     CTokenScanner scanner;
     scanner.Attach(text);
-    CMaterialReader reader(scanner);
+    CMaterialReader reader(scanner, pages);
     try
     {
         reader.ReadLibrary(library);
@@ -39,9 +39,16 @@ bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
     }
 }
 
+} // namespace
+
+bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
+{
+    return ReadMaterials(library, text, nullptr, path);
+}
+
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
 {
-    std::unique_ptr<char[]> text;
+    std::unique_ptr<CTextPages> text;
     try
     {
         text = ReadWholeFile(path);
@@ -52,5 +59,5 @@ bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
         library.RemoveAllMaterials();
         return false;
     }
-    return LoadMaterialText(library, text.get(), path);
+    return ReadMaterials(library, text->Get(), text.get(), path);
 }
