@@ -13,18 +13,6 @@
 
 namespace
 {
-bool HasDielectric(const CFakeMaterialLib& library)
-{
-    for (int index = library.GetMaterialCount() - 1; index >= 0; --index)
-    {
-        if (library.GetMaterial(index)->GetKind() == MLMATERIAL_DIELECTRIC)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
 void LoadFiles(CFakeMaterialLib& library, const char* fileList)
 {
     for (const std::string_view piece : SplitPathList(fileList))
@@ -35,7 +23,7 @@ void LoadFiles(CFakeMaterialLib& library, const char* fileList)
             LoadMaterialFile(library, path.c_str());
         }
     }
-    if (!HasDielectric(library))
+    if (!library.HasMaterialOfKind(MLMATERIAL_DIELECTRIC))
     {
         ShowWarning(LoadText(MLTEXT_NO_DIELECTRIC).c_str());
     }

@@ -11,6 +11,8 @@ public:
     // The text, never null; valid until it is set or released.
     [[nodiscard]] const char* Get() const noexcept { return text != nullptr ? text : ""; }
 
+    [[nodiscard]] bool IsEmpty() const noexcept { return text == nullptr; }
+
     // Copies `value` (null counts as empty). Throws std::bad_alloc, with the text unchanged.
     void Set(std::pmr::memory_resource& resource, const char* value)
     {

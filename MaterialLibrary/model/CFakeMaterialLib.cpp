@@ -6,6 +6,7 @@
 #include "MaterialLibrary/model/CMaterial.h"
 #include "MaterialLibrary/resources/Texts.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace
@@ -28,14 +29,22 @@ CFakeMaterialLib::~CFakeMaterialLib()
 int CFakeMaterialLib::GetMaterialCount() const
 {
     const CModuleStateScope scope;
-    return static_cast<int>(materials.size());
+    return materials.GetCount();
 }
 
 IMaterial* CFakeMaterialLib::GetMaterial(int index) const
 {
     const CModuleStateScope scope;
-    const bool inRange = index >= 0 && static_cast<std::size_t>(index) < materials.size();
-    return inRange ? materials[static_cast<std::size_t>(index)] : nullptr;
+    if (!materials.IsIndex(index))
+    {
+        return nullptr;
+    }
+    IMaterial*& material = materials[index];
+    if (IsStandIn(material))
+    {
+        material = &MakeBlankMaterial(material->GetKind());
+    }
+    return material;
 }
 
 IMaterial* CFakeMaterialLib::FindMaterial(const char* name)
@@ -46,18 +55,19 @@ IMaterial* CFakeMaterialLib::FindMaterial(const char* name)
     {
         return nullptr;
     }
-    if (unvisited == materials.size())
+    if (unvisited == materials.GetCount())
     {
-        nameCache.Reset(materials.size());
+        nameCache.Reset(materials.GetCount());
     }
-    if (IMaterial* const known = nameCache.Find(materials, wanted))
+    if (IMaterial* const known = nameCache.Find(materials.GetAll(), wanted))
     {
         return known;
     }
     while (unvisited > 0)
     {
         --unvisited;
-        nameCache.Insert(materials, unvisited); // of equal names the first one met, the last added, stays
+        nameCache.Insert(materials.GetAll(),
+                         unvisited); // of equal names the first one met, the last added, stays
         if (wanted == materials[unvisited]->GetName())
         {
             return materials[unvisited];
@@ -91,14 +101,49 @@ CMaterial& CFakeMaterialLib::MakeMaterial(const MLLEGACYRECORD& record)
 
 void CFakeMaterialLib::AddMaterial(CMaterial& material)
 {
-    materials.push_back(&material);
-    unvisited = materials.size(); // the newest material of a name is the one to find
+    materials.Append(arena, &material);
+    unvisited = materials.GetCount(); // the newest material of a name is the one to find
+}
+
+void CFakeMaterialLib::AddBlankMaterial(CMaterial& blank)
+{
+    CMaterial*& standIn = standIns.at(static_cast<std::size_t>(blank.GetKind()));
+    if (standIn == nullptr)
+    {
+        standIn = &blank;
+    }
+    else
+    {
+        arena.deallocate(&blank, sizeof(CMaterial), alignof(CMaterial));
+    }
+    AddMaterial(*standIn);
+}
+
+bool CFakeMaterialLib::IsStandIn(const IMaterial* material) const noexcept
+{
+    return material == standIns[0] || material == standIns[1];
+}
+
+CMaterial& CFakeMaterialLib::MakeBlankMaterial(int kind) const
+{
+    void* const storage = arena.allocate(sizeof(CMaterial), alignof(CMaterial));
+    CMaterial& material = *::new (storage) CMaterial(arena);
+    material.SetKind(kind);
+    return material;
+}
+
+bool CFakeMaterialLib::HasMaterialOfKind(int kind) const
+{
+    const auto all = materials.GetAll();
+    return std::any_of(all.rbegin(), all.rend(),
+                       [kind](const IMaterial* material) { return material->GetKind() == kind; });
 }
 
 void CFakeMaterialLib::RemoveAllMaterials() noexcept
 {
     nameCache.Clear();
     unvisited = 0;
-    std::vector<IMaterial*>().swap(materials);
+    materials.Release(arena);
+    standIns = {};
     arena.Release();
 }

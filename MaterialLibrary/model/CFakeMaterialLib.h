@@ -2,9 +2,10 @@
 
 #include "MaterialLibrary/IMatLib.h"
 #include "MaterialLibrary/model/CArena.h"
+#include "MaterialLibrary/model/CCompactArray.h"
 #include "MaterialLibrary/model/CNameIndex.h"
 
-#include <vector>
+#include <array>
 
 class CMaterial;
 struct MLLEGACYRECORD;
@@ -21,7 +22,7 @@ public:
     static void SetChooser(Chooser chooser);
 
     // An empty library whose materials take their memory from `upstream`.
-    explicit CFakeMaterialLib(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource());
+    explicit CFakeMaterialLib(std::pmr::memory_resource* upstream = &CHeapMemory::Get());
     ~CFakeMaterialLib() override;
     CFakeMaterialLib(const CFakeMaterialLib&) = delete;
     CFakeMaterialLib& operator=(const CFakeMaterialLib&) = delete;
@@ -38,6 +39,13 @@ public:
     // Appends a material that MakeMaterial made.
     void AddMaterial(CMaterial& material);
 
+    // Appends a material like `blank`, a dielectric or metal that MakeMaterial made last and that nothing but
+    // its kind was set in. It takes memory once somebody asks for it; `blank` itself is taken back.
+    void AddBlankMaterial(CMaterial& blank);
+
+    // Whether one of the materials is of that kind.
+    [[nodiscard]] bool HasMaterialOfKind(int kind) const;
+
     // Appends the four built-in sample materials.
     void FillSampleLibrary();
 
@@ -48,10 +56,15 @@ public:
     [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return arena.GetReservedBytes(); }
 
 private:
-    CArena arena;
-    std::vector<IMaterial*> materials;
+    [[nodiscard]] CMaterial& MakeBlankMaterial(int kind) const;
+    [[nodiscard]] bool IsStandIn(const IMaterial* material) const noexcept;
+
+    // Mutable because GetMaterial makes the blank materials.
+    mutable CArena arena;
+    mutable CCompactArray<IMaterial*> materials;
+    std::array<CMaterial*, 2> standIns = {}; // in the list for all blank materials of a kind, or null
 
     // Names met so far by look-ups, which walk the materials once, from the last to the first.
     CNameIndex nameCache;
-    std::size_t unvisited = 0; // materials below this index were not met yet
+    int unvisited = 0; // materials below this index were not met yet
 };

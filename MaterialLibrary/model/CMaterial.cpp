@@ -36,6 +36,13 @@ CMaterial::~CMaterial()
     name.Release(*resource);
 }
 
+bool CMaterial::IsBlank() const noexcept
+{
+    return name.IsEmpty() && typeName.IsEmpty() && vendor.IsEmpty() && comment.IsEmpty() &&
+           technology == MLTECHNOLOGY_UNKNOWN && tables.GetCount() == 0 && attributes.GetCount() == 0 &&
+           legacyRecord.GetCount() == 0;
+}
+
 int CMaterial::CountTables(int tableKind) const
 {
     if (tableKind == MLTABLE_ALL)

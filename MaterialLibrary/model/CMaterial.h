@@ -49,6 +49,9 @@ public:
     void SetAttribute(MLATTRIBID id, double value) override;
     IMaterialTableIO* AddTable(int tableKind) override;
 
+    // Whether nothing was set but the kind.
+    [[nodiscard]] bool IsBlank() const noexcept;
+
     // Enters one measurement: Er and loss tangent at `frequency` in Hz and `temperature` in °C, each
     // appended to the material's table for that temperature, which is made when there is none.
     void AddDielectricPoint(double frequency, double permittivity, double lossTangent, double temperature);

@@ -5,10 +5,11 @@
 #include <bit>
 #include <functional>
 
-void CNameIndex::Reset(std::size_t capacity)
+void CNameIndex::Reset(int capacity)
 {
-    slots.assign(std::bit_ceil(capacity + capacity / 4 + 2), 0);
-    positionMask = static_cast<std::uint32_t>(std::bit_ceil(capacity + 1) * 2 - 1);
+    const auto names = static_cast<std::size_t>(capacity);
+    slots.assign(std::bit_ceil(names + names / 4 + 2), 0);
+    positionMask = static_cast<std::uint32_t>(std::bit_ceil(names + 1) * 2 - 1);
 }
 
 void CNameIndex::Clear() noexcept
@@ -23,7 +24,7 @@ CNameIndex::Key CNameIndex::KeyOf(std::string_view name) const
             static_cast<std::uint32_t>(hash >> 32) & ~positionMask};
 }
 
-std::size_t CNameIndex::Locate(const std::vector<IMaterial*>& materials, std::string_view name, Key key) const
+std::size_t CNameIndex::Locate(Materials materials, std::string_view name, Key key) const
 {
     const std::size_t mask = slots.size() - 1;
     for (std::size_t at = key.start;; at = (at + 1) & mask)
@@ -37,9 +38,9 @@ std::size_t CNameIndex::Locate(const std::vector<IMaterial*>& materials, std::st
     }
 }
 
-void CNameIndex::Insert(const std::vector<IMaterial*>& materials, std::size_t index)
+void CNameIndex::Insert(Materials materials, int index)
 {
-    const std::string_view name = materials[index]->GetName();
+    const std::string_view name = materials[static_cast<std::size_t>(index)]->GetName();
     const Key key = KeyOf(name);
     std::uint32_t& slot = slots[Locate(materials, name, key)];
     if (slot == 0)
@@ -48,7 +49,7 @@ void CNameIndex::Insert(const std::vector<IMaterial*>& materials, std::size_t in
     }
 }
 
-IMaterial* CNameIndex::Find(const std::vector<IMaterial*>& materials, std::string_view name) const
+IMaterial* CNameIndex::Find(Materials materials, std::string_view name) const
 {
     if (slots.empty())
     {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -13,17 +14,20 @@ class IMaterial;
 class CNameIndex
 {
 public:
+    // Those of the library, the same in every operation between two calls of Reset.
+    using Materials = std::span<IMaterial* const>;
+
     // Forgets everything and makes room for `capacity` names.
-    void Reset(std::size_t capacity);
+    void Reset(int capacity);
 
     // Forgets everything and gives the memory back.
     void Clear() noexcept;
 
     // Enters the material at `index` under its name unless that name is there already. Room must be left.
-    void Insert(const std::vector<IMaterial*>& materials, std::size_t index);
+    void Insert(Materials materials, int index);
 
     // The material entered under this name, or null.
-    [[nodiscard]] IMaterial* Find(const std::vector<IMaterial*>& materials, std::string_view name) const;
+    [[nodiscard]] IMaterial* Find(Materials materials, std::string_view name) const;
 
 private:
     // A name as the slots know it: where its search begins, and the tag of its slot.
@@ -36,8 +40,7 @@ private:
     [[nodiscard]] Key KeyOf(std::string_view name) const;
 
     // The slot of the name, or the free slot where it would go.
-    [[nodiscard]] std::size_t Locate(const std::vector<IMaterial*>& materials, std::string_view name,
-                                     Key key) const;
+    [[nodiscard]] std::size_t Locate(Materials materials, std::string_view name, Key key) const;
 
     std::vector<std::uint32_t> slots; // none, or a power of two; 0 is a free one
     std::uint32_t positionMask = 0;   // the bits of a slot that hold 1 + the material's index

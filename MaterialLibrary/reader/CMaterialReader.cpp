@@ -200,7 +200,14 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library, std::string_view word
     {
         ReadMetal(material);
     }
-    library.AddMaterial(material);
+    if (material.IsBlank())
+    {
+        library.AddBlankMaterial(material); // a file of nothing else would need ten times its size
+    }
+    else
+    {
+        library.AddMaterial(material);
+    }
 }
 
 void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECORDKEY> keys)
