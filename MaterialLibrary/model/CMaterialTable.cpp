@@ -33,17 +33,21 @@ CMaterialTable::Pointer CMaterialTable::Create(std::pmr::memory_resource& resour
 
 CMaterialTable::~CMaterialTable()
 {
-    cache.Release(*resource);
+    if (cache != nullptr)
+    {
+        cache->Release(*resource);
+        resource->deallocate(cache, sizeof *cache, alignof(CCompactArray<MLTBLENTRY>));
+    }
     entries.Release(*resource);
 }
 
 const MLTBLENTRY& CMaterialTable::GetEntry(int index) const
 {
-    if (!entries.IsIndex(index))
+    if (index < 0 || index >= entries.GetCount())
     {
         throw std::invalid_argument("table row index out of range");
     }
-    return entries[index];
+    return entries.GetAll()[static_cast<std::size_t>(index)];
 }
 
 void CMaterialTable::SetSingleValue(double value)
@@ -62,15 +66,21 @@ void CMaterialTable::AddEntriesOf(const CMaterialTable& other)
 
 void CMaterialTable::AddCachedValue(double frequency, double value)
 {
-    if (!std::isnan(frequency)) // equal to nothing, so it would never be found
+    if (std::isnan(frequency)) // equal to nothing, so it would never be found
     {
-        cache.Append(*resource, {frequency, value});
+        return;
     }
+    if (cache == nullptr)
+    {
+        void* const storage = resource->allocate(sizeof *cache, alignof(CCompactArray<MLTBLENTRY>));
+        cache = ::new (storage) CCompactArray<MLTBLENTRY>();
+    }
+    cache->Append(*resource, {frequency, value});
 }
 
 std::optional<double> CMaterialTable::FindCachedValue(double frequency) const noexcept
 {
-    return FindLastAt(cache.GetAll(), frequency);
+    return cache != nullptr ? FindLastAt(cache->GetAll(), frequency) : std::nullopt;
 }
 
 std::optional<double> CMaterialTable::FindEntryValue(double frequency) const noexcept

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/IMaterialTable.h"
-#include "MaterialLibrary/model/CCompactArray.h"
+#include "MaterialLibrary/model/CTableRows.h"
 #include "MaterialLibrary/model/IMaterialTableIO.h"
 
 #include <memory>
@@ -63,8 +63,8 @@ private:
     ~CMaterialTable();
 
     std::pmr::memory_resource* resource;
-    int kind;
     double temperature = defaultTemperature;
-    CCompactArray<MLTBLENTRY> entries;
-    CCompactArray<MLTBLENTRY> cache;
+    CCompactArray<MLTBLENTRY>* cache = nullptr; // most tables are never asked between their rows
+    [[no_unique_address]] CTableRows entries;   // the kind fits into what it leaves of its last word
+    int kind;
 };

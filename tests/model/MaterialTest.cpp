@@ -114,11 +114,12 @@ TEST(CMaterialTable, KeepsRowsAsAddedAndChecksIndexes)
 
     builder.AddEntry({1e6, 4.5});
     EXPECT_FALSE(builder.HasSeveralEntries());
-    builder.AddEntry({1e6, 4.5});
+    builder.AddEntry(reader.GetEntry(0)); // its own row
     builder.AddEntry({1e3, 4.6});
     EXPECT_TRUE(builder.HasSeveralEntries());
     EXPECT_EQ(reader.GetEntry(2).frequency, 1e3);
     EXPECT_EQ(builder.GetEntry(1).value, 4.5);
+    EXPECT_EQ(builder.GetEntry(1).frequency, 1e6);
     for (const int outside : {-1, 3})
     {
         EXPECT_THROW((void)reader.GetEntry(outside), std::invalid_argument);

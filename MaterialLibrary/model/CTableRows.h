@@ -1,0 +1,55 @@
+#pragma once
+
+#include "MaterialLibrary/MLTypes.h"
+#include "MaterialLibrary/model/CCompactArray.h"
+
+// The rows of a table. A single row, all that a constant property has, stands in place of the array. Like
+// CCompactArray this does not remember its memory resource.
+class CTableRows
+{
+public:
+    [[nodiscard]] int GetCount() const noexcept { return isSingle ? 1 : several.GetCount(); }
+    [[nodiscard]] std::span<const MLTBLENTRY> GetAll() const noexcept
+    {
+        return isSingle ? std::span(&single, 1) : several.GetAll();
+    }
+
+    // Appends a copy. Throws std::bad_alloc, with the rows unchanged.
+    void Append(std::pmr::memory_resource& resource, const MLTBLENTRY& row)
+    {
+        if (!isSingle && several.GetCount() == 0)
+        {
+            single = row;
+            isSingle = true;
+            return;
+        }
+        const MLTBLENTRY copy = row; // the row may be the single one
+        if (isSingle)
+        {
+            CCompactArray<MLTBLENTRY> array;
+            array.Append(resource, single);
+            several = array;
+            isSingle = false;
+        }
+        several.Append(resource, copy);
+    }
+
+    // Discards the rows and gives the memory back.
+    void Release(std::pmr::memory_resource& resource) noexcept
+    {
+        if (!isSingle)
+        {
+            several.Release(resource);
+        }
+        several = {};
+        isSingle = false;
+    }
+
+private:
+    union
+    {
+        CCompactArray<MLTBLENTRY> several = {};
+        MLTBLENTRY single;
+    };
+    bool isSingle = false;
+};
