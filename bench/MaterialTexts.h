@@ -13,10 +13,7 @@ struct MaterialTexts
 
 inline MaterialTexts MakeMaterialTexts(int materials, int points)
 {
-    MaterialTexts texts;
-    texts.materialFile = "{MAT_FILE}\n{VERSION=1.0}\n";
-    texts.json = "[";
-    texts.xml = "<library>";
+    MaterialTexts texts = {"{MAT_FILE}\n{VERSION=1.0}\n", "[", "<library>"};
     char line[256];
     const auto add = [&line](std::string& text, auto... arguments)
     {

@@ -1,4 +1,5 @@
-// Peak memory and time of loading a file, also of files made to hurt, at one size and at twice that.
+// Peak resident memory and processor time of loading a file, also of files made to hurt, at one size and at
+// twice that.
 #include "bench/MaterialTexts.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 
@@ -9,58 +10,11 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
+#include <fstream>
 #include <functional>
-#include <malloc.h>
-#include <new>
-
-namespace
-{
-std::size_t liveBytes = 0;
-std::size_t peakBytes = 0;
-} // namespace
-
-void* operator new(std::size_t bytes)
-{
-    void* const block = std::malloc(bytes);
-    if (block == nullptr)
-    {
-        throw std::bad_alloc();
-    }
-    liveBytes += malloc_usable_size(block);
-    peakBytes = std::max(peakBytes, liveBytes);
-    return block;
-}
-
-void* operator new(std::size_t bytes, std::align_val_t alignment) // the arena's way in
-{
-    if (static_cast<std::size_t>(alignment) > alignof(std::max_align_t))
-    {
-        throw std::bad_alloc();
-    }
-    return operator new(bytes);
-}
-
-void operator delete(void* block) noexcept
-{
-    liveBytes -= block != nullptr ? malloc_usable_size(block) : 0;
-    std::free(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept
-{
-    operator delete(block);
-}
-
-void operator delete(void* block, std::align_val_t) noexcept
-{
-    operator delete(block);
-}
-
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept
-{
-    operator delete(block);
-}
+#include <string>
 
 namespace
 {
@@ -73,40 +27,86 @@ public:
     [[nodiscard]] std::string GetExecutablePath() override { return {}; }
 };
 
+std::string program; // how this one is called
+
 const std::string header = "{MAT_FILE}{VERSION=1.0}\n";
 
-std::string Repeat(const std::string& piece, int count)
+// A file of `count` pieces between an opening and a closing text.
+struct Pieces
 {
-    std::string text;
-    text.reserve(piece.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
+    const char* open;
+    const char* piece;
+    const char* close;
+
+    std::string operator()(int count) const
     {
-        text += piece;
+        std::string text = header;
+        text.reserve(text.size() + std::strlen(piece) * static_cast<std::size_t>(count) + 100);
+        text.append(open);
+        for (int i = 0; i < count; ++i)
+        {
+            text.append(piece);
+        }
+        text.append(close);
+        return text;
     }
-    return text;
-}
+};
 
 struct Load
 {
     double seconds;
-    std::size_t peak;
+    std::size_t peak; // bytes
 };
 
-// The best of several runs; the peak includes the file's text.
+// A number of kilobytes from /proc/self/status, in bytes.
+std::size_t ReadStatus(const std::string& key)
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+    {
+        if (line.starts_with(key))
+        {
+            return std::stoul(line.substr(key.size())) * 1024;
+        }
+    }
+    std::fprintf(stderr, "/proc/self/status has no %s\n", key.c_str());
+    std::abort();
+}
+
+// The program's other face: one load in a process that nobody has used yet.
+int LoadAndPrint(const char* path)
+{
+    const std::size_t before = ReadStatus("VmRSS:");
+    CFakeMaterialLib library;
+    const auto start = std::chrono::steady_clock::now();
+    LoadMaterialFile(library, path);
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::printf("%.9f %zu\n", seconds, ReadStatus("VmHWM:") - before);
+    return 0;
+}
+
+Load LoadInNewProcess(const std::string& path)
+{
+    Load load{};
+    std::FILE* const output = popen((program + " " + path).c_str(), "r");
+    if (output == nullptr || std::fscanf(output, "%lf %zu", &load.seconds, &load.peak) != 2)
+    {
+        std::fprintf(stderr, "%s has not loaded %s\n", program.c_str(), path.c_str());
+        std::abort();
+    }
+    pclose(output);
+    return load;
+}
+
+// The best time and the worst peak of several runs.
 Load Measure(const std::string& path)
 {
     Load best = {1e9, 0};
-    for (int run = 0; run < 5; ++run)
+    for (int run = 0; run < 7; ++run)
     {
-        const std::size_t before = liveBytes;
-        peakBytes = liveBytes;
-        CFakeMaterialLib library;
-        const auto start = std::chrono::steady_clock::now();
-        LoadMaterialFile(library, path.c_str());
-        const double seconds =
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        best.seconds = std::min(best.seconds, seconds);
-        best.peak = peakBytes - before;
+        const Load load = LoadInNewProcess(path);
+        best.seconds = std::min(best.seconds, load.seconds);
+        best.peak = std::max(best.peak, load.peak);
     }
     return best;
 }
@@ -133,22 +133,29 @@ void Report(const char* title, int count, const std::function<std::string(int)>&
 }
 } // namespace
 
-int main()
+int main(int argumentCount, char** arguments)
 {
     Silent silent;
     msg::ReplaceSystemMessageBox(&silent);
+    if (argumentCount == 2)
+    {
+        return LoadAndPrint(arguments[1]);
+    }
+    program = arguments[0];
     std::printf("Peak memory and time of a load from a file\n");
     Report("materials of 40 points", 2000, [](int n) { return MakeMaterialTexts(n, 40).materialFile; });
     Report("materials of 5 points", 50'000, [](int n) { return MakeMaterialTexts(n, 5).materialFile; });
-    Report("one endless token", 10'000'000,
-           [](int n) { return header + "{" + std::string(static_cast<std::size_t>(n), 'x'); });
-    Report("one endless quoted text", 10'000'000,
-           [](int n)
-           { return header + "{METAL(NAME=\"" + std::string(static_cast<std::size_t>(n), 'x') + "\")}"; });
-    Report("a million empty blocks", 1'000'000, [](int n) { return header + Repeat("{DIELECTRIC}\n", n); });
+    Report("one endless token", 10'000'000, Pieces{"{", "x", ""});
+    Report("one endless quoted text", 10'000'000, Pieces{"{METAL(NAME=\"", "x", "\")}"});
+    Report("a million empty blocks", 1'000'000, Pieces{"", "{DIELECTRIC}\n", ""});
     Report("a million rows in one table", 1'000'000,
-           [](int n) { return header + "{DIELECTRIC(ER TABLE=" + Repeat("1.234e9 4.3210\n", n) + ")}"; });
+           Pieces{"{DIELECTRIC(ER TABLE=", "1.234e9 4.3210\n", ")}"});
     Report("a million temperatures", 1'000'000,
-           [](int n) { return header + "{DIELECTRIC" + Repeat("(ER TEMPERATURE=25 VALUE=4.3)\n", n) + "}"; });
+           Pieces{"{DIELECTRIC", "(ER TEMPERATURE=25 VALUE=4.3)\n", "}"});
+    std::printf("The shortest texts that make an object\n");
+    Report("{METAL}", 1'000'000, Pieces{"", "{METAL}", ""});
+    Report("a named material", 1'000'000, Pieces{"", "{METAL(NAME=\"a\")}", ""});
+    Report("a row", 1'000'000, Pieces{"{DIELECTRIC(ER TABLE=", "1 1\n", ")}"});
+    Report("a table", 1'000'000, Pieces{"{DIELECTRIC", "(ER)", "}"});
     return 0;
 }
