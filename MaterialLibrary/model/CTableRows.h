@@ -17,21 +17,19 @@ public:
     // Appends a copy. Throws std::bad_alloc, with the rows unchanged.
     void Append(std::pmr::memory_resource& resource, const MLTBLENTRY& row)
     {
-        if (!isSingle && several.GetCount() == 0)
+        if (isSingle)
+        {
+            AppendSecond(resource, row);
+        }
+        else if (several.GetCount() > 0)
+        {
+            several.Append(resource, row);
+        }
+        else
         {
             single = row;
             isSingle = true;
-            return;
         }
-        const MLTBLENTRY copy = row; // the row may be the single one
-        if (isSingle)
-        {
-            CCompactArray<MLTBLENTRY> array;
-            array.Append(resource, single);
-            several = array;
-            isSingle = false;
-        }
-        several.Append(resource, copy);
     }
 
     // Discards the rows and gives the memory back.
@@ -46,6 +44,15 @@ public:
     }
 
 private:
+    void AppendSecond(std::pmr::memory_resource& resource, MLTBLENTRY row) // a copy: it may be the first one
+    {
+        CCompactArray<MLTBLENTRY> array;
+        array.Append(resource, single);
+        several = array;
+        isSingle = false;
+        several.Append(resource, row);
+    }
+
     union
     {
         CCompactArray<MLTBLENTRY> several = {};
