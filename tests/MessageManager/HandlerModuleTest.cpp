@@ -74,10 +74,18 @@ TEST_F(HandlerModule, AsksForTheManagerOnceAlsoWithoutARegistrator)
         EXPECT_EQ(handler.FindEnabledManager(), &hostManager);
     }
     EXPECT_EQ(fake.managerCalls, 1);
-    loader.modules["MsgHandler.dll"].erase("SetMsgHandlerEnabled");
-    msg::CHandlerModule withoutSwitch(loader);
-    EXPECT_EQ(withoutSwitch.FindEnabledManager(), nullptr);
+    for (const char* missing : {"GetMsgHandlerManager", "IsMsgHandlerEnabled", "SetMsgHandlerEnabled"})
+    {
+        CFakeModuleLoader incomplete = loader;
+        incomplete.modules["MsgHandler.dll"].erase(missing);
+        msg::CHandlerModule withoutIt(incomplete);
+        EXPECT_EQ(withoutIt.FindEnabledManager(), nullptr) << missing;
+    }
     EXPECT_EQ(fake.managerCalls, 1);
+    fake.manager = nullptr;
+    msg::CHandlerModule withoutManager(loader);
+    EXPECT_EQ(withoutManager.FindEnabledManager(), nullptr);
+    EXPECT_EQ(withoutManager.FindRegistrator(), nullptr);
 }
 
 TEST_F(HandlerModule, MayBeMissingAndIsNotLookedForAtEveryMessage)

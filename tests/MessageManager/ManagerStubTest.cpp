@@ -120,6 +120,13 @@ TEST_F(ManagerStub, AnswersTheOtherSlotsWithoutShowingAnything)
     EXPECT_EQ(stub.Invoke(read, nullptr, nullptr, nullptr, &number), 4321);
     EXPECT_TRUE(stub.Query18());
     EXPECT_EQ(stub.Query24(), 0);
+    stub.Reserved17();
+    stub.Reserved19();
+    stub.Reserved20();
+    stub.Reserved21();
+    stub.Reserved22();
+    stub.Reserved23();
+    stub.Reserved25();
     EXPECT_THAT(box.boxes, IsEmpty());
 }
 

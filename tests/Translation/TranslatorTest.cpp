@@ -75,6 +75,19 @@ TEST_F(Translator, LeavesTextsAsTheyAreWithoutTheModule)
     EXPECT_EQ(loader.loads["gettext64.dll"], 1);
 }
 
+TEST_F(Translator, CountsAModuleWithoutARequiredEntryPointAsAbsent)
+{
+    for (const char* missing : {"mgettext", "LoadTranslationFile", "SelectLocale", "GetSelectedLocaleDir"})
+    {
+        CFakeModuleLoader incomplete = loader;
+        incomplete.modules["gettext64.dll"].erase(missing);
+        CTranslator withoutIt(incomplete);
+        calls.clear();
+        EXPECT_EQ(withoutIt.TranslateFirst("D", "d.po", text), text) << missing;
+        EXPECT_THAT(calls, ElementsAre("UpdateLocaleDir")) << missing;
+    }
+}
+
 TEST(Translate, ReplacesItselfAtTheFirstCallAndGivesTheTextBack)
 {
     const TranslateFunction first = translate;

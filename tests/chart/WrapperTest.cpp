@@ -18,6 +18,17 @@ TEST(CChartControlWrapper, ReadsAndSetsThePrincipalAxes)
     chart.GetModel().SetScaleMode(false, false);
     chart.RecomputeLayout();
 
+    info.SetColours(0x112233, 0x445566);
+    info.SetUnits("MHz", "dB");
+    Colour axisColour = 0;
+    Colour gridColour = 0;
+    info.GetColours(axisColour, gridColour);
+    EXPECT_EQ(axisColour, 0x112233u);
+    EXPECT_EQ(gridColour, 0x445566u);
+    std::string horizontal;
+    std::string vertical;
+    info.GetUnits(horizontal, vertical);
+    EXPECT_EQ(horizontal + vertical, "MHzdB");
     info.SetAutomaticPrefix(false);
     const CAxis& axis = *chart.GetModel().FindAxis(0);
     EXPECT_FALSE(axis.automaticPrefix);

@@ -51,4 +51,14 @@ TEST(CFilterString, DoesNotTakeTrailBytesForEscapes)
     SetLeadByteTest(nullptr);
     EXPECT_EQ(Describe(filters), "[\x83\\]*[]");
 }
+
+TEST(CFilterString, ResetMatchesEverything)
+{
+    CFilterString filter;
+    EXPECT_TRUE(filter.GetFilters().empty());
+    filter.Reset();
+    EXPECT_EQ(Describe(filter.GetFilters()), "*[]");
+    EXPECT_EQ(filter.GetPattern(), "*");
+    EXPECT_EQ(filter.GetInput(), "");
+}
 } // namespace

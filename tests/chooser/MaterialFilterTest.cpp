@@ -16,8 +16,7 @@ TEST(CMaterialFilter, NarrowsMetalsByTypeAndDielectricsByTheRest)
     CFakeMaterialLib library;
     CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "foil", "ED");
     CMaterial& laminate = AddMaterial(library, MLMATERIAL_DIELECTRIC, "laminate", "FR4");
-    ChooserFilterSettings settings;
-    settings.typeText = "<All>";
+    ChooserFilterSettings settings = GetChooserFilterSettings(); // everything at first
     CMaterialFilter metals(MLMATERIAL_METAL, settings);
     CMaterialFilter dielectrics(MLMATERIAL_DIELECTRIC, settings);
     EXPECT_TRUE(metals.Accept(&foil));
