@@ -38,7 +38,7 @@ if(ML_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
     if(CMAKE_BUILD_TYPE STREQUAL "Debug")
-        add_compile_options(-O1)
+        add_compile_options(-O1 -g1) # reports name functions and lines
     endif()
 endif()
 if(ML_FUZZERS)
@@ -55,6 +55,11 @@ execute_process(COMMAND git log -1 --format=%cd "--date=format:%b %d %Y"
     OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 if(NOT ML_BUILD_DATE)
     string(TIMESTAMP ML_BUILD_DATE "%b %d %Y" UTC)
+endif()
+
+# A compiler cache recognises plain compilations only. They show as well that every file includes what it uses.
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
 # ml_library(NAME SOURCES a.cpp ... [WIN32 win32/a.cpp ...] [NATIVE b.cpp ...] [LIBS ...])
@@ -83,12 +88,17 @@ function(ml_split_debug_information name)
         VERBATIM)
 endfunction()
 
+# Tests are compiled more often than they run: only the code that they test is optimised.
+set(ml_test_options -O0)
+
 # ml_test(NAME SOURCES a.cpp ... [LIBS ...] [LABELS ...])
 # A GoogleTest program and its CTest test; under Wine for the Windows build.
 function(ml_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBS;LABELS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ml_options ${arg_LIBS} gtest_main gmock)
+    target_compile_options(${name} PRIVATE ${ml_test_options})
+    target_precompile_headers(${name} REUSE_FROM test_headers)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     target_compile_definitions(${name} PRIVATE
         ML_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ML_BINARY_DIR="${PROJECT_BINARY_DIR}")
@@ -115,7 +125,7 @@ function(ml_fuzz_target name)
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
         target_link_options(${name} PRIVATE -fsanitize=fuzzer)
     else()
-        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz/ReplayMain.cpp)
+        target_link_libraries(${name} PRIVATE fuzz_replay)
         add_test(NAME ${name}_replay COMMAND ${name} ${arg_CORPUS})
     endif()
 endfunction()
