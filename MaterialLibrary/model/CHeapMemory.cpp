@@ -5,7 +5,9 @@
 
 CHeapMemory& CHeapMemory::Get() noexcept
 {
-    static CHeapMemory heap;
+    // Never destroyed: a host may free a library after the destructors of this module have run.
+    alignas(CHeapMemory) static std::byte storage[sizeof(CHeapMemory)];
+    static CHeapMemory& heap = *::new (static_cast<void*>(storage)) CHeapMemory();
     return heap;
 }
 
