@@ -11,6 +11,22 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <new>
+#include <sys/mman.h>
+
+// The linker leads every call for memory here, those of operator new below included.
+extern "C"
+{
+    void* __real_malloc(std::size_t bytes);
+    void* __real_realloc(void* block, std::size_t bytes);
+    void __real_free(void* block);
+    void* __wrap_malloc(std::size_t bytes);
+    void* __wrap_realloc(void* block, std::size_t bytes);
+    void __wrap_free(void* block);
+    void* __real_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset);
+    int __real_munmap(void* address, std::size_t bytes);
+    void* __wrap_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset);
+    int __wrap_munmap(void* address, std::size_t bytes);
+}
 
 namespace
 {
@@ -18,61 +34,67 @@ constexpr long never = -1;
 long allocationsLeft = never;
 long liveAllocations = 0;
 
-void* Allocate(std::size_t bytes)
+// Whether memory is exhausted at this allocation.
+bool RunsOut()
 {
     if (allocationsLeft == 0)
     {
-        throw std::bad_alloc();
+        return true;
     }
     allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
+    return false;
+}
+} // namespace
+
+void* __wrap_malloc(std::size_t bytes)
+{
+    void* const block = RunsOut() ? nullptr : __real_malloc(bytes);
+    liveAllocations += block != nullptr ? 1 : 0;
+    return block;
+}
+
+void* __wrap_realloc(void* block, std::size_t bytes)
+{
+    return RunsOut() ? nullptr : __real_realloc(block, bytes);
+}
+
+void __wrap_free(void* block)
+{
+    liveAllocations -= block != nullptr ? 1 : 0;
+    __real_free(block);
+}
+
+void* __wrap_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset)
+{
+    void* const pages = RunsOut() ? MAP_FAILED : __real_mmap(address, bytes, protection, flags, file, offset);
+    liveAllocations += pages != MAP_FAILED ? 1 : 0;
+    return pages;
+}
+
+int __wrap_munmap(void* address, std::size_t bytes)
+{
+    --liveAllocations;
+    return __real_munmap(address, bytes);
+}
+
+void* operator new(std::size_t bytes)
+{
     void* const block = std::malloc(bytes > 0 ? bytes : 1);
     if (block == nullptr)
     {
         throw std::bad_alloc();
     }
-    ++liveAllocations;
     return block;
-}
-
-void Free(void* block) noexcept
-{
-    liveAllocations -= block != nullptr ? 1 : 0;
-    std::free(block);
-}
-} // namespace
-
-void* operator new(std::size_t bytes)
-{
-    return Allocate(bytes);
-}
-
-void* operator new(std::size_t bytes, std::align_val_t alignment) // the arena's way in
-{
-    if (static_cast<std::size_t>(alignment) > alignof(std::max_align_t))
-    {
-        throw std::bad_alloc();
-    }
-    return operator new(bytes);
 }
 
 void operator delete(void* block) noexcept
 {
-    Free(block);
+    std::free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept
 {
-    Free(block);
-}
-
-void operator delete(void* block, std::align_val_t) noexcept
-{
-    operator delete(block);
-}
-
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept
-{
-    operator delete(block);
+    std::free(block);
 }
 
 namespace
@@ -140,7 +162,7 @@ TEST(AllocationFailure, WhileLoading)
             [&file]
             {
                 CollectedMessages messages;
-                CFakeMaterialLib library(std::pmr::new_delete_resource());
+                CFakeMaterialLib library;
                 LoadMaterialFile(library, file.GetPath().c_str());
             });
         EXPECT_GT(allocations, content == &text ? 10 : 13);
@@ -152,7 +174,7 @@ TEST(AllocationFailure, WhileFillingTheSampleLibraryAndFinding)
     const int allocations = FailEveryAllocation(
         []
         {
-            CFakeMaterialLib library(std::pmr::new_delete_resource());
+            CFakeMaterialLib library;
             library.FillSampleLibrary();
             (void)library.FindMaterial("Getinaks");
         });
@@ -184,7 +206,7 @@ TEST(AllocationFailure, WhileEvaluating)
     for (int n = 0; n < 200; ++n)
     {
         std::string copy = text;
-        CFakeMaterialLib library(std::pmr::new_delete_resource());
+        CFakeMaterialLib library;
         ASSERT_TRUE(LoadMaterialText(library, copy.data(), "x.mat"));
         IMaterial& material = *library.GetMaterial(0);
         double first = 0.0;
