@@ -37,10 +37,17 @@ const char* CTranslator::TranslateFirst(const char* domain, const char* catalogu
     {
         loadTranslationFile(domain, catalogue);
     }
-    return mgettext(domain, text);
+    return Ask(domain, text);
 }
 
 const char* CTranslator::Translate(const char* domain, const char* text) const
 {
-    return mgettext == nullptr ? text : mgettext(domain, text);
+    return mgettext == nullptr ? text : Ask(domain, text);
+}
+
+// A module that answers null has no translation.
+const char* CTranslator::Ask(const char* domain, const char* text) const
+{
+    const char* const found = mgettext(domain, text);
+    return found != nullptr ? found : text;
 }

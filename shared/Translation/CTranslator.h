@@ -18,6 +18,7 @@ public:
 
 private:
     bool LoadModule();
+    [[nodiscard]] const char* Ask(const char* domain, const char* text) const;
 
     IModuleLoader& loader;
     const char* (*mgettext)(const char* domain, const char* text) = nullptr;

@@ -56,6 +56,14 @@ TEST_F(Translator, RegistersOnlyTheCatalogueOfTheFirstTranslation)
                                    "mgettext E Loss Tangent"));
 }
 
+TEST_F(Translator, KeepsTheTextWhereTheModuleAnswersNull)
+{
+    loader.modules["gettext64.dll"]["mgettext"] =
+        AsEntryPoint(+[](const char*, const char*) -> const char* { return nullptr; });
+    EXPECT_EQ(translator.TranslateFirst("D", "d.po", text), text);
+    EXPECT_EQ(translator.Translate("D", text), text);
+}
+
 TEST_F(Translator, RegistersNothingWithoutDomainOrCatalogue)
 {
     loader.modules["gettext64.dll"].erase("UpdateLocaleDir");
