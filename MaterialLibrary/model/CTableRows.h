@@ -3,6 +3,8 @@
 #include "MaterialLibrary/MLTypes.h"
 #include "MaterialLibrary/model/CCompactArray.h"
 
+#include <memory>
+
 // The rows of a table. A single row, all that a constant property has, stands in place of the array. Like
 // CCompactArray this does not remember its memory resource.
 class CTableRows
@@ -27,7 +29,7 @@ public:
         }
         else
         {
-            single = row;
+            std::construct_at(&single, row);
             isSingle = true;
         }
     }
@@ -39,7 +41,7 @@ public:
         {
             several.Release(resource);
         }
-        several = {};
+        std::construct_at(&several);
         isSingle = false;
     }
 
@@ -48,7 +50,7 @@ private:
     {
         CCompactArray<MLTBLENTRY> array;
         array.Append(resource, single);
-        several = array;
+        std::construct_at(&several, array);
         isSingle = false;
         several.Append(resource, row);
     }

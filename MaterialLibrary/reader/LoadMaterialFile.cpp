@@ -18,6 +18,7 @@ std::string DescribeParseError(const char* path, const CTokenScanner& scanner, c
     return FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME), {std::string_view(path), scanner.GetLine() + 1,
                                                            scanner.GetColumn(), LoadText(error.GetReason())});
 }
+
 // `pages` holds the text, or is null.
 bool ReadMaterials(CFakeMaterialLib& library, char* text, CTextPages* pages, const char* path)
 {
@@ -38,7 +39,6 @@ bool ReadMaterials(CFakeMaterialLib& library, char* text, CTextPages* pages, con
         return false;
     }
 }
-
 } // namespace
 
 bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)

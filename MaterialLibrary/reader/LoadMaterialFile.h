@@ -9,5 +9,5 @@ class CFakeMaterialLib;
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path);
 
 // The same for a text in memory that ends with NUL; `path` is what the message calls it. The text is
-// changed while it is read and the same again afterwards.
+// changed while it is read and the same again afterwards, unless std::bad_alloc passes.
 bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path);
