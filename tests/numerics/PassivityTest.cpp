@@ -14,7 +14,7 @@ constexpr double highest = 1e12;
 
 TEST(Numerics, ExampleMaterialsArePassive)
 {
-    std::printf("| material | C | Er at 1 kHz | Er at 1 THz | least loss tangent | at "
+    std::printf("| material | C | passive at | Er at 1 kHz | Er at 1 THz | least loss tangent "
                 "|\n|---|---:|---:|---:|---:|---:|\n");
     int checked = 0;
     for (const ExampleLaminate& laminate : LoadExampleLaminates())

@@ -35,7 +35,7 @@ std::optional<double> FindValue(IMaterial& material, MLTABLEKIND property, doubl
         throw CFailure("no dielectric model fits the tables of " + Quote(material.GetName()) + " at " +
                        FormatNumber(temperature) +
                        " C: it needs Er above 0 and at least two rows of loss tangent from 10 kHz up, in "
-                       "ascending order of frequency");
+                       "ascending order of frequency and at most 38 decades apart");
     }
     return value;
 }
