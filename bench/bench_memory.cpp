@@ -7,6 +7,7 @@
 #include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -98,38 +99,36 @@ Load LoadInNewProcess(const std::string& path)
     return load;
 }
 
-// The best time and the worst peak of several runs.
-Load Measure(const std::string& path)
+std::string WriteFile(const std::string& text)
 {
-    Load best = {1e9, 0};
-    for (int run = 0; run < 7; ++run)
-    {
-        const Load load = LoadInNewProcess(path);
-        best.seconds = std::min(best.seconds, load.seconds);
-        best.peak = std::max(best.peak, load.peak);
-    }
-    return best;
+    std::string path = "/tmp/matlib_bench_" + std::to_string(text.size()) + ".mat";
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
 }
 
+// The worst peak, the best time, and the median of the pairs' ratios: a pair shares the machine's good and
+// bad moments.
 void Report(const char* title, int count, const std::function<std::string(int)>& make)
 {
-    Load loads[2];
-    std::size_t fileBytes = 0;
-    const std::string path = "/tmp/matlib_bench_" + std::to_string(count) + ".mat";
-    for (int i = 0; i < 2; ++i)
+    constexpr std::size_t pairs = 15;
+    const std::string single = WriteFile(make(count));
+    const std::string text = make(2 * count);
+    const std::string twice = WriteFile(text);
+    Load best = {1e9, 0};
+    std::array<double, pairs> ratios = {};
+    for (double& ratio : ratios)
     {
-        const std::string text = make(count << i);
-        std::FILE* const file = std::fopen(path.c_str(), "wb");
-        std::fwrite(text.data(), 1, text.size(), file);
-        std::fclose(file);
-        fileBytes = text.size();
-        loads[i] = Measure(path);
+        const double seconds = LoadInNewProcess(single).seconds;
+        const Load load = LoadInNewProcess(twice);
+        ratio = load.seconds / seconds;
+        best = {std::min(best.seconds, load.seconds), std::max(best.peak, load.peak)};
     }
-    std::remove(path.c_str());
+    std::remove(single.c_str());
+    std::remove(twice.c_str());
+    std::sort(ratios.begin(), ratios.end());
     std::printf("%-36s %9.1f MB  %8.2f ms  peak/file %6.2f  twice the file: %5.2f times the time\n", title,
-                static_cast<double>(fileBytes) / 1e6, loads[1].seconds * 1e3,
-                static_cast<double>(loads[1].peak) / static_cast<double>(fileBytes),
-                loads[1].seconds / loads[0].seconds);
+                static_cast<double>(text.size()) / 1e6, best.seconds * 1e3,
+                static_cast<double>(best.peak) / static_cast<double>(text.size()), ratios[pairs / 2]);
 }
 } // namespace
 
