@@ -78,7 +78,7 @@ public:
                           const PixelRect cell = GetCell(label);
                           const auto meets = [&cell](const PixelRect& other) { return cell.Meets(other); };
                           if (!IsLabelled(axis, scale, label.tick, stride) ||
-                              std::ranges::any_of(taken, meets))
+                              std::ranges::any_of(taken, meets) || std::ranges::any_of(cells, meets))
                           {
                               return true;
                           }

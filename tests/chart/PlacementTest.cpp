@@ -75,6 +75,35 @@ TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
     }
 }
 
+// Also in letters as large as on a screen of 400 per cent, where the ticks' least distance is soon too
+// little.
+TEST(Placement, LabelsOfAnAxisDoNotMeet)
+{
+    for (const int font : {12, 34, 48})
+    {
+        CSvgCanvas measure{{1, 1}, font};
+        for (int width = 300; width <= 2600; width += 50)
+        {
+            CChartModel model;
+            model.AddAxis(0, false);
+            model.AddAxis(1, true);
+            model.SetAxisTitle(0, "Frequency", "MHz");
+            CChartCurve curve = MakeCurve({{1.0, 0.0}, {50'000.0, 1.0}});
+            model.AddCurve(curve, 0, 1);
+            const PixelRect client = {0, 0, width, 400};
+            LayOutChart(model, client, measure);
+            const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Horizontal, measure)[0];
+            ASSERT_GE(labels.size(), 1u);
+            for (std::size_t i = 1; i < labels.size(); ++i)
+            {
+                const PlacedText& before = labels[i - 1];
+                EXPECT_LE(before.topLeft.x + measure.GetTextExtent(before.text).width, labels[i].topLeft.x)
+                    << before.text << " " << font << " " << width;
+            }
+        }
+    }
+}
+
 TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)
 {
     CChartModel model;
