@@ -22,10 +22,16 @@ void WriteReadOut(const ChartScene& scene, ICanvas& canvas, int number, const Cu
                   DataPoint point)
 {
     const ChartFrame& frame = scene.model.frame;
-    const std::string text = FormatReadOut(*axes.horizontal, *axes.vertical, point);
-    canvas.WriteText({frame.plot.left, GetReadOutTop(frame, number)},
-                     FitText(canvas, text, scene.client.right - frame.plot.left),
-                     scene.style.GetShownColour(axes.vertical->axisColour), scene.style.background);
+    const int left = frame.plot.left;
+    const int top = GetReadOutTop(frame, number);
+    const std::string text =
+        FitText(canvas, FormatReadOut(*axes.horizontal, *axes.vertical, point), scene.client.right - left);
+    const PixelSize extent = canvas.GetTextExtent(text);
+    // The tails of the tick labels hang into the cell of the first one.
+    const int labelBottom = frame.plot.bottom + frame.lineHeight / 4 + frame.lineHeight;
+    canvas.FillRectangle({left, std::max(top, labelBottom), left + extent.width, top + extent.height},
+                         scene.style.background);
+    canvas.WriteText({left, top}, text, scene.style.GetShownColour(axes.vertical->axisColour), std::nullopt);
 }
 
 void PaintCrossHair(const PixelRect& plot, PixelPoint at, ICanvas& canvas)
