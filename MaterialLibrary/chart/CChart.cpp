@@ -68,9 +68,14 @@ bool CChart::UpdateHover(PixelPoint point)
 
 void CChart::RestoreHoveredColour()
 {
-    if (interaction.hoveredCurve >= 0)
+    if (interaction.hoveredCurve < 0)
     {
-        model.GetCurve(interaction.hoveredCurve).curve->colour = interaction.hoveredColour;
+        return;
+    }
+    Colour& colour = model.GetCurve(interaction.hoveredCurve).curve->colour;
+    if (colour == style.highlight) // else the owner has given the curve another one meanwhile
+    {
+        colour = interaction.hoveredColour;
     }
 }
 

@@ -141,9 +141,12 @@ void CChartModel::RebuildDataRanges()
                     first = false;
                 }
             }
-            if (curves.empty())
+            if (first)
             {
                 axis.dataMin = axis.dataMax = 0.0;
+            }
+            if (curves.empty())
+            {
                 axis.requestedMin = axis.requestedMax = 0.0;
             }
         }

@@ -69,6 +69,13 @@ TEST(CChartModel, DataRangesCoverTheCurvesOfTheAxis)
     second.UpdateBounds();
     model.RebuildDataRanges();
     expectRange(1, -20, 7);
+    for (CChartCurve* const curve : {&first, &second})
+    {
+        curve->points.clear();
+        curve->UpdateBounds();
+    }
+    model.RebuildDataRanges();
+    expectRange(1, 0, 0);
     model.RemoveCurves();
     expectRange(0, 0, 0);
     EXPECT_EQ(model.FindAxis(0)->requestedMax, 0.0);

@@ -297,7 +297,9 @@ TEST_F(CMouseFixture, PickingTakesACurveThenAPoint)
     click(GetPixel({75, 20}));
     click(GetPixel({75, 20}));
     EXPECT_EQ(listener.calls, 1);
-    chart.RemoveCurves(); // unlocks
+    curve.colour = 0x123456;
+    chart.RemoveCurves(); // unlocks, and leaves the curve the colour that it has got meanwhile
+    EXPECT_EQ(curve.colour, 0x123456u);
     EXPECT_FALSE(interaction.buttonDown);
     click(GetPixel({75, 20}));
 }
