@@ -66,7 +66,7 @@ TEST(CArena, LargeBlocksGoBackAtOnceInAnyOrder)
     {
         block = arena.allocate(200'000, 8);
     }
-    for (const std::size_t i : {1, 3, 0, 2})
+    for (const std::size_t i : {1U, 3U, 0U, 2U})
     {
         const std::size_t before = upstream.bytes;
         arena.deallocate(blocks[i], 200'000, 8);
