@@ -26,11 +26,11 @@ std::vector<double> ListMultiplesOfDecade(const CAxis& axis)
 {
     const double step = 10.0 * ChooseMinorDecadeStep(axis.scale);
     std::vector<double> multiples;
-    for (double multiple = step; step > 0.0 && multiple < 10.0; multiple += step)
+    for (int i = 1; step > 0.0 && i * step < 10.0; ++i)
     {
-        if (multiple > 1.0)
+        if (i * step > 1.0)
         {
-            multiples.push_back(multiple);
+            multiples.push_back(i * step);
         }
     }
     return multiples;

@@ -52,8 +52,8 @@ std::string FormatTickLabel(const CAxis& axis, double value)
     const UnitPrefix& prefix = GetUnitPrefix(axis, value);
     if (!NeedsExponent(prefix))
     {
-        const std::string text = Pad(FormatNumber(value / prefix.factor, std::chars_format::general, 4) +
-                                     TranslatePrefix(prefix) + axis.unit);
+        std::string text = Pad(FormatNumber(value / prefix.factor, std::chars_format::general, 4) +
+                               TranslatePrefix(prefix) + axis.unit);
         if (text.find('e') == std::string::npos)
         {
             return text;

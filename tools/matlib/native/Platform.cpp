@@ -33,7 +33,7 @@ std::string FindProgram(const char* name)
     {
         const std::string_view folder = folders.substr(0, folders.find(':'));
         folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
-        const std::string path = std::string(folder) + "/" + name;
+        std::string path = std::string(folder) + "/" + name;
         if (folder.starts_with('/') && QueryPath(path.c_str()) == PathState::file &&
             access(path.c_str(), X_OK) == 0)
         {
@@ -48,6 +48,7 @@ int RunProgram(const std::string& path, const std::vector<std::string>& argument
     std::vector<std::string> texts = {path};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
     {
         pointers.push_back(text.data());
