@@ -16,6 +16,10 @@ struct ChartFrame
     int lineHeight = 0;
     int widestHorizontalLabel = 0;
     int widestVerticalLabel = 0;
+
+    // The tick labels of the horizontal axes: lowered so that the digits at the plot's corner stay below
+    // those of the vertical axis.
+    [[nodiscard]] int GetTickLabelTop() const { return plot.bottom + lineHeight / 4; }
 };
 
 // The axes a curve is drawn against; null for one that the chart does not have.

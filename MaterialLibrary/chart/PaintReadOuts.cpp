@@ -28,7 +28,7 @@ void WriteReadOut(const ChartScene& scene, ICanvas& canvas, int number, const Cu
         FitText(canvas, FormatReadOut(*axes.horizontal, *axes.vertical, point), scene.client.right - left);
     const PixelSize extent = canvas.GetTextExtent(text);
     // The tails of the tick labels hang into the cell of the first one.
-    const int labelBottom = frame.plot.bottom + frame.lineHeight / 4 + frame.lineHeight;
+    const int labelBottom = frame.GetTickLabelTop() + frame.lineHeight;
     canvas.FillRectangle({left, std::max(top, labelBottom), left + extent.width, top + extent.height},
                          scene.style.background);
     canvas.WriteText({left, top}, text, scene.style.GetShownColour(axes.vertical->axisColour), std::nullopt);

@@ -115,8 +115,7 @@ private:
         { return std::max(std::min(left, scene.client.right - extent.width), scene.client.left); };
         if (direction == Direction::Horizontal)
         {
-            // Lowered so that the digits at the plot's corner stay below those of the vertical axis.
-            return {keepInside(tickPixel - extent.width / 2), plot.bottom + h / 4};
+            return {keepInside(tickPixel - extent.width / 2), scene.model.frame.GetTickLabelTop()};
         }
         const int left =
             IsOnFarSide(direction, index) ? plot.right + h / 8 : plot.left - h / 8 - extent.width;

@@ -30,13 +30,7 @@ public:
         ++pending.skip;
     }
 
-    void AddLiteral(std::string_view character)
-    {
-        for (const char c : character)
-        {
-            pending.text.push_back(c);
-        }
-    }
+    void AddLiteral(std::string_view character) { pending.text.append(character); }
 
     std::vector<CFilterString::CFilter> Finish()
     {
@@ -66,7 +60,7 @@ std::size_t LengthOfCharacter(std::string_view text)
 
 void CFilterString::Reset()
 {
-    pattern.assign(1, '*');
+    pattern.assign(1, '*'); // g++ 12 sees an overlap in an assignment of "*"
     filters = ParseFilterPattern(pattern);
     input.clear();
 }

@@ -42,7 +42,9 @@ IMaterial* CFakeMaterialLib::GetMaterial(int index) const
     IMaterial*& material = materials[index];
     if (IsStandIn(material))
     {
-        material = &MakeBlankMaterial(material->GetKind());
+        CMaterial& own = MakeMaterial();
+        own.SetKind(material->GetKind());
+        material = &own;
     }
     return material;
 }
@@ -66,8 +68,8 @@ IMaterial* CFakeMaterialLib::FindMaterial(const char* name)
     while (unvisited > 0)
     {
         --unvisited;
-        nameCache.Insert(materials.GetAll(),
-                         unvisited); // of equal names the first one met, the last added, stays
+        // Of equal names the first one met, the last added, stays.
+        nameCache.Insert(materials.GetAll(), unvisited);
         if (wanted == materials[unvisited]->GetName())
         {
             return materials[unvisited];
@@ -87,7 +89,7 @@ IMaterial* CFakeMaterialLib::ChooseMaterial(IMaterial* current, int materialKind
     return nullptr;
 }
 
-CMaterial& CFakeMaterialLib::MakeMaterial()
+CMaterial& CFakeMaterialLib::MakeMaterial() const
 {
     void* const storage = arena.allocate(sizeof(CMaterial), alignof(CMaterial));
     return *::new (storage) CMaterial(arena);
@@ -122,14 +124,6 @@ void CFakeMaterialLib::AddBlankMaterial(CMaterial& blank)
 bool CFakeMaterialLib::IsStandIn(const IMaterial* material) const noexcept
 {
     return material == standIns[0] || material == standIns[1];
-}
-
-CMaterial& CFakeMaterialLib::MakeBlankMaterial(int kind) const
-{
-    void* const storage = arena.allocate(sizeof(CMaterial), alignof(CMaterial));
-    CMaterial& material = *::new (storage) CMaterial(arena);
-    material.SetKind(kind);
-    return material;
 }
 
 bool CFakeMaterialLib::HasMaterialOfKind(int kind) const

@@ -33,7 +33,7 @@ public:
     [[nodiscard]] IMaterial* ChooseMaterial(IMaterial* current, int materialKind) override;
 
     // Makes a material in the library's arena. It is no part of the library until AddMaterial.
-    [[nodiscard]] CMaterial& MakeMaterial();
+    [[nodiscard]] CMaterial& MakeMaterial() const;
     [[nodiscard]] CMaterial& MakeMaterial(const MLLEGACYRECORD& record);
 
     // Appends a material that MakeMaterial made.
@@ -56,7 +56,6 @@ public:
     [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return arena.GetReservedBytes(); }
 
 private:
-    [[nodiscard]] CMaterial& MakeBlankMaterial(int kind) const;
     [[nodiscard]] bool IsStandIn(const IMaterial* material) const noexcept;
 
     // Mutable because GetMaterial makes the blank materials.
