@@ -4,11 +4,10 @@
 #include "bench/RatioTable.h"
 #include "bench/chart/CCairoCanvas.h"
 #include "bench/chart/PlotLibraries.h"
-
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/CChartModel.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/CAxisMapping.h"
+#include "chart/CChartModel.h"
+#include "chart/ChartLayout.h"
+#include "chart/PaintChart.h"
 
 #include <QApplication>
 #include <cmath>

@@ -3,9 +3,8 @@
 // their largest one, since theirs are sorted; on most laminates that is the same.
 
 #include "bench/RatioTable.h"
+#include "dielectric/CWidebandDebyeModel.h"
 #include "tests/dielectric/Laminates.h"
-
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
 
 #include <Eigen/SVD>
 #include <array>

@@ -2,13 +2,12 @@
 // sorting against std::sort of the same texts, and what changes of the unit and of the assigned material
 // take.
 #include "bench/RatioTable.h"
+#include "chooser/CMaterialRows.h"
+#include "chooser/ISelectionChangeNotifier.h"
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "model/IMaterialTableIO.h"
 #include "shared/Misc_String/CompareNatural.h"
-
-#include "MaterialLibrary/chooser/CMaterialRows.h"
-#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/model/IMaterialTableIO.h"
 
 #include <algorithm>
 

@@ -2,11 +2,10 @@
 // that fill the same library with the same materials.
 #include "bench/MaterialTexts.h"
 #include "bench/RatioTable.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/model/ITechnologyMapProvider.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "model/ITechnologyMapProvider.h"
+#include "reader/LoadMaterialFile.h"
 
 #include <cstdlib>
 #include <ctime>

@@ -1,8 +1,7 @@
 // What a question to a loaded library costs: values that are already there, and names.
 #include "bench/RatioTable.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
 
 #include <string>
 #include <vector>

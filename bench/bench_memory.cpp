@@ -1,10 +1,9 @@
 // Peak resident memory and processor time of loading a file, also of files made to hurt, at one size and at
 // twice that.
 #include "bench/MaterialTexts.h"
+#include "model/CFakeMaterialLib.h"
+#include "reader/LoadMaterialFile.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <algorithm>
 #include <array>

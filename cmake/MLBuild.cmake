@@ -11,8 +11,9 @@ option(ML_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(ML_COVERAGE "Line and branch coverage" OFF)
 
 add_library(ml_options INTERFACE)
+# "MaterialLibrary/X.h" is what a host sees; the module's own headers are named from within its folder: "model/X.h".
 target_include_directories(ml_options INTERFACE
-    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/MaterialLibrary ${PROJECT_SOURCE_DIR})
 target_compile_options(ml_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     # The dielectric model's results are the same on every machine: no fused multiply-add.

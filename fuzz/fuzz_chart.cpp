@@ -2,8 +2,8 @@
 // come to an end without undefined behaviour, ranges must stay drawable, and what is painted must stay near
 // the window.
 
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
-#include "MaterialLibrary/chart/CChartMouse.h"
+#include "chart/CChartControlWrapper.h"
+#include "chart/CChartMouse.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,10 @@
 // Any bytes as a material file for its author: refused exactly where the library refuses them.
+#include "model/CFakeMaterialLib.h"
+#include "reader/LoadMaterialFile.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/check/CMaterialFileParser.h"
 #include "tools/matlib/check/FindWarnings.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <algorithm>
 #include <cstdint>

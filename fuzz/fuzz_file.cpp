@@ -1,9 +1,8 @@
 // Any bytes as a material file: a message or a library, and every material answers.
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,9 +1,8 @@
 // Tables of any doubles: the fit must come to an end without undefined behaviour, and where it is small
 // enough to be done the plain way as well, both must agree bit for bit.
 
+#include "dielectric/CWidebandDebyeModel.h"
 #include "tests/dielectric/PlainFit.h"
-
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chart/AxisTicks.h"
+#include "chart/AxisTicks.h"
 
-#include "MaterialLibrary/chart/TickSearch.h"
+#include "chart/TickSearch.h"
 
 #include <cmath>
 

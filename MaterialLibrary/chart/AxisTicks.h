@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartModel.h"
+#include "chart/CChartModel.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartCurve.h"
+#include "chart/CChartCurve.h"
 
 #include <cstdint>
 

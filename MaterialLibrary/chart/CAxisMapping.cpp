@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/CAxisMapping.h"
+#include "chart/CAxisMapping.h"
 
-#include "MaterialLibrary/chart/CChartModel.h"
-#include "MaterialLibrary/chart/TickUnderPixel.h"
+#include "chart/CChartModel.h"
+#include "chart/TickUnderPixel.h"
 
 CAxisMapping::CAxisMapping(const CChartModel& model, Direction direction, const CAxis& axis)
     : scale(model.GetScale(direction)), logarithmic(scale.IsLogarithmic()),

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CAxis.h"
-#include "MaterialLibrary/chart/IScale.h"
+#include "chart/CAxis.h"
+#include "chart/IScale.h"
 
 class CChartModel;
 

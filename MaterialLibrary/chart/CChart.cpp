@@ -1,9 +1,9 @@
-#include "MaterialLibrary/chart/CChart.h"
+#include "chart/CChart.h"
 
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/CurveSearch.h"
-#include "MaterialLibrary/chart/DragFeedback.h"
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/ChartLayout.h"
+#include "chart/CurveSearch.h"
+#include "chart/DragFeedback.h"
+#include "chart/PaintChart.h"
 
 CChart::CChart(IChartHost& host_) : host(host_)
 {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartModel.h"
-#include "MaterialLibrary/chart/ChartInteraction.h"
-#include "MaterialLibrary/chart/ChartStyle.h"
-#include "MaterialLibrary/chart/ICanvas.h"
-#include "MaterialLibrary/chart/IChartHost.h"
+#include "chart/CChartModel.h"
+#include "chart/ChartInteraction.h"
+#include "chart/ChartStyle.h"
+#include "chart/ICanvas.h"
+#include "chart/IChartHost.h"
 
 // A chart in a window, without the window: its model, its looks and what the mouse has done to it. It begins
 // with the horizontal axis 0 and the vertical axis 1, both linear.

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
+#include "chart/CChartControlWrapper.h"
 
 namespace
 {

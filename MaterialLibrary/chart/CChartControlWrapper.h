@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChart.h"
-#include "MaterialLibrary/chart/IHorzVertAxisInfo.h"
+#include "chart/CChart.h"
+#include "chart/IHorzVertAxisInfo.h"
 
 // The principal axes of a chart. It keeps nothing itself: every operation reads or writes the chart's axes.
 // For an axis that the chart does not have, one axis shared by the whole module stands in, so that reads have

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/CChartCurve.h"
+#include "chart/CChartCurve.h"
 
 #include <cmath>
 #include <stdexcept>

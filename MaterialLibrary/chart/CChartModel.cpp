@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/CChartModel.h"
+#include "chart/CChartModel.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CAxis.h"
-#include "MaterialLibrary/chart/CAxisCurve.h"
-#include "MaterialLibrary/chart/CLegendEntry.h"
-#include "MaterialLibrary/chart/IScale.h"
+#include "chart/CAxis.h"
+#include "chart/CAxisCurve.h"
+#include "chart/CLegendEntry.h"
+#include "chart/IScale.h"
 
 #include <span>
 #include <string_view>

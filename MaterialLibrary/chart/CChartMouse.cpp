@@ -1,9 +1,9 @@
-#include "MaterialLibrary/chart/CChartMouse.h"
+#include "chart/CChartMouse.h"
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/CurveSearch.h"
-#include "MaterialLibrary/chart/DragFeedback.h"
-#include "MaterialLibrary/chart/ZoomAndPan.h"
+#include "chart/CAxisMapping.h"
+#include "chart/CurveSearch.h"
+#include "chart/DragFeedback.h"
+#include "chart/ZoomAndPan.h"
 
 #include <cmath>
 #include <cstdlib>

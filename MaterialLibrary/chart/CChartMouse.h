@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChart.h"
-#include "MaterialLibrary/chart/IPickListener.h"
+#include "chart/CChart.h"
+#include "chart/IPickListener.h"
 
 // What the left mouse button does to a chart: zooms, pans, picks points, resets; and what moving the mouse
 // shows: the highlighted curve, the read-out, the drag's rectangle. Points are in client pixels and may lie

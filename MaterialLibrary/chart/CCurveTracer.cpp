@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/CCurveTracer.h"
+#include "chart/CCurveTracer.h"
 
 #include <cstdlib>
 

@@ -1,9 +1,9 @@
-#include "MaterialLibrary/chart/CLinearScale.h"
+#include "chart/CLinearScale.h"
 
-#include "MaterialLibrary/chart/Geometry.h"
-#include "MaterialLibrary/chart/TickSearch.h"
-#include "MaterialLibrary/chart/TickUnderPixel.h"
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/Geometry.h"
+#include "chart/TickSearch.h"
+#include "chart/TickUnderPixel.h"
+#include "chart/TolerantRounding.h"
 
 double CLinearScale::ChooseStep(double lo, double hi, int pixels) const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/IScale.h"
+#include "chart/IScale.h"
 
 class CLinearScale final : public IScale
 {

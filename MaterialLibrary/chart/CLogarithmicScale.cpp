@@ -1,11 +1,11 @@
-#include "MaterialLibrary/chart/CLogarithmicScale.h"
+#include "chart/CLogarithmicScale.h"
 
-#include "MaterialLibrary/chart/CLinearScale.h"
-#include "MaterialLibrary/chart/Decades.h"
-#include "MaterialLibrary/chart/Geometry.h"
-#include "MaterialLibrary/chart/TickSearch.h"
-#include "MaterialLibrary/chart/TickUnderPixel.h"
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/CLinearScale.h"
+#include "chart/Decades.h"
+#include "chart/Geometry.h"
+#include "chart/TickSearch.h"
+#include "chart/TickUnderPixel.h"
+#include "chart/TolerantRounding.h"
 
 #include <cmath>
 #include <initializer_list>

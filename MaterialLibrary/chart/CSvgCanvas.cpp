@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chart/CSvgCanvas.h"
+#include "chart/CSvgCanvas.h"
 
-#include "MaterialLibrary/chart/XmlText.h"
+#include "chart/XmlText.h"
 
 #include <array>
 #include <charconv>

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/ChartLayout.h"
+#include "chart/ChartLayout.h"
 
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/ChartTexts.h"
+#include "chart/AxisTicks.h"
+#include "chart/ChartTexts.h"
 
 #include <cmath>
 #include <utility>

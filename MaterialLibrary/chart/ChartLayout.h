@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartModel.h"
-#include "MaterialLibrary/chart/ITextMeasure.h"
+#include "chart/CChartModel.h"
+#include "chart/ITextMeasure.h"
 
 // Distributes a client area: the plot, and around it room for the widest labels, the titles, the legend and
 // the read-outs; then each axis's visible range from tick to tick, its step and its scale. Requested ranges

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/Geometry.h"
+#include "chart/Geometry.h"
 
 #include <cstdint>
 

@@ -1,8 +1,7 @@
-#include "MaterialLibrary/chart/ChartTexts.h"
+#include "chart/ChartTexts.h"
 
+#include "chart/UnitPrefix.h"
 #include "shared/Translation/Translate.h"
-
-#include "MaterialLibrary/chart/UnitPrefix.h"
 
 #include <charconv>
 

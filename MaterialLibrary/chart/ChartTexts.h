@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CAxis.h"
+#include "chart/CAxis.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/ClipSegment.h"
+#include "chart/ClipSegment.h"
 
 #include <cmath>
 

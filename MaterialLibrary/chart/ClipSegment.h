@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/Geometry.h"
+#include "chart/Geometry.h"
 
 // On which sides of a box a point lies, as a sum of these; 0 inside, edges included.
 struct Outcode

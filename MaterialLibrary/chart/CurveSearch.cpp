@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chart/CurveSearch.h"
+#include "chart/CurveSearch.h"
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
+#include "chart/CAxisMapping.h"
 
 #include <algorithm>
 #include <cmath>

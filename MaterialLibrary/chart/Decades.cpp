@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/Decades.h"
+#include "chart/Decades.h"
 
 #include <array>
 #include <cmath>

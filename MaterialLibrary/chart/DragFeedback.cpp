@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/DragFeedback.h"
+#include "chart/DragFeedback.h"
 
 PixelRect GetDragRectangle(const ChartInteraction& interaction, const PixelRect& plot, PixelPoint to)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/ChartInteraction.h"
+#include "chart/ChartInteraction.h"
 
 #include <array>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/ITextMeasure.h"
+#include "chart/ITextMeasure.h"
 
 #include <cstdint>
 #include <optional>

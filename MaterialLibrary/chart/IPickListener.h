@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartCurve.h"
+#include "chart/CChartCurve.h"
 
 // Is told what the user picks in a chart's pick modes.
 class IPickListener

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/PaintChart.h"
-#include "MaterialLibrary/chart/PlaceAxisTexts.h"
+#include "chart/AxisTicks.h"
+#include "chart/CAxisMapping.h"
+#include "chart/PaintChart.h"
+#include "chart/PlaceAxisTexts.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartModel.h"
-#include "MaterialLibrary/chart/ChartInteraction.h"
-#include "MaterialLibrary/chart/ChartStyle.h"
-#include "MaterialLibrary/chart/ICanvas.h"
+#include "chart/CChartModel.h"
+#include "chart/ChartInteraction.h"
+#include "chart/ChartStyle.h"
+#include "chart/ICanvas.h"
 
 // Everything that painting a chart looks at. The model has been laid out for the client area.
 struct ChartScene

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/CCurveTracer.h"
-#include "MaterialLibrary/chart/ClipSegment.h"
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/CAxisMapping.h"
+#include "chart/CCurveTracer.h"
+#include "chart/ClipSegment.h"
+#include "chart/PaintChart.h"
 
 #include <algorithm>
 #include <cmath>

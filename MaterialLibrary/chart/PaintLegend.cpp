@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/PaintChart.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/ChartTexts.h"
-#include "MaterialLibrary/chart/CurveSearch.h"
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/CAxisMapping.h"
+#include "chart/ChartTexts.h"
+#include "chart/CurveSearch.h"
+#include "chart/PaintChart.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "MaterialLibrary/chart/PlaceAxisTexts.h"
+#include "chart/PlaceAxisTexts.h"
 
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/ChartTexts.h"
-#include "MaterialLibrary/chart/TickSearch.h"
+#include "chart/AxisTicks.h"
+#include "chart/CAxisMapping.h"
+#include "chart/ChartTexts.h"
+#include "chart/TickSearch.h"
 
 #include <algorithm>
 #include <cmath>

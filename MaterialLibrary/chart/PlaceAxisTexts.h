@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/PaintChart.h"
+#include "chart/PaintChart.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/TickSearch.h"
+#include "chart/TickSearch.h"
 
-#include "MaterialLibrary/chart/Geometry.h"
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/Geometry.h"
+#include "chart/TolerantRounding.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chart/TickUnderPixel.h"
+#include "chart/TickUnderPixel.h"
 
-#include "MaterialLibrary/chart/Geometry.h"
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/Geometry.h"
+#include "chart/TolerantRounding.h"
 
 double GetTickOffset(double tick, const AxisPlacement& placement)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/IScale.h"
+#include "chart/IScale.h"
 
 // How many whole pixels a tick stands from the origin's, in the direction of growing values.
 [[nodiscard]] double GetTickOffset(double tick, const AxisPlacement& placement);

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/TolerantRounding.h"
 
 #include <cmath>
 

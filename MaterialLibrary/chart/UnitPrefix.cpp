@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chart/UnitPrefix.h"
+#include "chart/UnitPrefix.h"
 
-#include "MaterialLibrary/chart/CAxis.h"
+#include "chart/CAxis.h"
 
 #include <array>
 #include <cmath>

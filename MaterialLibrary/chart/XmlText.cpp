@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/XmlText.h"
+#include "chart/XmlText.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/ZoomAndPan.h"
+#include "chart/ZoomAndPan.h"
 
 #include <cmath>
 

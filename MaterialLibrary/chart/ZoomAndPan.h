@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CChartModel.h"
+#include "chart/CChartModel.h"
 
 // What drags do to the axes' ranges. Rectangles are in client pixels, with edges in order.
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/CChartPaneState.h"
+#include "chooser/CChartPaneState.h"
 
 void CChartPaneState::Show(int widthWithoutChart, int heightWithoutChart)
 {

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/CFilterString.h"
+#include "chooser/CFilterString.h"
 
 #include "shared/Misc_String/CodePage.h"
 #include "shared/Misc_String/LowerCase.h"

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/chooser/CMaterialFilter.h"
+#include "chooser/CMaterialFilter.h"
 
 #include "MaterialLibrary/IMaterial.h"
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 CMaterialFilter::CMaterialFilter(int materialKind, const ChooserFilterSettings& filterSettings)
     : kind(materialKind), settings(&filterSettings), allTypes(LoadText(MLTEXT_ALL))

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
-#include "MaterialLibrary/chooser/IMaterialFilter.h"
+#include "chooser/ChooserFilterSettings.h"
+#include "chooser/IMaterialFilter.h"
 
 // Accepts the materials of one kind that fit the filter settings. The type narrows metals only, technology
 // and thickness dielectrics only: hosts rely on a dielectric chooser showing every type.

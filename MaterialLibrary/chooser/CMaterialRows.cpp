@@ -1,17 +1,16 @@
-#include "MaterialLibrary/chooser/CMaterialRows.h"
-
-#include "grid/SortRows.h"
-#include "shared/Misc_String/CompareNatural.h"
-#include "shared/Misc_String/Decimal.h"
-#include "shared/Misc_String/FormatNumber.h"
+#include "chooser/CMaterialRows.h"
 
 #include "MaterialLibrary/IMatLib.h"
 #include "MaterialLibrary/IMaterial.h"
 #include "MaterialLibrary/IMaterialTable.h"
-#include "MaterialLibrary/chooser/IMaterialFilter.h"
-#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
-#include "MaterialLibrary/model/ITechnologyMapProvider.h"
-#include "MaterialLibrary/resources/Texts.h"
+#include "chooser/IMaterialFilter.h"
+#include "chooser/ISelectionChangeNotifier.h"
+#include "grid/SortRows.h"
+#include "model/ITechnologyMapProvider.h"
+#include "resources/Texts.h"
+#include "shared/Misc_String/CompareNatural.h"
+#include "shared/Misc_String/Decimal.h"
+#include "shared/Misc_String/FormatNumber.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "chooser/MaterialColumns.h"
+#include "chooser/ThicknessUnits.h"
 #include "grid/CGridModel.h"
-
-#include "MaterialLibrary/chooser/MaterialColumns.h"
-#include "MaterialLibrary/chooser/ThicknessUnits.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
+#include "chooser/ChooserFilterSettings.h"
 
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 ChooserFilterSettings& GetChooserFilterSettings()
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/chooser/CFilterString.h"
+#include "chooser/CFilterString.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/MaterialColumns.h"
+#include "chooser/MaterialColumns.h"
 
 namespace
 {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "grid/GridStyle.h"
-
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/resources/TextIds.h"
+#include "grid/GridStyle.h"
+#include "resources/TextIds.h"
 
 #include <span>
 

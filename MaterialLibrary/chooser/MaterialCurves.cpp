@@ -1,9 +1,8 @@
-#include "MaterialLibrary/chooser/MaterialCurves.h"
-
-#include "shared/Translation/Translate.h"
+#include "chooser/MaterialCurves.h"
 
 #include "MaterialLibrary/IMaterial.h"
 #include "MaterialLibrary/IMaterialTable.h"
+#include "shared/Translation/Translate.h"
 
 namespace
 {

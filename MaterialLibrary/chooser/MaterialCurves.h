@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/chart/CChartCurve.h"
+#include "chart/CChartCurve.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/ThicknessUnits.h"
+#include "chooser/ThicknessUnits.h"
 
 #include "shared/Misc_String/FormatNumber.h"
 

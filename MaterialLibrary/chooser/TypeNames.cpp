@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/TypeNames.h"
+#include "chooser/TypeNames.h"
 
 #include "MaterialLibrary/IMatLib.h"
 #include "MaterialLibrary/IMaterial.h"

@@ -1,6 +1,6 @@
-#include "MaterialLibrary/dielectric/CAmplitudeSearch.h"
+#include "dielectric/CAmplitudeSearch.h"
 
-#include "MaterialLibrary/dielectric/GolubReinsch.h"
+#include "dielectric/GolubReinsch.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
+#include "dielectric/CWidebandDebyeModel.h"
 
-#include "MaterialLibrary/dielectric/CAmplitudeSearch.h"
-#include "MaterialLibrary/dielectric/ErTrend.h"
+#include "dielectric/CAmplitudeSearch.h"
+#include "dielectric/ErTrend.h"
 
 #include <algorithm>
 #include <array>

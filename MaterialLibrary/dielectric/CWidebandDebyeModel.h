@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/dielectric/MLDEBYETERM.h"
+#include "dielectric/MLDEBYETERM.h"
 
 #include <cstdint>
 #include <span>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/dielectric/ErTrend.h"
+#include "dielectric/ErTrend.h"
 
 #include <algorithm>
 #include <cmath>

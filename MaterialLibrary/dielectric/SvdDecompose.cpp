@@ -1,6 +1,6 @@
-#include "MaterialLibrary/dielectric/SvdDecompose.h"
+#include "dielectric/SvdDecompose.h"
 
-#include "MaterialLibrary/dielectric/GolubReinsch.h"
+#include "dielectric/GolubReinsch.h"
 
 #include <vector>
 

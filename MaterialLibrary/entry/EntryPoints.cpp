@@ -1,12 +1,11 @@
+#include "MaterialLibrary/MaterialLibrary.h"
+#include "entry/FileQuery.h"
+#include "entry/PathList.h"
+#include "model/CFakeMaterialLib.h"
+#include "reader/LoadMaterialFile.h"
+#include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
 #include "shared/ModuleState/CModuleState.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
-#include "MaterialLibrary/entry/FileQuery.h"
-#include "MaterialLibrary/entry/PathList.h"
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 #include <memory>
 #include <string>

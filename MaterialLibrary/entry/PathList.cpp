@@ -1,4 +1,4 @@
-#include "MaterialLibrary/entry/PathList.h"
+#include "entry/PathList.h"
 
 std::vector<std::string_view> SplitPathList(std::string_view list)
 {

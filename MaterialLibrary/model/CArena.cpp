@@ -1,4 +1,4 @@
-#include "MaterialLibrary/model/CArena.h"
+#include "model/CArena.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/model/CHeapMemory.h"
+#include "model/CHeapMemory.h"
 
 #include <cstddef>
 #include <memory_resource>

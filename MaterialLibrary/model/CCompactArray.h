@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/model/CArena.h"
+#include "model/CArena.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,10 +1,9 @@
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
+#include "model/CFakeMaterialLib.h"
 
+#include "model/CMaterial.h"
+#include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
 #include "shared/ModuleState/CModuleState.h"
-
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "MaterialLibrary/IMatLib.h"
-#include "MaterialLibrary/model/CArena.h"
-#include "MaterialLibrary/model/CCompactArray.h"
-#include "MaterialLibrary/model/CNameIndex.h"
+#include "model/CArena.h"
+#include "model/CCompactArray.h"
+#include "model/CNameIndex.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/model/CHeapMemory.h"
+#include "model/CHeapMemory.h"
 
 #include <cstdlib>
 #include <new>

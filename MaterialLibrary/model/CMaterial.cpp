@@ -1,4 +1,4 @@
-#include "MaterialLibrary/model/CMaterial.h"
+#include "model/CMaterial.h"
 
 #include "shared/ModuleState/CModuleState.h"
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "MaterialLibrary/IMaterial.h"
-#include "MaterialLibrary/model/CCompactArray.h"
-#include "MaterialLibrary/model/CCompactText.h"
-#include "MaterialLibrary/model/CMaterialTable.h"
-#include "MaterialLibrary/model/IMaterialIO.h"
-#include "MaterialLibrary/model/MLLEGACYRECORD.h"
+#include "model/CCompactArray.h"
+#include "model/CCompactText.h"
+#include "model/CMaterialTable.h"
+#include "model/IMaterialIO.h"
+#include "model/MLLEGACYRECORD.h"
 
 #include <memory_resource>
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/model/CMaterialTable.h"
+#include "model/CMaterialTable.h"
 
 #include <cmath>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MaterialLibrary/IMaterialTable.h"
-#include "MaterialLibrary/model/CTableRows.h"
-#include "MaterialLibrary/model/IMaterialTableIO.h"
+#include "model/CTableRows.h"
+#include "model/IMaterialTableIO.h"
 
 #include <memory>
 #include <memory_resource>

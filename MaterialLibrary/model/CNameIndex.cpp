@@ -1,4 +1,4 @@
-#include "MaterialLibrary/model/CNameIndex.h"
+#include "model/CNameIndex.h"
 
 #include "MaterialLibrary/IMaterial.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/model/CCompactArray.h"
+#include "model/CCompactArray.h"
 
 #include <memory>
 

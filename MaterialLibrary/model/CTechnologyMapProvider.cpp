@@ -1,6 +1,6 @@
-#include "MaterialLibrary/model/CTechnologyMapProvider.h"
+#include "model/CTechnologyMapProvider.h"
 
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/model/ITechnologyMapProvider.h"
-#include "MaterialLibrary/resources/TextIds.h"
+#include "model/ITechnologyMapProvider.h"
+#include "resources/TextIds.h"
 
 #include <array>
 

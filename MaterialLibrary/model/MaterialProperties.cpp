@@ -1,8 +1,7 @@
 // How a material answers for a property at a frequency and a temperature: which table, and which value.
+#include "dielectric/CWidebandDebyeModel.h"
+#include "model/CMaterial.h"
 #include "shared/ModuleState/CModuleState.h"
-
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
-#include "MaterialLibrary/model/CMaterial.h"
 
 #include <array>
 #include <cmath>

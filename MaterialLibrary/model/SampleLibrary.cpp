@@ -1,6 +1,6 @@
 #include "MaterialLibrary/MLTypes.h"
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
 
 #include <span>
 

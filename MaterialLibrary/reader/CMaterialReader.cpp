@@ -1,12 +1,11 @@
-#include "MaterialLibrary/reader/CMaterialReader.h"
+#include "reader/CMaterialReader.h"
 
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/CTextPages.h"
+#include "reader/CTokenScanner.h"
+#include "reader/ReadError.h"
 #include "shared/Misc_String/EngineeringNumber.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/CTextPages.h"
-#include "MaterialLibrary/reader/CTokenScanner.h"
-#include "MaterialLibrary/reader/ReadError.h"
 
 #include <algorithm>
 #include <variant>

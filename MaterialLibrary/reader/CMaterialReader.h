@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MaterialLibrary/model/ITechnologyMapProvider.h"
-#include "MaterialLibrary/reader/CLexReader.h"
-#include "MaterialLibrary/resources/TextIds.h"
+#include "model/ITechnologyMapProvider.h"
+#include "reader/CLexReader.h"
+#include "resources/TextIds.h"
 
 #include <span>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/reader/CTokenScanner.h"
+#include "reader/CTokenScanner.h"
 
 #include "shared/Misc_String/Decimal.h"
 

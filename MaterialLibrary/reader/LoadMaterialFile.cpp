@@ -1,15 +1,14 @@
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
+#include "reader/LoadMaterialFile.h"
 
+#include "model/CFakeMaterialLib.h"
+#include "reader/CMaterialReader.h"
+#include "reader/CTextPages.h"
+#include "reader/CTokenScanner.h"
+#include "reader/ReadError.h"
+#include "reader/ReadWholeFile.h"
+#include "resources/FormatText.h"
+#include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/reader/CMaterialReader.h"
-#include "MaterialLibrary/reader/CTextPages.h"
-#include "MaterialLibrary/reader/CTokenScanner.h"
-#include "MaterialLibrary/reader/ReadError.h"
-#include "MaterialLibrary/reader/ReadWholeFile.h"
-#include "MaterialLibrary/resources/FormatText.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 namespace
 {

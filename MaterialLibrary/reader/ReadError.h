@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/resources/TextIds.h"
+#include "resources/TextIds.h"
 
 #include <string>
 #include <utility>

@@ -1,8 +1,8 @@
-#include "MaterialLibrary/reader/ReadWholeFile.h"
+#include "reader/ReadWholeFile.h"
 
-#include "MaterialLibrary/reader/ReadError.h"
-#include "MaterialLibrary/resources/FormatText.h"
-#include "MaterialLibrary/resources/Texts.h"
+#include "reader/ReadError.h"
+#include "resources/FormatText.h"
+#include "resources/Texts.h"
 
 #include <cerrno>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/reader/CTextPages.h"
+#include "reader/CTextPages.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 namespace
 {
@@ -10,7 +10,7 @@ struct CompiledText
 
 constexpr CompiledText compiledTexts[] = {
 #define ML_TEXT(identifier, text) {identifier, text},
-#include "MaterialLibrary/resources/Texts.inc"
+#include "resources/Texts.inc"
 #undef ML_TEXT
 };
 } // namespace

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/resources/FormatText.h"
+#include "resources/FormatText.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 std::string LoadText(unsigned identifier)
 {

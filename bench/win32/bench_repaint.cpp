@@ -1,9 +1,8 @@
 // A chart's window of 760 x 240 pixels painted again, against a bare loop of LineTo over the same segments.
 
+#include "chart/CAxisMapping.h"
+#include "chart/win32/CSimpleChartControl.h"
 #include "framework/DrawingScopes.h"
-
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/win32/CSimpleChartControl.h"
 
 #include <algorithm>
 #include <chrono>

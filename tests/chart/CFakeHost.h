@@ -1,9 +1,8 @@
 #pragma once
 
+#include "chart/IChartHost.h"
 #include "tests/chart/CRasterCanvas.h"
 #include "tests/chart/CRecorderCanvas.h"
-
-#include "MaterialLibrary/chart/IChartHost.h"
 
 #include <functional>
 #include <string>

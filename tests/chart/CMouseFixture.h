@@ -1,9 +1,8 @@
 #pragma once
 
+#include "chart/CChartMouse.h"
 #include "tests/chart/CFakeHost.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CChartMouse.h"
 
 #include <gtest/gtest.h>
 

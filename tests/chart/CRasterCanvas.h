@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/ICanvas.h"
+#include "chart/ICanvas.h"
 
 #include <cstdlib>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/ChartTexts.h"
+#include "chart/ChartTexts.h"
 
 #include "shared/Translation/Translate.h"
 

@@ -1,9 +1,8 @@
-#include "MaterialLibrary/chart/CurveSearch.h"
+#include "chart/CurveSearch.h"
 
+#include "chart/ChartLayout.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/ChartLayout.h"
 
 #include <gtest/gtest.h>
 #include <limits>

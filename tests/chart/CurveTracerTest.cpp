@@ -1,10 +1,9 @@
+#include "chart/CCurveTracer.h"
+#include "chart/ChartLayout.h"
+#include "chart/PaintChart.h"
 #include "tests/chart/CRasterCanvas.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CCurveTracer.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
 
 #include <gtest/gtest.h>
 #include <random>

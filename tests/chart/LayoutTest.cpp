@@ -1,8 +1,7 @@
+#include "chart/AxisTicks.h"
+#include "chart/ChartLayout.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
 
 #include <bit>
 #include <gtest/gtest.h>

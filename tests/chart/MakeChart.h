@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/CChartModel.h"
+#include "chart/CAxisMapping.h"
+#include "chart/CChartModel.h"
 
 #include <cmath>
 #include <string>

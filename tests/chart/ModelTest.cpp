@@ -1,6 +1,5 @@
+#include "chart/CChartModel.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CChartModel.h"
 
 #include <gmock/gmock.h>
 #include <limits>

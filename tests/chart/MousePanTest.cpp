@@ -1,6 +1,5 @@
+#include "chart/ZoomAndPan.h"
 #include "tests/chart/CMouseFixture.h"
-
-#include "MaterialLibrary/chart/ZoomAndPan.h"
 
 namespace
 {

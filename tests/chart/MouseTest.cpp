@@ -1,7 +1,6 @@
+#include "chart/CChartMouse.h"
+#include "chart/ZoomAndPan.h"
 #include "tests/chart/CMouseFixture.h"
-
-#include "MaterialLibrary/chart/CChartMouse.h"
-#include "MaterialLibrary/chart/ZoomAndPan.h"
 
 namespace
 {

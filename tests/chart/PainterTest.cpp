@@ -1,10 +1,9 @@
+#include "chart/AxisTicks.h"
+#include "chart/ChartLayout.h"
+#include "chart/ChartTexts.h"
+#include "chart/PaintChart.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/ChartTexts.h"
-#include "MaterialLibrary/chart/PaintChart.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,10 +1,9 @@
+#include "chart/CSvgCanvas.h"
+#include "chart/ChartLayout.h"
+#include "chart/PaintChart.h"
+#include "chart/PlaceAxisTexts.h"
 #include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CSvgCanvas.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
-#include "MaterialLibrary/chart/PlaceAxisTexts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,7 @@
+#include "chart/AxisTicks.h"
+#include "chart/CAxisMapping.h"
+#include "chart/ChartLayout.h"
 #include "tests/chart/CRecorderCanvas.h"
-
-#include "MaterialLibrary/chart/AxisTicks.h"
-#include "MaterialLibrary/chart/CAxisMapping.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,9 +1,8 @@
+#include "chart/CSvgCanvas.h"
+#include "chart/ChartLayout.h"
+#include "chart/PaintChart.h"
+#include "chart/XmlText.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CSvgCanvas.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
-#include "MaterialLibrary/chart/XmlText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "MaterialLibrary/chart/TickSearch.h"
+#include "chart/TickSearch.h"
 
-#include "MaterialLibrary/chart/CAxis.h"
-#include "MaterialLibrary/chart/Decades.h"
-#include "MaterialLibrary/chart/TolerantRounding.h"
+#include "chart/CAxis.h"
+#include "chart/Decades.h"
+#include "chart/TolerantRounding.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

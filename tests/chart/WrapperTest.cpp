@@ -1,7 +1,6 @@
+#include "chart/CChartControlWrapper.h"
 #include "tests/chart/CFakeHost.h"
 #include "tests/chart/MakeChart.h"
-
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
+#include "chooser/CFilterString.h"
 #include "shared/Misc_String/CodePage.h"
-
-#include "MaterialLibrary/chooser/CFilterString.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

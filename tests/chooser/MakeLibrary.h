@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/model/IMaterialTableIO.h"
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "model/IMaterialTableIO.h"
 
 #include <initializer_list>
 

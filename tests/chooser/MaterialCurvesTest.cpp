@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/MaterialCurves.h"
+#include "chooser/MaterialCurves.h"
 
 #include "tests/chooser/MakeLibrary.h"
 

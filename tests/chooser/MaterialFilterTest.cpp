@@ -1,8 +1,7 @@
+#include "chooser/CMaterialFilter.h"
+#include "chooser/ThicknessUnits.h"
+#include "chooser/TypeNames.h"
 #include "tests/chooser/MakeLibrary.h"
-
-#include "MaterialLibrary/chooser/CMaterialFilter.h"
-#include "MaterialLibrary/chooser/ThicknessUnits.h"
-#include "MaterialLibrary/chooser/TypeNames.h"
 
 #include <cmath>
 #include <gmock/gmock.h>

@@ -1,8 +1,7 @@
+#include "chooser/CMaterialRows.h"
+#include "chooser/IMaterialFilter.h"
+#include "chooser/ISelectionChangeNotifier.h"
 #include "tests/chooser/MakeLibrary.h"
-
-#include "MaterialLibrary/chooser/CMaterialRows.h"
-#include "MaterialLibrary/chooser/IMaterialFilter.h"
-#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,9 @@
 // What `matlib check` reads beside the library: it must refuse what the library refuses, and where.
+#include "model/CFakeMaterialLib.h"
+#include "reader/LoadMaterialFile.h"
 #include "tests/CollectedMessages.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/check/CMaterialFileParser.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

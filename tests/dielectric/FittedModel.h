@@ -1,8 +1,7 @@
 #pragma once
 
+#include "dielectric/CWidebandDebyeModel.h"
 #include "tests/dielectric/PlainFit.h"
-
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
 
 inline std::int32_t Prepare(CWidebandDebyeModel& model, const PlainLaminate& laminate)
 {

@@ -1,7 +1,6 @@
+#include "dielectric/CAmplitudeSearch.h"
 #include "tests/dielectric/FittedModel.h"
 #include "tests/dielectric/Laminates.h"
-
-#include "MaterialLibrary/dielectric/CAmplitudeSearch.h"
 
 #include <bit>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/dielectric/SvdDecompose.h"
+#include "dielectric/SvdDecompose.h"
 
 #include "tests/dielectric/PlainFit.h"
 

@@ -1,10 +1,9 @@
+#include "MaterialLibrary/MaterialLibrary.h"
+#include "entry/PathList.h"
+#include "model/CFakeMaterialLib.h"
+#include "resources/Texts.h"
 #include "tests/CollectedMessages.h"
 #include "tests/TemporaryFile.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
-#include "MaterialLibrary/entry/PathList.h"
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,8 +1,7 @@
 // Loading and freeing again and again leaves the process as large as it was.
+#include "MaterialLibrary/MaterialLibrary.h"
 #include "tests/ProcessMemory.h"
 #include "tests/TemporaryFile.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
 
 #include <gtest/gtest.h>
 

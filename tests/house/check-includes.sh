@@ -49,9 +49,12 @@ check_quoted()
 {
     local file=$1 line=$2 target=$3 room allowed target_room
     [[ $file == examples/* && -e ${file%/*}/$target ]] && return # the examples are built away from here too
-    [[ -e include/$target ]] && target=include/$target
-    if [[ ! -e $target ]]; then
-        mistake "$file" "$line" "\"$target\" is named from neither the root nor include/"
+    if [[ -e include/$target ]]; then
+        target=include/$target
+    elif [[ -e MaterialLibrary/$target ]]; then
+        target=MaterialLibrary/$target
+    elif [[ ! -e $target || $target == MaterialLibrary/* ]]; then
+        mistake "$file" "$line" "\"$target\" is named from neither the root nor include/ nor MaterialLibrary/"
         return
     fi
     room=$(room_of "$file")

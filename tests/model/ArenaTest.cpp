@@ -1,8 +1,7 @@
+#include "model/CArena.h"
+#include "model/CCompactArray.h"
+#include "model/CCompactText.h"
 #include "tests/CountingResource.h"
-
-#include "MaterialLibrary/model/CArena.h"
-#include "MaterialLibrary/model/CCompactArray.h"
-#include "MaterialLibrary/model/CCompactText.h"
 
 #include <algorithm>
 #include <array>

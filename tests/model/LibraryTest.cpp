@@ -1,8 +1,7 @@
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
 #include "tests/CollectedMessages.h"
 #include "tests/CountingResource.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
 
 #include <gtest/gtest.h>
 

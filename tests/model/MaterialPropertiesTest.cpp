@@ -1,5 +1,5 @@
-#include "MaterialLibrary/dielectric/CWidebandDebyeModel.h"
-#include "MaterialLibrary/model/CMaterial.h"
+#include "dielectric/CWidebandDebyeModel.h"
+#include "model/CMaterial.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
+#include "model/CMaterial.h"
+#include "model/CTechnologyMapProvider.h"
 #include "tests/CountingResource.h"
-
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/model/CTechnologyMapProvider.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
 #include "tests/dielectric/FittedModel.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <set>
 #include <string>

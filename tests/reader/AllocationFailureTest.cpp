@@ -1,10 +1,9 @@
 // Fails the n-th allocation, for every n, while a library is loaded and while it answers.
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
 #include "tests/CollectedMessages.h"
 #include "tests/TemporaryFile.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <cstddef>
 #include <cstdlib>

@@ -1,9 +1,8 @@
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
+#include "resources/Texts.h"
 #include "tests/CollectedMessages.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 #include <cmath>
 #include <filesystem>

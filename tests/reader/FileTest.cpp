@@ -1,9 +1,8 @@
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
 #include "tests/CollectedMessages.h"
 #include "tests/TemporaryFile.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

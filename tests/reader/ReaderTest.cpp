@@ -1,10 +1,9 @@
+#include "model/CFakeMaterialLib.h"
+#include "model/CMaterial.h"
+#include "reader/LoadMaterialFile.h"
+#include "resources/FormatText.h"
+#include "resources/Texts.h"
 #include "tests/CollectedMessages.h"
-
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
-#include "MaterialLibrary/model/CMaterial.h"
-#include "MaterialLibrary/reader/LoadMaterialFile.h"
-#include "MaterialLibrary/resources/FormatText.h"
-#include "MaterialLibrary/resources/Texts.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/reader/CTokenScanner.h"
+#include "reader/CTokenScanner.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,15 +1,14 @@
 #include "tools/matlib/CMaterialPlot.h"
 
+#include "MaterialLibrary/IMaterial.h"
+#include "chart/CSvgCanvas.h"
+#include "chart/ChartLayout.h"
+#include "chart/PaintChart.h"
+#include "chart/SmallestPositiveDouble.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/FrequencySweep.h"
 #include "tools/matlib/PropertyValue.h"
 #include "tools/matlib/Wording.h"
-
-#include "MaterialLibrary/IMaterial.h"
-#include "MaterialLibrary/chart/CSvgCanvas.h"
-#include "MaterialLibrary/chart/ChartLayout.h"
-#include "MaterialLibrary/chart/PaintChart.h"
-#include "MaterialLibrary/chart/SmallestPositiveDouble.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "chart/CChartModel.h"
 #include "tools/matlib/Options.h"
-
-#include "MaterialLibrary/chart/CChartModel.h"
 
 #include <memory>
 

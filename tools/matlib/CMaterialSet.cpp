@@ -1,13 +1,12 @@
 #include "tools/matlib/CMaterialSet.h"
 
+#include "MaterialLibrary/IMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
-
-#include "MaterialLibrary/IMaterial.h"
 
 #include <algorithm>
 

@@ -1,9 +1,8 @@
 #include "tools/matlib/PropertyValue.h"
 
+#include "MaterialLibrary/IMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/Wording.h"
-
-#include "MaterialLibrary/IMaterial.h"
 
 #include <bit>
 #include <cstdint>

@@ -1,10 +1,9 @@
-#include "MaterialLibrary/chart/win32/CChartControl.h"
+#include "chart/win32/CChartControl.h"
 
+#include "chart/CurveSearch.h"
 #include "framework/DrawingScopes.h"
 #include "framework/ModuleResources.h"
-
-#include "MaterialLibrary/chart/CurveSearch.h"
-#include "MaterialLibrary/resources/CursorIds.h"
+#include "resources/CursorIds.h"
 
 #include <windowsx.h>
 

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "chart/CChart.h"
+#include "chart/CChartMouse.h"
+#include "chart/win32/CGdiCanvas.h"
 #include "framework/CWnd.h"
 #include "framework/WindowScopes.h"
-
-#include "MaterialLibrary/chart/CChart.h"
-#include "MaterialLibrary/chart/CChartMouse.h"
-#include "MaterialLibrary/chart/win32/CGdiCanvas.h"
 
 #include <optional>
 

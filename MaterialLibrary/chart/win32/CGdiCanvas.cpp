@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chart/win32/CGdiCanvas.h"
+#include "chart/win32/CGdiCanvas.h"
 
 namespace
 {

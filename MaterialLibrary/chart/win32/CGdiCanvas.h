@@ -1,8 +1,7 @@
 #pragma once
 
+#include "chart/ICanvas.h"
 #include "framework/CHandle.h"
-
-#include "MaterialLibrary/chart/ICanvas.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialLibrary/chart/win32/CChartControl.h"
+#include "chart/win32/CChartControl.h"
 
 // The chart of the material chooser.
 class CSimpleChartControl final : public CChartControl

@@ -1,16 +1,15 @@
-#include "MaterialLibrary/chooser/win32/CChooseMaterialDlg.h"
-
-#include "framework/DialogItems.h"
-#include "framework/Profile.h"
-#include "framework/WindowScopes.h"
+#include "chooser/win32/CChooseMaterialDlg.h"
 
 #include "MaterialLibrary/IMatLib.h"
 #include "MaterialLibrary/IMaterial.h"
-#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
-#include "MaterialLibrary/chooser/ThicknessUnits.h"
-#include "MaterialLibrary/chooser/TypeNames.h"
-#include "MaterialLibrary/resources/DialogIds.h"
-#include "MaterialLibrary/resources/Texts.h"
+#include "chooser/ChooserFilterSettings.h"
+#include "chooser/ThicknessUnits.h"
+#include "chooser/TypeNames.h"
+#include "framework/DialogItems.h"
+#include "framework/Profile.h"
+#include "framework/WindowScopes.h"
+#include "resources/DialogIds.h"
+#include "resources/Texts.h"
 
 #include <algorithm>
 #include <utility>

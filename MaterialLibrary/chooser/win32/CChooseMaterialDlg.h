@@ -1,15 +1,14 @@
 #pragma once
 
+#include "chooser/CChartPaneState.h"
+#include "chooser/CMaterialFilter.h"
+#include "chooser/ISelectionChangeNotifier.h"
+#include "chooser/win32/CChooserChart.h"
+#include "chooser/win32/CEnterEdit.h"
+#include "chooser/win32/CMaterialGrid.h"
 #include "framework/CDialog.h"
 #include "framework/CHandle.h"
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
-
-#include "MaterialLibrary/chooser/CChartPaneState.h"
-#include "MaterialLibrary/chooser/CMaterialFilter.h"
-#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
-#include "MaterialLibrary/chooser/win32/CChooserChart.h"
-#include "MaterialLibrary/chooser/win32/CEnterEdit.h"
-#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,7 @@
-#include "MaterialLibrary/chooser/win32/CChooserChart.h"
-
-#include "shared/Translation/Translate.h"
+#include "chooser/win32/CChooserChart.h"
 
 #include "MaterialLibrary/MLTypes.h"
+#include "shared/Translation/Translate.h"
 
 namespace
 {

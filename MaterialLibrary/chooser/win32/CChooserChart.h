@@ -1,10 +1,9 @@
 #pragma once
 
+#include "chart/CChartControlWrapper.h"
+#include "chart/win32/CSimpleChartControl.h"
+#include "chooser/MaterialCurves.h"
 #include "framework/CHandle.h"
-
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
-#include "MaterialLibrary/chart/win32/CSimpleChartControl.h"
-#include "MaterialLibrary/chooser/MaterialCurves.h"
 
 class IMaterial;
 

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/chooser/win32/CEnterEdit.h"
+#include "chooser/win32/CEnterEdit.h"
 
 LRESULT CEnterEdit::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {

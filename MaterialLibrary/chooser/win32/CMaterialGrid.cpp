@@ -1,6 +1,6 @@
-#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
+#include "chooser/win32/CMaterialGrid.h"
 
-#include "MaterialLibrary/chooser/ISelectionChangeNotifier.h"
+#include "chooser/ISelectionChangeNotifier.h"
 
 void CMaterialGrid::SetNotifier(ISelectionChangeNotifier* newNotifier)
 {

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "chooser/CMaterialRows.h"
 #include "grid/win32/CGXGridWnd.h"
-
-#include "MaterialLibrary/chooser/CMaterialRows.h"
 
 // The table of materials in the chooser: the rows of a library in a grid control. Attach it to a control of
 // the class gridWindowClass, name the notifier and the filter, and set it up once.

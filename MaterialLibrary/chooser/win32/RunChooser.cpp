@@ -1,9 +1,8 @@
-#include "MaterialLibrary/chooser/win32/RunChooser.h"
+#include "chooser/win32/RunChooser.h"
 
+#include "chart/win32/CChartControl.h"
+#include "chooser/win32/CChooseMaterialDlg.h"
 #include "grid/win32/CGXGridWnd.h"
-
-#include "MaterialLibrary/chart/win32/CChartControl.h"
-#include "MaterialLibrary/chooser/win32/CChooseMaterialDlg.h"
 
 IMaterial* RunChooser(IMatLib& library, IMaterial* current, int materialKind)
 {

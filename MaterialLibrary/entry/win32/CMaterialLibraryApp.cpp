@@ -1,10 +1,9 @@
-#include "MaterialLibrary/entry/win32/CMaterialLibraryApp.h"
+#include "entry/win32/CMaterialLibraryApp.h"
 
+#include "chooser/win32/RunChooser.h"
+#include "model/CFakeMaterialLib.h"
 #include "shared/Misc_String/CodePage.h"
 #include "shared/ModuleState/CModuleState.h"
-
-#include "MaterialLibrary/chooser/win32/RunChooser.h"
-#include "MaterialLibrary/model/CFakeMaterialLib.h"
 
 bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
 {

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/entry/win32/CMaterialLibraryApp.h"
+#include "entry/win32/CMaterialLibraryApp.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/)
 {

@@ -1,4 +1,4 @@
-#include "MaterialLibrary/entry/FileQuery.h"
+#include "entry/FileQuery.h"
 
 #include <windows.h>
 

@@ -1,6 +1,5 @@
+#include "chooser/MaterialCurves.h"
 #include "shared/Translation/Translate.h"
-
-#include "MaterialLibrary/chooser/MaterialCurves.h"
 
 namespace
 {

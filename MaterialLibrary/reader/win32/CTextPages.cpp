@@ -1,4 +1,4 @@
-#include "MaterialLibrary/reader/CTextPages.h"
+#include "reader/CTextPages.h"
 
 #include <windows.h>
 

@@ -1,6 +1,5 @@
 #include "framework/ModuleResources.h"
-
-#include "MaterialLibrary/resources/Texts.h"
+#include "resources/Texts.h"
 
 bool FindModuleText(unsigned identifier, std::string& text)
 {

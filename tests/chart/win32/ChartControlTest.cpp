@@ -1,12 +1,11 @@
+#include "chart/CChartControlWrapper.h"
+#include "chart/win32/CSimpleChartControl.h"
 #include "framework/ModuleResources.h"
+#include "resources/CursorIds.h"
 #include "tests/CPixels.h"
 #include "tests/CountHandles.h"
 #include "tests/chart/MakeChart.h"
 #include "tests/win32/CImage.h"
-
-#include "MaterialLibrary/chart/CChartControlWrapper.h"
-#include "MaterialLibrary/chart/win32/CSimpleChartControl.h"
-#include "MaterialLibrary/resources/CursorIds.h"
 
 #include <functional>
 #include <gmock/gmock.h>

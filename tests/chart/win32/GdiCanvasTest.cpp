@@ -1,6 +1,5 @@
+#include "chart/win32/CGdiCanvas.h"
 #include "tests/CPixels.h"
-
-#include "MaterialLibrary/chart/win32/CGdiCanvas.h"
 
 #include <algorithm>
 #include <array>

@@ -1,17 +1,16 @@
 #pragma once
 
+#include "chart/win32/CSimpleChartControl.h"
+#include "chooser/ChooserFilterSettings.h"
+#include "chooser/MaterialColumns.h"
+#include "chooser/win32/CMaterialGrid.h"
+#include "chooser/win32/RunChooser.h"
 #include "framework/DialogItems.h"
+#include "resources/DialogIds.h"
 #include "tests/CModalScript.h"
 #include "tests/CSandboxedProfile.h"
 #include "tests/CollectedMessages.h"
 #include "tests/chooser/MakeLibrary.h"
-
-#include "MaterialLibrary/chart/win32/CSimpleChartControl.h"
-#include "MaterialLibrary/chooser/ChooserFilterSettings.h"
-#include "MaterialLibrary/chooser/MaterialColumns.h"
-#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
-#include "MaterialLibrary/chooser/win32/RunChooser.h"
-#include "MaterialLibrary/resources/DialogIds.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>

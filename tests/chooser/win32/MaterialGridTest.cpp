@@ -1,8 +1,7 @@
+#include "chooser/win32/CMaterialGrid.h"
 #include "tests/CountHandles.h"
 #include "tests/chooser/MakeLibrary.h"
 #include "tests/grid/win32/CGridFixture.h"
-
-#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,7 @@
 #include "tools/chart_demo/win32/CDemoFrame.h"
 
+#include "chart/SmallestPositiveDouble.h"
 #include "tools/chart_demo/win32/Laminate.h"
-
-#include "MaterialLibrary/chart/SmallestPositiveDouble.h"
 
 #include <cstdio>
 

@@ -1,14 +1,13 @@
 // Shows material files in the grid control: grid_demo.exe FILE.mat...
 // The window can be resized and reopens where it was left.
+#include "MaterialLibrary/MaterialLibrary.h"
+#include "chooser/CMaterialFilter.h"
+#include "chooser/win32/CMaterialGrid.h"
 #include "framework/CModalScope.h"
 #include "framework/CWnd.h"
 #include "framework/TextConversion.h"
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
 #include "shared/ModuleState/CModuleState.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
-#include "MaterialLibrary/chooser/CMaterialFilter.h"
-#include "MaterialLibrary/chooser/win32/CMaterialGrid.h"
 
 #include <shellapi.h>
 

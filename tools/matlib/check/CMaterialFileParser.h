@@ -1,9 +1,8 @@
 #pragma once
 
+#include "reader/CTokenScanner.h"
+#include "resources/TextIds.h"
 #include "tools/matlib/check/ParsedFile.h"
-
-#include "MaterialLibrary/reader/CTokenScanner.h"
-#include "MaterialLibrary/resources/TextIds.h"
 
 #include <string_view>
 

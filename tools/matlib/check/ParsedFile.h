@@ -1,8 +1,7 @@
 #pragma once
 
-#include "tools/matlib/check/Finding.h"
-
 #include "MaterialLibrary/MLTypes.h"
+#include "tools/matlib/check/Finding.h"
 
 #include <optional>
 #include <vector>

@@ -8,7 +8,7 @@ std::string_view GetReasonText(MLTEXTID reason)
 #define ML_TEXT(identifier, text)                                                                            \
     case identifier:                                                                                         \
         return text;
-#include "MaterialLibrary/resources/Texts.inc"
+#include "resources/Texts.inc"
 #undef ML_TEXT
     default:
         return {};

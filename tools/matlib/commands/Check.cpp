@@ -1,3 +1,4 @@
+#include "MaterialLibrary/IMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/Json.h"
@@ -7,8 +8,6 @@
 #include "tools/matlib/check/CMaterialFileParser.h"
 #include "tools/matlib/check/FindWarnings.h"
 #include "tools/matlib/commands/Commands.h"
-
-#include "MaterialLibrary/IMaterial.h"
 
 #include <algorithm>
 #include <fstream>

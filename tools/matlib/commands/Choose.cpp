@@ -1,3 +1,4 @@
+#include "MaterialLibrary/IMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CMaterialSet.h"
 #include "tools/matlib/Console.h"
@@ -5,8 +6,6 @@
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/commands/Commands.h"
-
-#include "MaterialLibrary/IMaterial.h"
 
 namespace
 {

@@ -1,7 +1,6 @@
+#include "MaterialLibrary/MaterialLibrary.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "tools/matlib/ILibraryHost.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
 
 #include <utility>
 

@@ -1,8 +1,7 @@
+#include "MaterialLibrary/MaterialLibrary.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/ILibraryHost.h"
 #include "tools/matlib/win32/messages/MessageSink.h"
-
-#include "MaterialLibrary/MaterialLibrary.h"
 
 #include <windows.h>
 
