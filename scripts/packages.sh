@@ -3,7 +3,7 @@
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
-build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev googletest"
+build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev googletest"
 run="$build g++-mingw-w64-x86-64-posix wine64 fonts-wine"
 display="xvfb openbox xdotool imagemagick"
 case ${1:-} in
@@ -13,7 +13,7 @@ test) wanted="$run $display clang lld man-db bsdextrautils doxygen llvm zip unzi
 package) wanted="$build g++-mingw-w64-x86-64-posix llvm zip" ;;
 docs) wanted="doxygen" ;;
 bench)
-    wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libfast-float-dev libeigen3-dev
+    wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libeigen3-dev
         liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev"
     ;;
 fuzz) wanted="$build clang libclang-rt-14-dev" ;;
