@@ -3,7 +3,7 @@
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
-build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev googletest"
+build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev googletest libgtest-dev libgmock-dev"
 run="$build g++-mingw-w64-x86-64-posix wine64 fonts-wine"
 display="xvfb openbox xdotool imagemagick"
 case ${1:-} in
