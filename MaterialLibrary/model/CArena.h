@@ -1,30 +1,45 @@
 #pragma once
 
-#include "model/CHeapMemory.h"
-
 #include <cstddef>
 #include <memory_resource>
+#include <new>
+#include <utility>
 
-// The storage of one library: what its materials own is taken from here piece by piece and given back all
-// at once. Nothing of it needs to be destroyed first.
+// The storage of one library: what its materials own is cut from here piece by piece and given back all at
+// once. Nothing of it needs to be destroyed first.
 //
-// Small blocks are cut from large chunks and are not reused; large blocks (long arrays, which grow) go
-// back as soon as they are released. Throws std::bad_alloc when memory is exhausted.
-class CArena final : public std::pmr::memory_resource
+// Small blocks are cut from large chunks and are not reused; large blocks (long arrays, which grow) go back
+// as soon as they are taken back. Throws std::bad_alloc when memory is exhausted.
+class CArena
 {
 public:
-    explicit CArena(std::pmr::memory_resource* upstream = &CHeapMemory::Get()) noexcept;
-    ~CArena() override;
+    explicit CArena(std::pmr::memory_resource* upstreamResource = std::pmr::new_delete_resource()) noexcept
+        : upstream(upstreamResource)
+    {
+    }
+    ~CArena() { Release(); }
     CArena(const CArena&) = delete;
     CArena& operator=(const CArena&) = delete;
 
+    // A block for anything of that alignment, at most that of std::max_align_t.
+    [[nodiscard]] void* Allocate(std::size_t bytes, std::size_t alignment);
+
+    // An object whose destructor never runs.
+    template <class T, class... Arguments>
+    [[nodiscard]] T& Make(Arguments&&... arguments)
+    {
+        static_assert(alignof(T) <= alignof(std::max_align_t));
+        return *::new (Allocate(sizeof(T), alignof(T))) T(std::forward<Arguments>(arguments)...);
+    }
+
+    // Takes back a block that nobody uses any more.
+    void TakeBack(void* block, std::size_t bytes) noexcept;
+
+    // Lengthens a small block where it is, when it is the one cut last and its chunk has room.
+    [[nodiscard]] bool TryExtend(const void* block, std::size_t oldBytes, std::size_t newBytes) noexcept;
+
     // Gives back everything. Every block of the arena is invalid afterwards.
     void Release() noexcept;
-
-    // Lengthens the block without a copy standing beside it: a small block when it is the one cut last and
-    // its chunk has room, a large one (which may move) when it came from the heap. Where the block is then;
-    // null, with nothing changed, when neither is possible.
-    [[nodiscard]] void* TryExtend(void* block, std::size_t oldBytes, std::size_t newBytes) noexcept;
 
     // Bytes taken from the upstream resource at present.
     [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return reservedBytes; }
@@ -38,17 +53,11 @@ private:
         std::size_t bytes;
     };
 
-    void* do_allocate(std::size_t bytes, std::size_t alignment) override;
-    void do_deallocate(void* block, std::size_t bytes, std::size_t alignment) override;
-    [[nodiscard]] bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override;
-
     [[nodiscard]] Chunk* AddChunk(Chunk*& list, std::size_t bytes);
     void FreeChunk(Chunk*& list, Chunk* chunk) noexcept;
-    void StartChunk(std::size_t leastBytes);
-    [[nodiscard]] void* LengthenLargeBlock(void* block, std::size_t newBytes) noexcept;
+    [[nodiscard]] void* AllocateBeyondChunk(std::size_t bytes);
 
     std::pmr::memory_resource* upstream;
-    CHeapMemory* heap;            // the upstream resource when that is the heap, else null
     Chunk* chunks = nullptr;      // cut into small blocks
     Chunk* largeBlocks = nullptr; // one block each
     std::byte* cursor = nullptr;  // the free rest of the newest chunk

@@ -4,15 +4,13 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
-#include <memory_resource>
+#include <memory>
 #include <new>
 #include <span>
 #include <type_traits>
 
 // A growable array of plain records in 16 bytes. A library holds hundreds of thousands of these, most with
-// a handful of elements, so it does not remember its memory resource: the owner passes the same one to
-// every operation and calls Release before the array goes.
+// a handful of elements, so it does not remember its arena: the owner passes the same one to every operation.
 template <class T>
 class CCompactArray
 {
@@ -29,35 +27,30 @@ public:
     }
     [[nodiscard]] std::span<T> GetAll() noexcept { return {elements, static_cast<std::size_t>(count)}; }
 
-    // Appends a copy. Throws std::bad_alloc, with the array unchanged.
-    void Append(std::pmr::memory_resource& resource, const T& element)
+    // Append copies; throw std::bad_alloc with the array unchanged.
+    void Append(CArena& arena, const T& element)
     {
-        if (count == capacity)
+        const T copy = element; // the element may be one of this array's own
+        Append(arena, std::span(&copy, 1));
+    }
+    void Append(CArena& arena, std::span<const T> added) // none of them in this array
+    {
+        if (added.size() > static_cast<std::size_t>(capacity - count))
         {
-            const T copy = element; // the element may be one of this array's own
-            Grow(resource);
-            ::new (static_cast<void*>(elements + count)) T(copy);
+            Grow(arena, static_cast<std::size_t>(count) + added.size());
         }
-        else
-        {
-            ::new (static_cast<void*>(elements + count)) T(element);
-        }
-        ++count;
+        std::uninitialized_copy(added.begin(), added.end(), elements + count);
+        count += static_cast<int>(added.size());
     }
 
-    // Takes the last element away. The array must not be empty.
-    T RemoveLast() noexcept { return elements[--count]; }
-
     // Discards the elements and gives the memory back.
-    void Release(std::pmr::memory_resource& resource) noexcept
+    void Release(CArena& arena) noexcept
     {
         if (elements != nullptr)
         {
-            resource.deallocate(elements, Bytes(capacity), alignof(T));
+            arena.TakeBack(elements, Bytes(capacity));
         }
-        elements = nullptr;
-        count = 0;
-        capacity = 0;
+        *this = {};
     }
 
 private:
@@ -66,33 +59,30 @@ private:
         return static_cast<std::size_t>(elementCount) * sizeof(T);
     }
 
-    // In an arena an array that is being filled is usually the block cut last, or a large one: it grows by
-    // little steps, without a copy and without leaving room behind.
-    void Grow(std::pmr::memory_resource& resource)
+    // An array that is being filled is usually the block cut last: it grows by little steps, without a copy
+    // and without leaving room behind.
+    void Grow(CArena& arena, std::size_t least)
     {
-        if (capacity > INT_MAX / 2)
+        const auto old = static_cast<std::size_t>(capacity);
+        const std::size_t extended = std::max(least, old + std::max<std::size_t>(4, old / 4));
+        const std::size_t grown = std::max(least, old + old / 2);
+        if (std::max(extended, grown) > INT_MAX)
         {
             throw std::bad_alloc();
         }
-        if (auto* const arena = dynamic_cast<CArena*>(&resource); arena != nullptr && elements != nullptr)
+        if (elements != nullptr && arena.TryExtend(elements, Bytes(capacity), extended * sizeof(T)))
         {
-            const int extended = capacity + std::max(4, capacity / 4);
-            if (void* const block = arena->TryExtend(elements, Bytes(capacity), Bytes(extended)))
-            {
-                elements = static_cast<T*>(block);
-                capacity = extended;
-                return;
-            }
+            capacity = static_cast<int>(extended);
+            return;
         }
-        const int grown = capacity + std::max(1, capacity / 2);
-        auto* const moved = static_cast<T*>(resource.allocate(Bytes(grown), alignof(T)));
+        auto* const moved = static_cast<T*>(arena.Allocate(grown * sizeof(T), alignof(T)));
         if (elements != nullptr)
         {
-            std::memcpy(static_cast<void*>(moved), elements, Bytes(count));
-            resource.deallocate(elements, Bytes(capacity), alignof(T));
+            std::uninitialized_copy_n(elements, count, moved);
+            arena.TakeBack(elements, Bytes(capacity));
         }
         elements = moved;
-        capacity = grown;
+        capacity = static_cast<int>(grown);
     }
 
     T* elements = nullptr;

@@ -1,40 +1,32 @@
 #pragma once
 
+#include "model/CArena.h"
+
 #include <cstring>
-#include <memory_resource>
 #include <string_view>
 
-// A text in 8 bytes, ending with NUL. Like CCompactArray it does not remember its memory resource.
+// A text in 8 bytes, ending with NUL. Like CCompactArray it does not remember its arena.
 class CCompactText
 {
 public:
-    // The text, never null; valid until it is set or released.
+    // The text, never null; valid until it is set.
     [[nodiscard]] const char* Get() const noexcept { return text != nullptr ? text : ""; }
 
-    [[nodiscard]] bool IsEmpty() const noexcept { return text == nullptr; }
-
-    // Copies `value` (null counts as empty). Throws std::bad_alloc, with the text unchanged.
-    void Set(std::pmr::memory_resource& resource, const char* value)
+    // Copies `value`. Throws std::bad_alloc, with the text unchanged.
+    void Set(CArena& arena, std::string_view value)
     {
         char* copy = nullptr;
-        if (value != nullptr && *value != '\0')
+        if (!value.empty())
         {
-            const std::size_t bytes = std::strlen(value) + 1;
-            copy = static_cast<char*>(resource.allocate(bytes, 1));
-            std::memcpy(copy, value, bytes);
+            copy = static_cast<char*>(arena.Allocate(value.size() + 1, 1));
+            value.copy(copy, value.size());
+            copy[value.size()] = '\0';
         }
-        Release(resource);
-        text = copy;
-    }
-
-    // Gives the memory back; the text is empty then.
-    void Release(std::pmr::memory_resource& resource) noexcept
-    {
         if (text != nullptr)
         {
-            resource.deallocate(text, std::strlen(text) + 1, 1);
+            arena.TakeBack(text, std::strlen(text) + 1);
         }
-        text = nullptr;
+        text = copy;
     }
 
 private:

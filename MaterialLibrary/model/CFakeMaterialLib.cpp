@@ -34,18 +34,7 @@ int CFakeMaterialLib::GetMaterialCount() const
 IMaterial* CFakeMaterialLib::GetMaterial(int index) const
 {
     const CModuleStateScope scope;
-    if (!materials.IsIndex(index))
-    {
-        return nullptr;
-    }
-    IMaterial*& material = materials[index];
-    if (IsStandIn(material))
-    {
-        CMaterial& own = MakeMaterial();
-        own.SetKind(material->GetKind());
-        material = &own;
-    }
-    return material;
+    return materials.IsIndex(index) ? materials[index] : nullptr;
 }
 
 IMaterial* CFakeMaterialLib::FindMaterial(const char* name)
@@ -88,41 +77,20 @@ IMaterial* CFakeMaterialLib::ChooseMaterial(IMaterial* current, int materialKind
     return nullptr;
 }
 
-CMaterial& CFakeMaterialLib::MakeMaterial() const
+CMaterial& CFakeMaterialLib::MakeMaterial()
 {
-    void* const storage = arena.allocate(sizeof(CMaterial), alignof(CMaterial));
-    return *::new (storage) CMaterial(arena);
+    return arena.Make<CMaterial>(arena);
 }
 
 CMaterial& CFakeMaterialLib::MakeMaterial(const MLLEGACYRECORD& record)
 {
-    void* const storage = arena.allocate(sizeof(CMaterial), alignof(CMaterial));
-    return *::new (storage) CMaterial(record, arena);
+    return arena.Make<CMaterial>(record, arena);
 }
 
 void CFakeMaterialLib::AddMaterial(CMaterial& material)
 {
     materials.Append(arena, &material);
     unvisited = materials.GetCount(); // the newest material of a name is the one to find
-}
-
-void CFakeMaterialLib::AddBlankMaterial(CMaterial& blank)
-{
-    CMaterial*& standIn = standIns.at(static_cast<std::size_t>(blank.GetKind()));
-    if (standIn == nullptr)
-    {
-        standIn = &blank;
-    }
-    else
-    {
-        arena.deallocate(&blank, sizeof(CMaterial), alignof(CMaterial));
-    }
-    AddMaterial(*standIn);
-}
-
-bool CFakeMaterialLib::IsStandIn(const IMaterial* material) const noexcept
-{
-    return material == standIns[0] || material == standIns[1];
 }
 
 bool CFakeMaterialLib::HasMaterialOfKind(int kind) const
@@ -137,6 +105,5 @@ void CFakeMaterialLib::RemoveAllMaterials() noexcept
     nameCache.Clear();
     unvisited = 0;
     materials.Release(arena);
-    standIns = {};
     arena.Release();
 }

@@ -5,8 +5,6 @@
 #include "model/CCompactArray.h"
 #include "model/CNameIndex.h"
 
-#include <array>
-
 class CMaterial;
 struct MLLEGACYRECORD;
 
@@ -22,7 +20,7 @@ public:
     static void SetChooser(Chooser chooser);
 
     // An empty library whose materials take their memory from `upstream`.
-    explicit CFakeMaterialLib(std::pmr::memory_resource* upstream = &CHeapMemory::Get());
+    explicit CFakeMaterialLib(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource());
     ~CFakeMaterialLib() override;
     CFakeMaterialLib(const CFakeMaterialLib&) = delete;
     CFakeMaterialLib& operator=(const CFakeMaterialLib&) = delete;
@@ -33,15 +31,11 @@ public:
     [[nodiscard]] IMaterial* ChooseMaterial(IMaterial* current, int materialKind) override;
 
     // Makes a material in the library's arena. It is no part of the library until AddMaterial.
-    [[nodiscard]] CMaterial& MakeMaterial() const;
+    [[nodiscard]] CMaterial& MakeMaterial();
     [[nodiscard]] CMaterial& MakeMaterial(const MLLEGACYRECORD& record);
 
     // Appends a material that MakeMaterial made.
     void AddMaterial(CMaterial& material);
-
-    // Appends a material like `blank`, a dielectric or metal that MakeMaterial made last and that nothing but
-    // its kind was set in. It takes memory once somebody asks for it; `blank` itself is taken back.
-    void AddBlankMaterial(CMaterial& blank);
 
     // Whether one of the materials is of that kind.
     [[nodiscard]] bool HasMaterialOfKind(int kind) const;
@@ -52,16 +46,9 @@ public:
     // Empties the library. Every material handed out is invalid afterwards.
     void RemoveAllMaterials() noexcept;
 
-    // Bytes that the materials have reserved at present.
-    [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return arena.GetReservedBytes(); }
-
 private:
-    [[nodiscard]] bool IsStandIn(const IMaterial* material) const noexcept;
-
-    // Mutable because GetMaterial makes the blank materials.
-    mutable CArena arena;
-    mutable CCompactArray<IMaterial*> materials;
-    std::array<CMaterial*, 2> standIns = {}; // in the list for all blank materials of a kind, or null
+    CArena arena;
+    CCompactArray<IMaterial*> materials;
 
     // Names met so far by look-ups, which walk the materials once, from the last to the first.
     CNameIndex nameCache;

@@ -4,13 +4,12 @@
 
 #include <algorithm>
 
-CMaterial::CMaterial(const MLLEGACYRECORD& record, std::pmr::memory_resource& memoryResource)
-    : CMaterial(memoryResource) // from here on the destructor gives back what a failing step leaves
+CMaterial::CMaterial(const MLLEGACYRECORD& record, CArena& materialArena) : CMaterial(materialArena)
 {
     kind = MLMATERIAL_DIELECTRIC;
     technology = record.technology;
-    name.Set(*resource, record.name);
-    legacyRecord.Append(*resource, record.numbers);
+    SetName(record.name);
+    legacyRecord.Append(*arena, record.numbers);
     if (record.hasThickness)
     {
         SetAttribute(MLATTR_THICKNESS, record.thickness);
@@ -19,28 +18,6 @@ CMaterial::CMaterial(const MLLEGACYRECORD& record, std::pmr::memory_resource& me
     {
         SetAttribute(MLATTR_BULK_RESISTIVITY, record.numbers.bulkResistivity);
     }
-}
-
-CMaterial::~CMaterial()
-{
-    while (tables.GetCount() > 0)
-    {
-        CMaterialTable::Deleter()(tables.RemoveLast());
-    }
-    attributes.Release(*resource);
-    tables.Release(*resource);
-    legacyRecord.Release(*resource);
-    comment.Release(*resource);
-    vendor.Release(*resource);
-    typeName.Release(*resource);
-    name.Release(*resource);
-}
-
-bool CMaterial::IsBlank() const noexcept
-{
-    return name.IsEmpty() && typeName.IsEmpty() && vendor.IsEmpty() && comment.IsEmpty() &&
-           technology == MLTECHNOLOGY_UNKNOWN && tables.GetCount() == 0 && attributes.GetCount() == 0 &&
-           legacyRecord.GetCount() == 0;
 }
 
 int CMaterial::CountTables(int tableKind) const
@@ -102,16 +79,16 @@ void CMaterial::SetAttribute(MLATTRIBID id, double value)
             return;
         }
     }
-    attributes.Append(*resource, {id, value});
+    attributes.Append(*arena, {id, value});
 }
 
-CMaterialTable& CMaterial::AppendTable(CMaterialTable::Pointer table)
+CMaterialTable& CMaterial::AppendTable(CMaterialTable& table)
 {
-    tables.Append(*resource, table.get());
-    return *table.release();
+    tables.Append(*arena, &table);
+    return table;
 }
 
 IMaterialTableIO* CMaterial::AddTable(int tableKind)
 {
-    return &AppendTable(CMaterialTable::Create(*resource, tableKind));
+    return &AppendTable(arena->Make<CMaterialTable>(*arena, tableKind));
 }

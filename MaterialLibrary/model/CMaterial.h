@@ -7,23 +7,16 @@
 #include "model/IMaterialIO.h"
 #include "model/MLLEGACYRECORD.h"
 
-#include <memory_resource>
-
-// One material with everything it owns, in storage of one memory resource. In a library that is the
-// library's arena, and the destructor never runs; elsewhere the destructor gives everything back.
+// One material. What it owns lies in an arena, which outlives it.
 class CMaterial final : public IMaterial, public IMaterialIO
 {
 public:
     // An empty material whose kind is not set.
-    explicit CMaterial(std::pmr::memory_resource& memoryResource = *std::pmr::get_default_resource()) noexcept
-        : resource(&memoryResource)
-    {
-    }
+    explicit CMaterial(CArena& materialArena) noexcept : arena(&materialArena) {}
 
     // A dielectric with the name, the technology and the present attributes of the record.
-    CMaterial(const MLLEGACYRECORD& record, std::pmr::memory_resource& memoryResource);
+    CMaterial(const MLLEGACYRECORD& record, CArena& materialArena);
 
-    ~CMaterial() override;
     CMaterial(const CMaterial&) = delete;
     CMaterial& operator=(const CMaterial&) = delete;
 
@@ -41,16 +34,13 @@ public:
 
     [[nodiscard]] IMaterialTableIO* GetTableIO(int index) override;
     void SetKind(int newKind) override { kind = newKind; }
-    void SetName(const char* newName) override { name.Set(*resource, newName); }
-    void SetTypeName(const char* newTypeName) override { typeName.Set(*resource, newTypeName); }
-    void SetVendor(const char* newVendor) override { vendor.Set(*resource, newVendor); }
-    void SetComment(const char* newComment) override { comment.Set(*resource, newComment); }
+    void SetName(const char* newName) override { SetText(name, newName); }
+    void SetTypeName(const char* newTypeName) override { SetText(typeName, newTypeName); }
+    void SetVendor(const char* newVendor) override { SetText(vendor, newVendor); }
+    void SetComment(const char* newComment) override { SetText(comment, newComment); }
     void SetIntAttribute(MLATTRIBID id, int value) override;
     void SetAttribute(MLATTRIBID id, double value) override;
     IMaterialTableIO* AddTable(int tableKind) override;
-
-    // Whether nothing was set but the kind.
-    [[nodiscard]] bool IsBlank() const noexcept;
 
     // Enters one measurement: Er and loss tangent at `frequency` in Hz and `temperature` in °C, each
     // appended to the material's table for that temperature, which is made when there is none.
@@ -63,7 +53,8 @@ private:
         double value;
     };
 
-    CMaterialTable& AppendTable(CMaterialTable::Pointer table);
+    void SetText(CCompactText& text, const char* value) { text.Set(*arena, value != nullptr ? value : ""); }
+    CMaterialTable& AppendTable(CMaterialTable& table);
     [[nodiscard]] CMaterialTable* FindTable(int tableKind, double temperature) const;
     [[nodiscard]] CMaterialTable* FindOrDeriveTable(int tableKind, double temperature);
     CMaterialTable& DeriveTable(int tableKind, double temperature);
@@ -71,7 +62,7 @@ private:
     [[nodiscard]] double FitDielectricValue(CMaterialTable& permittivityTable, CMaterialTable& lossTable,
                                             int tableKind, double frequency);
 
-    std::pmr::memory_resource* resource;
+    CArena* arena;
     CCompactText name;
     CCompactText typeName;
     CCompactText vendor;

@@ -18,41 +18,18 @@ std::optional<double> FindLastAt(std::span<const MLTBLENTRY> rows, double freque
 }
 } // namespace
 
-void CMaterialTable::Deleter::operator()(CMaterialTable* table) const noexcept
-{
-    std::pmr::memory_resource& storage = *table->resource;
-    table->~CMaterialTable();
-    storage.deallocate(table, sizeof(CMaterialTable), alignof(CMaterialTable));
-}
-
-CMaterialTable::Pointer CMaterialTable::Create(std::pmr::memory_resource& resource, int kind)
-{
-    void* const storage = resource.allocate(sizeof(CMaterialTable), alignof(CMaterialTable));
-    return Pointer(::new (storage) CMaterialTable(resource, kind));
-}
-
-CMaterialTable::~CMaterialTable()
-{
-    if (cache != nullptr)
-    {
-        cache->Release(*resource);
-        resource->deallocate(cache, sizeof *cache, alignof(CCompactArray<MLTBLENTRY>));
-    }
-    entries.Release(*resource);
-}
-
 const MLTBLENTRY& CMaterialTable::GetEntry(int index) const
 {
-    if (index < 0 || index >= entries.GetCount())
+    if (!entries.IsIndex(index))
     {
         throw std::invalid_argument("table row index out of range");
     }
-    return entries.GetAll()[static_cast<std::size_t>(index)];
+    return entries[index];
 }
 
 void CMaterialTable::SetSingleValue(double value)
 {
-    entries.Release(*resource);
+    entries.Release(*arena);
     AddEntry({singleValueFrequency, value});
 }
 
@@ -72,10 +49,9 @@ void CMaterialTable::AddCachedValue(double frequency, double value)
     }
     if (cache == nullptr)
     {
-        void* const storage = resource->allocate(sizeof *cache, alignof(CCompactArray<MLTBLENTRY>));
-        cache = ::new (storage) CCompactArray<MLTBLENTRY>();
+        cache = &arena->Make<CCompactArray<MLTBLENTRY>>();
     }
-    cache->Append(*resource, {frequency, value});
+    cache->Append(*arena, {frequency, value});
 }
 
 std::optional<double> CMaterialTable::FindCachedValue(double frequency) const noexcept

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "MaterialLibrary/IMaterialTable.h"
-#include "model/CTableRows.h"
+#include "model/CCompactArray.h"
 #include "model/IMaterialTableIO.h"
 
-#include <memory>
-#include <memory_resource>
 #include <optional>
 #include <utility>
 
@@ -16,15 +14,8 @@ public:
     static constexpr double defaultTemperature = 25.0;    // °C
     static constexpr double singleValueFrequency = 1.0e9; // Hz
 
-    struct Deleter
-    {
-        void operator()(CMaterialTable* table) const noexcept;
-    };
-    using Pointer = std::unique_ptr<CMaterialTable, Deleter>;
-
-    // A table without rows at 25 °C, in storage of `resource`.
-    [[nodiscard]] static Pointer Create(std::pmr::memory_resource& resource, int kind);
-
+    // A table without rows at 25 °C. What it owns lies in the arena.
+    CMaterialTable(CArena& tableArena, int tableKind) noexcept : arena(&tableArena), kind(tableKind) {}
     CMaterialTable(const CMaterialTable&) = delete;
     CMaterialTable& operator=(const CMaterialTable&) = delete;
 
@@ -35,7 +26,7 @@ public:
 
     void SetTemperature(double newTemperature) override { temperature = newTemperature; }
     [[nodiscard]] bool HasSeveralEntries() const override { return entries.GetCount() > 1; }
-    void AddEntry(const MLTBLENTRY& entry) override { entries.Append(*resource, entry); }
+    void AddEntry(const MLTBLENTRY& entry) override { entries.Append(*arena, entry); }
     void SetSingleValue(double value) override;
     [[nodiscard]] MLTBLENTRY GetEntry(int index) override { return std::as_const(*this).GetEntry(index); }
     [[nodiscard]] double GetFirstValue() const override { return GetEntry(0).value; }
@@ -56,15 +47,9 @@ public:
     [[nodiscard]] std::optional<double> FindEntryValue(double frequency) const noexcept;
 
 private:
-    CMaterialTable(std::pmr::memory_resource& tableResource, int tableKind) noexcept
-        : resource(&tableResource), kind(tableKind)
-    {
-    }
-    ~CMaterialTable();
-
-    std::pmr::memory_resource* resource;
+    CArena* arena;
     double temperature = defaultTemperature;
     CCompactArray<MLTBLENTRY>* cache = nullptr; // most tables are never asked between their rows
-    [[no_unique_address]] CTableRows entries;   // the kind fits into what it leaves of its last word
+    CCompactArray<MLTBLENTRY> entries;
     int kind;
 };

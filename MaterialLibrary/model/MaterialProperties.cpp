@@ -173,18 +173,18 @@ CMaterialTable* CMaterial::FindTable(int tableKind, double temperature) const
 
 CMaterialTable& CMaterial::DeriveTable(int tableKind, double temperature)
 {
-    CMaterialTable::Pointer derived = CMaterialTable::Create(*resource, tableKind);
+    auto& derived = arena->Make<CMaterialTable>(*arena, tableKind);
     const auto [lower, upper] = FindNeighbours(tables.GetAll(), tableKind, temperature);
     if (lower != nullptr && upper != nullptr)
     {
-        derived->AddEntry({referenceFrequency, InterpolateTemperature(*lower, *upper, temperature)});
+        derived.AddEntry({referenceFrequency, InterpolateTemperature(*lower, *upper, temperature)});
     }
     else if (lower != nullptr || upper != nullptr)
     {
-        derived->AddEntriesOf(lower != nullptr ? *lower : *upper);
+        derived.AddEntriesOf(lower != nullptr ? *lower : *upper);
     }
-    derived->SetTemperature(temperature);
-    return AppendTable(std::move(derived));
+    derived.SetTemperature(temperature);
+    return AppendTable(derived);
 }
 
 CMaterialTable* CMaterial::FindOrDeriveTable(int tableKind, double temperature)
@@ -283,9 +283,9 @@ CMaterialTable& CMaterial::NeedTable(int tableKind, double temperature)
         return *table;
     }
     // Only a material that is no dielectric comes here.
-    CMaterialTable::Pointer table = CMaterialTable::Create(*resource, tableKind);
-    table->SetTemperature(temperature);
-    return AppendTable(std::move(table));
+    auto& table = arena->Make<CMaterialTable>(*arena, tableKind);
+    table.SetTemperature(temperature);
+    return AppendTable(table);
 }
 
 void CMaterial::AddDielectricPoint(double frequency, double permittivity, double lossTangent,

@@ -2,7 +2,6 @@
 
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
-#include "reader/CTextPages.h"
 #include "reader/CTokenScanner.h"
 #include "reader/ReadError.h"
 #include "shared/Misc_String/EngineeringNumber.h"
@@ -68,18 +67,9 @@ constexpr MLRECORDKEY metalKeys[] = {
 };
 } // namespace
 
-CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner, CTextPages* textPages)
-    : CLexReader(tokenScanner), technologies(&GetTechnologyMap()), pages(textPages)
+CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner)
+    : CLexReader(tokenScanner), technologies(&GetTechnologyMap())
 {
-}
-
-// Called where no token is in use.
-void CMaterialReader::ReleaseReadText()
-{
-    if (pages != nullptr)
-    {
-        pages->ReleaseBefore(scanner->GetPosition());
-    }
 }
 
 void CMaterialReader::NeedToken(std::string_view& token)
@@ -173,7 +163,6 @@ void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
         }
         NeedToken(token);
         ReadBlock(library, token);
-        ReleaseReadText();
     }
 }
 
@@ -199,14 +188,7 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library, std::string_view word
     {
         ReadMetal(material);
     }
-    if (material.IsBlank())
-    {
-        library.AddBlankMaterial(material); // a file of nothing else would need ten times its size
-    }
-    else
-    {
-        library.AddMaterial(material);
-    }
+    library.AddMaterial(material);
 }
 
 void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECORDKEY> keys)
@@ -220,7 +202,6 @@ void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECOR
         }
         NeedToken(token);
         ReadRecord(material, keys, token);
-        ReleaseReadText();
     }
 }
 
@@ -281,7 +262,6 @@ void CMaterialReader::ReadRows(IMaterialTableIO& table, std::string_view& token)
             throw CParseError(MLTEXT_FREQUENCY_WITHOUT_VALUE);
         }
         table.AddEntry(row);
-        ReleaseReadText();
     }
 }
 

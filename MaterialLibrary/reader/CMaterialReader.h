@@ -8,7 +8,6 @@
 #include <string_view>
 
 class CFakeMaterialLib;
-class CTextPages;
 class IMaterialIO;
 class IMaterialTableIO;
 struct MLRECORDKEY;
@@ -19,8 +18,7 @@ struct MLRECORDKEY;
 class CMaterialReader : public CLexReader
 {
 public:
-    // `textPages` holds the scanner's text and loses what was read of it; null: the text stays.
-    explicit CMaterialReader(CTokenScanner& tokenScanner, CTextPages* textPages = nullptr);
+    explicit CMaterialReader(CTokenScanner& tokenScanner);
     virtual ~CMaterialReader() = default;
     CMaterialReader(const CMaterialReader&) = delete;
     CMaterialReader& operator=(const CMaterialReader&) = delete;
@@ -47,7 +45,6 @@ private:
     void ReadRecord(IMaterialIO& material, std::span<const MLRECORDKEY> keys, std::string_view word);
     void ReadRows(IMaterialTableIO& table, std::string_view& token);
 
-    void ReleaseReadText();
     void NeedToken(std::string_view& token);
     void NeedSign(char expected, MLTEXTID reason);
     void NeedThisToken(std::string_view expected, MLTEXTID reason);
@@ -57,6 +54,5 @@ private:
     std::uint32_t major = 0;
     std::uint32_t minor = 0;
     ITechnologyMapProvider* technologies;
-    CTextPages* pages;
     std::string_view blockWord; // of the first block; a file holds blocks of one word only
 };

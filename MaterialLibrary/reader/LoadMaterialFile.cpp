@@ -2,7 +2,6 @@
 
 #include "model/CFakeMaterialLib.h"
 #include "reader/CMaterialReader.h"
-#include "reader/CTextPages.h"
 #include "reader/CTokenScanner.h"
 #include "reader/ReadError.h"
 #include "reader/ReadWholeFile.h"
@@ -17,13 +16,13 @@ std::string DescribeParseError(const char* path, const CTokenScanner& scanner, c
     return FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME), {std::string_view(path), scanner.GetLine() + 1,
                                                            scanner.GetColumn(), LoadText(error.GetReason())});
 }
+} // namespace
 
-// `pages` holds the text, or is null.
-bool ReadMaterials(CFakeMaterialLib& library, char* text, CTextPages* pages, const char* path)
+bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
 {
     CTokenScanner scanner;
     scanner.Attach(text);
-    CMaterialReader reader(scanner, pages);
+    CMaterialReader reader(scanner);
     try
     {
         reader.ReadLibrary(library);
@@ -38,16 +37,10 @@ bool ReadMaterials(CFakeMaterialLib& library, char* text, CTextPages* pages, con
         return false;
     }
 }
-} // namespace
-
-bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
-{
-    return ReadMaterials(library, text, nullptr, path);
-}
 
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
 {
-    std::unique_ptr<CTextPages> text;
+    std::unique_ptr<char[]> text;
     try
     {
         text = ReadWholeFile(path);
@@ -58,5 +51,5 @@ bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
         library.RemoveAllMaterials();
         return false;
     }
-    return ReadMaterials(library, text->Get(), text.get(), path);
+    return LoadMaterialText(library, text.get(), path);
 }

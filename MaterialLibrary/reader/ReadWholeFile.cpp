@@ -48,7 +48,7 @@ std::int64_t FindSize(std::FILE* file)
 }
 } // namespace
 
-std::unique_ptr<CTextPages> ReadWholeFile(const char* path)
+std::unique_ptr<char[]> ReadWholeFile(const char* path)
 {
     const File file(std::fopen(path, "rb"));
     if (file == nullptr)
@@ -65,11 +65,12 @@ std::unique_ptr<CTextPages> ReadWholeFile(const char* path)
         ThrowFileError(MLTEXT_READ_ERROR, path);
     }
     const auto bytes = static_cast<std::size_t>(size);
-    auto text = std::make_unique<CTextPages>(bytes);
-    const std::size_t got = std::fread(text->Get(), 1, bytes, file.get());
+    auto text = std::make_unique_for_overwrite<char[]>(bytes + 1);
+    const std::size_t got = std::fread(text.get(), 1, bytes, file.get());
     if (got != bytes && std::ferror(file.get()) != 0)
     {
         ThrowFileError(MLTEXT_READ_ERROR, path);
     }
+    text[got] = '\0';
     return text;
 }

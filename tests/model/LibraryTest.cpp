@@ -36,39 +36,6 @@ TEST(CFakeMaterialLib, FindsTheMaterialAddedLastByItsExactName)
     EXPECT_EQ(library.GetMaterial(2), &other);
 }
 
-TEST(CFakeMaterialLib, BlankMaterialsAreMadeWhenAskedForAndAreMaterialsLikeOthers)
-{
-    CountingResource memory;
-    CFakeMaterialLib library(&memory);
-    constexpr int count = 20'000;
-    for (int i = 0; i < count; ++i)
-    {
-        CMaterial& blank = library.MakeMaterial();
-        blank.SetKind(i % 2);
-        ASSERT_TRUE(blank.IsBlank());
-        library.AddBlankMaterial(blank);
-    }
-    EXPECT_LT(memory.bytes, count * 4 * sizeof(void*)); // CMaterial itself is fourteen of them
-    EXPECT_TRUE(library.HasMaterialOfKind(MLMATERIAL_DIELECTRIC));
-    EXPECT_EQ(library.FindMaterial(""), nullptr);
-
-    auto& first = dynamic_cast<CMaterial&>(*library.GetMaterial(0));
-    IMaterial* const second = library.GetMaterial(2);
-    EXPECT_NE(&first, second);
-    EXPECT_EQ(library.GetMaterial(0), &first); // the same one again
-    EXPECT_EQ(first.GetKind(), MLMATERIAL_DIELECTRIC);
-    EXPECT_EQ(library.GetMaterial(3)->GetKind(), MLMATERIAL_METAL);
-    first.SetName("no longer blank");
-    (void)first.GetTable(MLTABLE_ER, 25.0);
-    EXPECT_STREQ(second->GetName(), "");
-    EXPECT_EQ(library.GetMaterial(4)->CountTables(MLTABLE_ALL), 0);
-
-    library.RemoveAllMaterials();
-    EXPECT_EQ(memory.bytes, 0u);
-    EXPECT_FALSE(library.HasMaterialOfKind(MLMATERIAL_METAL));
-    EXPECT_EQ(library.GetMaterial(0), nullptr);
-}
-
 // Whatever the order of the questions, the answers are those of a plain scan from the end.
 TEST(CFakeMaterialLib, FindsTheSameAsAPlainScan)
 {

@@ -33,7 +33,8 @@ double ValueOf(CMaterial& material, int kind, double frequency, double temperatu
 
 TEST(GetTable, TakesTheNearestTableWithinATenthOfADegree)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(material, MLTABLE_ER, 25.0, {});
     AddTable(material, MLTABLE_LOSS_TANGENT, 25.05, {});
@@ -50,7 +51,8 @@ TEST(GetTable, TakesTheNearestTableWithinATenthOfADegree)
 
 TEST(GetTable, RoughnessIgnoresTemperatureAndIsNeverDerived)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_METAL);
     AddTable(material, MLTABLE_ROUGHNESS_TOP, 25.0, {});
     AddTable(material, MLTABLE_ROUGHNESS_TOP, 100.0, {});
@@ -81,7 +83,8 @@ TEST(GetTable, DerivesOneRowFromBothNeighbours)
     };
     for (const Row& row : rows)
     {
-        CMaterial material;
+        CArena arena;
+        CMaterial material(arena);
         material.SetKind(MLMATERIAL_DIELECTRIC);
         AddTable(material, MLTABLE_ER, -60.0, {{1e9, 100.0}});
         AddTable(material, MLTABLE_ER, 20.0, row.at20);
@@ -101,7 +104,8 @@ TEST(GetTable, DerivesOneRowFromBothNeighbours)
 
 TEST(GetTable, CopiesTheOnlyNeighbourAndStaysEmptyWithoutOne)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
     AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.6}});
@@ -115,7 +119,8 @@ TEST(GetTable, CopiesTheOnlyNeighbourAndStaysEmptyWithoutOne)
 
 TEST(GetTable, FindsDerivedTablesOfAbsurdTemperaturesAgain)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}});
     for (const double temperature : {infinity, -infinity, notANumber, 1e300})
@@ -128,20 +133,21 @@ TEST(GetTable, FindsDerivedTablesOfAbsurdTemperaturesAgain)
 
 TEST(GetValue, AnswersFromConstantsAndExactRowsWithoutFitting)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(material, MLTABLE_ER, 25.0, {{1e9, 4.3}});
     EXPECT_EQ(ValueOf(material, MLTABLE_ER, 5e9, 25.0), untouched); // no loss tangent
     EXPECT_EQ(ValueOf(material, MLTABLE_ER, 1e9, 25.0), 4.3);
     AddTable(material, MLTABLE_LOSS_TANGENT, 50.0, {{1e9, 0.02}});
-    CMaterial constant;
+    CMaterial constant(arena);
     constant.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(constant, MLTABLE_ER, 25.0, {{1e9, 4.3}});
     AddTable(constant, MLTABLE_LOSS_TANGENT, 25.0, {{1e9, 0.02}});
     EXPECT_EQ(ValueOf(constant, MLTABLE_ER, 5e9, 25.0), 4.3);
     EXPECT_EQ(ValueOf(constant, MLTABLE_LOSS_TANGENT, notANumber, 25.0), 0.02);
 
-    CMaterial repeated;
+    CMaterial repeated(arena);
     repeated.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(repeated, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}, {1e6, 4.4}});
     EXPECT_EQ(ValueOf(repeated, MLTABLE_ER, 1e6, 25.0), 4.4); // the last row of a frequency
@@ -152,7 +158,8 @@ TEST(GetValue, FitsTheModelAndKeepsBothValues)
     const std::vector<double> frequencies = {1e6, 1e8, 1e9, 1e10};
     const std::vector<double> permittivity = {4.6, 4.4, 4.3, 4.2};
     const std::vector<double> lossTangent = {0.015, 0.018, 0.019, 0.02};
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     IMaterialTableIO& permittivityTable = AddTable(material, MLTABLE_ER, 25.0, {});
     IMaterialTableIO& lossTable = AddTable(material, MLTABLE_LOSS_TANGENT, 25.0, {});
@@ -180,7 +187,8 @@ TEST(GetValue, FitsTheModelAndKeepsBothValues)
 
 TEST(GetValue, AFailedFitIsMinusOneAndIsNotKept)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetKind(MLMATERIAL_DIELECTRIC);
     AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
     IMaterialTableIO& loss = AddTable(material, MLTABLE_LOSS_TANGENT, 25.0, {{1e6, 0.02}});
@@ -210,7 +218,8 @@ TEST(GetValue, RoughnessComesFromTheRowsAround)
     };
     for (const Row& row : rows)
     {
-        CMaterial material;
+        CArena arena;
+        CMaterial material(arena);
         material.SetKind(MLMATERIAL_METAL);
         AddTable(material, MLTABLE_ROUGHNESS_BOTTOM, 25.0, row.rows);
         EXPECT_DOUBLE_EQ(ValueOf(material, MLTABLE_ROUGHNESS_BOTTOM, row.frequency, 99.0), row.expected);
@@ -228,7 +237,8 @@ TEST(GetValue, AnyDoublesEndInAValue)
         {
             for (const double third : odd)
             {
-                CMaterial material;
+                CArena arena;
+                CMaterial material(arena);
                 material.SetKind(MLMATERIAL_DIELECTRIC);
                 AddTable(material, MLTABLE_ER, first, {{second, third}, {third, first}, {1e9, 4.0}});
                 AddTable(material, MLTABLE_LOSS_TANGENT, first,
@@ -243,7 +253,8 @@ TEST(GetValue, AnyDoublesEndInAValue)
 
 TEST(AddDielectricPoint, MakesTablesAlsoForAMaterialThatIsNoDielectric)
 {
-    CMaterial metal;
+    CArena arena;
+    CMaterial metal(arena);
     metal.SetKind(MLMATERIAL_METAL);
     metal.AddDielectricPoint(1e9, 4.0, 0.02, 85.0);
     metal.AddDielectricPoint(2e9, 3.9, 0.03, 85.0);

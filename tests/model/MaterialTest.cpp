@@ -1,6 +1,5 @@
 #include "model/CMaterial.h"
 #include "model/CTechnologyMapProvider.h"
-#include "tests/CountingResource.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -9,7 +8,8 @@ namespace
 {
 TEST(CMaterial, IsEmptyAtFirst)
 {
-    const CMaterial material;
+    CArena arena;
+    const CMaterial material(arena);
     double value = 7.0;
     int technology = 7;
     EXPECT_EQ(material.GetKind(), MLMATERIAL_NOT_SET);
@@ -23,9 +23,24 @@ TEST(CMaterial, IsEmptyAtFirst)
     EXPECT_EQ(technology, MLTECHNOLOGY_UNKNOWN);
 }
 
+TEST(CMaterial, TakesWhatALegacyRecordSaysIsPresent)
+{
+    CArena arena;
+    const CMaterial material(
+        {.name = "record", .hasBulkResistivity = true, .technology = 2, .numbers = {.bulkResistivity = 2.0}},
+        arena);
+    EXPECT_STREQ(material.GetName(), "record");
+    EXPECT_EQ(material.GetKind(), MLMATERIAL_DIELECTRIC);
+    double value = 0.0;
+    EXPECT_TRUE(material.GetAttribute(MLATTR_BULK_RESISTIVITY, &value));
+    EXPECT_EQ(value, 2.0);
+    EXPECT_FALSE(material.GetAttribute(MLATTR_THICKNESS, &value));
+}
+
 TEST(CMaterial, KeepsAttributesByIdentifierButOneTechnologyForAll)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     material.SetAttribute(MLATTR_THICKNESS, 0.1);
     material.SetAttribute(static_cast<MLATTRIBID>(-77), 5.0);
     material.SetAttribute(MLATTR_THICKNESS, 0.0002);
@@ -44,7 +59,8 @@ TEST(CMaterial, KeepsAttributesByIdentifierButOneTechnologyForAll)
 
 TEST(CMaterial, BothInterfacesSeeTheSameMaterial)
 {
-    CMaterial material;
+    CArena arena;
+    CMaterial material(arena);
     IMaterialIO& builder = material;
     IMaterial& reader = material;
     char name[] = "Laminate";
@@ -76,36 +92,12 @@ TEST(CMaterial, BothInterfacesSeeTheSameMaterial)
     EXPECT_EQ(reader.GetTableAt(1)->GetEntry(0).value, 0.02);
 }
 
-TEST(CMaterial, OutsideALibraryGivesEverythingBack)
-{
-    CountingResource heap;
-    {
-        CMaterial material({.name = "record",
-                            .hasBulkResistivity = true,
-                            .hasThickness = true,
-                            .thickness = 1.0,
-                            .technology = 2,
-                            .numbers = {.bulkResistivity = 2.0}},
-                           heap);
-        EXPECT_EQ(material.GetKind(), MLMATERIAL_DIELECTRIC);
-        double value = 0.0;
-        EXPECT_TRUE(material.GetAttribute(MLATTR_BULK_RESISTIVITY, &value));
-        EXPECT_EQ(value, 2.0);
-        material.AddDielectricPoint(1e6, 4.0, 0.02, 25.0);
-        material.AddDielectricPoint(1e9, 3.9, 0.03, 25.0);
-        material.GetValue(MLTABLE_ER, 1e8, &value, 25.0);
-        material.GetValue(MLTABLE_ER, 1e8, &value, 50.0);
-        EXPECT_GT(heap.bytes, 0u);
-    }
-    EXPECT_EQ(heap.bytes, 0u);
-}
-
 TEST(CMaterialTable, KeepsRowsAsAddedAndChecksIndexes)
 {
-    CountingResource heap;
-    const auto owned = CMaterialTable::Create(heap, MLTABLE_LOSS_TANGENT);
-    IMaterialTableIO& builder = *owned;
-    const IMaterialTable& reader = *owned;
+    CArena arena;
+    CMaterialTable table(arena, MLTABLE_LOSS_TANGENT);
+    IMaterialTableIO& builder = table;
+    const IMaterialTable& reader = table;
     EXPECT_EQ(reader.GetTableKind(), MLTABLE_LOSS_TANGENT);
     EXPECT_EQ(reader.GetTemperature(), 25.0);
     EXPECT_EQ(reader.GetEntryCount(), 0);

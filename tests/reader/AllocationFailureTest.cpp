@@ -10,22 +10,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <new>
-#include <sys/mman.h>
-
-// The linker leads every call for memory here, those of operator new below included.
-extern "C"
-{
-    void* __real_malloc(std::size_t bytes);
-    void* __real_realloc(void* block, std::size_t bytes);
-    void __real_free(void* block);
-    void* __wrap_malloc(std::size_t bytes);
-    void* __wrap_realloc(void* block, std::size_t bytes);
-    void __wrap_free(void* block);
-    void* __real_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset);
-    int __real_munmap(void* address, std::size_t bytes);
-    void* __wrap_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset);
-    int __wrap_munmap(void* address, std::size_t bytes);
-}
 
 namespace
 {
@@ -45,55 +29,41 @@ bool RunsOut()
 }
 } // namespace
 
-void* __wrap_malloc(std::size_t bytes)
-{
-    void* const block = RunsOut() ? nullptr : __real_malloc(bytes);
-    liveAllocations += block != nullptr ? 1 : 0;
-    return block;
-}
-
-void* __wrap_realloc(void* block, std::size_t bytes)
-{
-    return RunsOut() ? nullptr : __real_realloc(block, bytes);
-}
-
-void __wrap_free(void* block)
-{
-    liveAllocations -= block != nullptr ? 1 : 0;
-    __real_free(block);
-}
-
-void* __wrap_mmap(void* address, std::size_t bytes, int protection, int flags, int file, off_t offset)
-{
-    void* const pages = RunsOut() ? MAP_FAILED : __real_mmap(address, bytes, protection, flags, file, offset);
-    liveAllocations += pages != MAP_FAILED ? 1 : 0;
-    return pages;
-}
-
-int __wrap_munmap(void* address, std::size_t bytes)
-{
-    --liveAllocations;
-    return __real_munmap(address, bytes);
-}
-
 void* operator new(std::size_t bytes)
 {
-    void* const block = std::malloc(bytes > 0 ? bytes : 1);
+    void* const block = RunsOut() ? nullptr : std::malloc(bytes > 0 ? bytes : 1);
     if (block == nullptr)
     {
         throw std::bad_alloc();
     }
+    ++liveAllocations;
     return block;
+}
+
+void* operator new(std::size_t bytes, std::align_val_t)
+{
+    return operator new(bytes); // nothing here wants more than any block has
 }
 
 void operator delete(void* block) noexcept
 {
+    liveAllocations -= block != nullptr ? 1 : 0;
     std::free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept
 {
-    std::free(block);
+    operator delete(block);
+}
+
+void operator delete(void* block, std::align_val_t) noexcept
+{
+    operator delete(block);
+}
+
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept
+{
+    operator delete(block);
 }
 
 namespace
@@ -109,7 +79,7 @@ std::string MakeText()
                 "(ER TEMPERATURE=60 TABLE=1MHz 4.8 1GHz 4.5)"
                 "(LOSSTANGENT TABLE=1MHz 0.015 100MHz 0.018 1GHz 0.019 10GHz 0.02)}\n";
     }
-    text += "{DIELECTRIC}\n{DIELECTRIC}\n{DIELECTRIC (ER TABLE=\n";
+    text += "{DIELECTRIC (ER TABLE=\n";
     for (int i = 0; i < 6000; ++i)
     {
         text += "1GHz 4.3\n";
@@ -178,25 +148,6 @@ TEST(AllocationFailure, WhileFillingTheSampleLibraryAndFinding)
             (void)library.FindMaterial("Getinaks");
         });
     EXPECT_GE(allocations, 3);
-}
-
-TEST(AllocationFailure, WhileBuildingAMaterialOnTheHeap)
-{
-    const int allocations = FailEveryAllocation(
-        []
-        {
-            CMaterial material({.name = "record", .hasThickness = true, .numbers = {}},
-                               *std::pmr::new_delete_resource());
-            material.SetComment("comment");
-            for (int i = 0; i < 20; ++i)
-            {
-                material.AddDielectricPoint(1e6 * (i + 1), 4.0 - 0.01 * i, 0.02, 25.0);
-            }
-            double value = 0.0;
-            material.GetValue(MLTABLE_ER, 3.5e6, &value, 25.0);
-            material.GetValue(MLTABLE_ER, 3.5e6, &value, 85.0);
-        });
-    EXPECT_GT(allocations, 10);
 }
 
 // The library survives a failed question, and the next one is answered.

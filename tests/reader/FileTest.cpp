@@ -22,34 +22,6 @@ TEST(LoadMaterialFile, ReadsFilesWholeAndBinary)
     EXPECT_EQ(messages.boxes.size(), 0u);
 }
 
-// Long enough for its text to go back to the system bit by bit while it is read.
-TEST(LoadMaterialFile, ReadsALongFileLikeAShortOneAndKnowsItsLines)
-{
-    constexpr int materials = 10'000;
-    std::string text = "{MAT_FILE}{VERSION=1.0}\n";
-    for (int i = 0; i < materials; ++i)
-    {
-        text += "{DIELECTRIC (NAME = \"Laminate " + std::to_string(i) +
-                "\")\n(ER TABLE = 1MHz 4.5\n1GHz 4.25)\n" + (i % 100 == 0 ? std::string(5000, ' ') : "") +
-                "(THICKNESS = 2e-4)}\n";
-    }
-    CollectedMessages messages;
-    CFakeMaterialLib library;
-    ASSERT_TRUE(LoadMaterialFile(library, TemporaryFile("long.mat", text).GetPath().c_str()));
-    ASSERT_EQ(library.GetMaterialCount(), materials);
-    for (int i = 0; i < materials; ++i)
-    {
-        IMaterial& material = *library.GetMaterial(i);
-        ASSERT_EQ(material.GetName(), "Laminate " + std::to_string(i));
-        ASSERT_EQ(material.GetTableAt(0)->GetEntryCount(), 2);
-        ASSERT_EQ(material.GetTableAt(0)->GetEntry(1).value, 4.25);
-    }
-    EXPECT_FALSE(LoadMaterialFile(library, TemporaryFile("long.mat", text + "  {METAL").GetPath().c_str()));
-    ASSERT_EQ(messages.boxes.size(), 1u);
-    EXPECT_NE(messages.boxes[0].text.find("line 40002"), std::string::npos) << messages.boxes[0].text;
-    EXPECT_NE(messages.boxes[0].text.find("column 8"), std::string::npos) << messages.boxes[0].text;
-}
-
 TEST(LoadMaterialFile, SaysWhichFileCannotBeOpenedOrRead)
 {
     struct Row
