@@ -4,6 +4,7 @@
 
 #include "bench/RatioTable.h"
 #include "dielectric/CWidebandDebyeModel.h"
+#include "fuzz/plain_fit/PlainFit.h"
 #include "tests/dielectric/Laminates.h"
 
 #include <Eigen/SVD>
@@ -21,10 +22,10 @@ constexpr std::array<int, 4> sizes{5, 10, 20, 40};
 constexpr double wantedFrequency = 2.5e9;
 constexpr int repetitions = 5;
 
-std::vector<PlainLaminate> MakeLaminates(int points)
+std::vector<Laminate> MakeLaminates(int points)
 {
     constexpr std::uint64_t laminateCount = 64;
-    std::vector<PlainLaminate> laminates;
+    std::vector<Laminate> laminates;
     for (std::uint64_t seed = 0; seed < laminateCount; ++seed)
     {
         laminates.push_back(MakeLaminate(seed, points));
@@ -36,20 +37,15 @@ struct OurFit
 {
     static constexpr const char* name = "ours";
 
-    double operator()(const PlainLaminate& laminate) const
+    double operator()(const Laminate& laminate) const
     {
-        CWidebandDebyeModel model;
-        if (model.PrepareData(static_cast<std::int32_t>(laminate.erValues.size()),
-                              laminate.erFrequencies.data(), laminate.erValues.data(),
-                              static_cast<std::int32_t>(laminate.lossValues.size()),
-                              laminate.lossFrequencies.data(), laminate.lossValues.data()) != 1 ||
-            model.Fit() != 1)
+        const auto model = CWidebandDebyeModel::Fit(PrepareData(laminate.er, laminate.loss));
+        if (!model)
         {
             throw std::runtime_error("a laminate was refused");
         }
-        double real = 0.0, imaginary = 0.0;
-        model.Evaluate(wantedFrequency, real, imaginary);
-        return real + imaginary;
+        const std::complex<double> eps = model->Evaluate(wantedFrequency);
+        return eps.real() + eps.imag();
     }
 };
 
@@ -153,10 +149,10 @@ struct PlainFitWith
 {
     static constexpr const char* name = Svd::name;
 
-    double operator()(const PlainLaminate& laminate) const
+    double operator()(const Laminate& laminate) const
     {
         PlainFit fit;
-        if (!fit.Prepare(laminate))
+        if (!fit.Prepare(laminate.er, laminate.loss))
         {
             throw std::runtime_error("a laminate was refused");
         }
@@ -184,7 +180,7 @@ struct PlainFitWith
 template <class Fit>
 void Measure(benchmark::State& state)
 {
-    const std::vector<PlainLaminate> laminates = MakeLaminates(static_cast<int>(state.range(0)));
+    const std::vector<Laminate> laminates = MakeLaminates(static_cast<int>(state.range(0)));
     std::size_t next = 0;
     for (auto _ : state)
     {

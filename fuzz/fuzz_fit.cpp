@@ -2,7 +2,7 @@
 // enough to be done the plain way as well, both must agree bit for bit.
 
 #include "dielectric/CWidebandDebyeModel.h"
-#include "tests/dielectric/PlainFit.h"
+#include "fuzz/plain_fit/PlainFit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +14,7 @@
 
 namespace
 {
-// Two bytes with the counts of points, then the doubles of both tables in the order of PrepareData. Where the
+// Two bytes with the counts of points, then the doubles of both tables one column after the other. Where the
 // bytes end, 0 is taken.
 class CBytes
 {
@@ -31,20 +31,34 @@ public:
         return *bytes++ % (limit + 1);
     }
 
-    std::vector<double> TakeDoubles(std::size_t wanted)
+    std::vector<MLTBLENTRY> TakeRows(std::size_t wanted)
     {
-        std::vector<double> doubles(wanted);
-        const std::size_t taken = std::min(count, wanted * sizeof(double));
-        if (taken > 0)
+        std::vector<MLTBLENTRY> rows(wanted);
+        for (MLTBLENTRY& row : rows)
         {
-            std::memcpy(doubles.data(), bytes, taken);
+            row.frequency = TakeDouble();
         }
-        bytes += taken;
-        count -= taken;
-        return doubles;
+        for (MLTBLENTRY& row : rows)
+        {
+            row.value = TakeDouble();
+        }
+        return rows;
     }
 
 private:
+    double TakeDouble()
+    {
+        double number = 0.0;
+        const std::size_t taken = std::min(count, sizeof number);
+        if (taken > 0)
+        {
+            std::memcpy(&number, bytes, taken);
+        }
+        bytes += taken;
+        count -= taken;
+        return number;
+    }
+
     const std::uint8_t* bytes;
     std::size_t count;
 };
@@ -58,21 +72,24 @@ void Require(bool condition)
 }
 
 // Up to 40 decades a fit is the same as over a few, only slow.
-bool IsSlow(const std::vector<double>& f)
+bool IsSlow(const std::vector<MLTBLENTRY>& loss)
 {
-    const auto first = std::find_if(f.begin(), f.end(), [](double x) { return x >= 1e4; });
-    return first != f.end() && f.back() / *first > 1e8 && f.back() / *first < 1e42;
+    const auto first =
+        std::find_if(loss.begin(), loss.end(), [](const MLTBLENTRY& row) { return row.frequency >= 1e4; });
+    const double span = first != loss.end() ? loss.back().frequency / first->frequency : 0.0;
+    return span > 1e8 && span < 1e42;
 }
 
-void CompareWithPlain(const CWidebandDebyeModel& model, bool fitted, const PlainLaminate& laminate)
+void CompareWithPlain(const CWidebandDebyeModel& model, const std::vector<MLTBLENTRY>& er,
+                      const std::vector<MLTBLENTRY>& loss)
 {
-    constexpr int manageableTerms = 9;
-    if (model.GetTermCount() > manageableTerms || !fitted)
+    constexpr std::size_t manageableTerms = 9;
+    if (model.GetTerms().size() > manageableTerms)
     {
         return;
     }
     PlainFit plain;
-    Require(plain.Prepare(laminate) && plain.Fit());
+    Require(plain.Prepare(er, loss) && plain.Fit());
     // Absurd numbers can end beyond all numbers, on which way is not the same.
     if (!std::isfinite(plain.epsInf))
     {
@@ -91,28 +108,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CBytes bytes(data, size);
     const std::size_t erCount = bytes.TakeCount(12);
     const std::size_t lossCount = bytes.TakeCount(12);
-    PlainLaminate laminate;
-    laminate.erFrequencies = bytes.TakeDoubles(erCount);
-    laminate.erValues = bytes.TakeDoubles(erCount);
-    laminate.lossFrequencies = bytes.TakeDoubles(lossCount);
-    laminate.lossValues = bytes.TakeDoubles(lossCount);
-
-    if (IsSlow(laminate.lossFrequencies))
+    const std::vector<MLTBLENTRY> er = bytes.TakeRows(erCount);
+    const std::vector<MLTBLENTRY> loss = bytes.TakeRows(lossCount);
+    if (IsSlow(loss))
     {
         return 0;
     }
 
-    CWidebandDebyeModel model;
-    const bool prepared = model.PrepareData(static_cast<std::int32_t>(erCount), laminate.erFrequencies.data(),
-                                            laminate.erValues.data(), static_cast<std::int32_t>(lossCount),
-                                            laminate.lossFrequencies.data(), laminate.lossValues.data()) == 1;
-    Require(model.IsReady() == prepared);
-    const bool fitted = prepared && model.Fit() == 1;
-    Require(model.IsReady() == fitted);
-    double real = 0.0;
-    double imaginary = 0.0;
-    const double frequency = lossCount > 0 ? laminate.lossFrequencies.front() * 1.5 : 1e9;
-    Require((model.Evaluate(frequency, real, imaginary) == 1) == fitted);
-    CompareWithPlain(model, fitted, laminate);
+    const PreparedData prepared = PrepareData(er, loss);
+    Require(prepared.frequencies.size() == prepared.realParts.size() &&
+            prepared.frequencies.size() == prepared.imaginaryParts.size());
+    if (const auto model = CWidebandDebyeModel::Fit(prepared))
+    {
+        Require(model->GetLowestFrequency() <= model->GetHighestFrequency());
+        (void)model->Evaluate(loss.front().frequency * 1.5);
+        CompareWithPlain(*model, er, loss);
+    }
     return 0;
 }

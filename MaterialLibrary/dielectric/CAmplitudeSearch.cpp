@@ -1,6 +1,6 @@
 #include "dielectric/CAmplitudeSearch.h"
 
-#include "dielectric/GolubReinsch.h"
+#include "dielectric/SvdDecompose.h"
 
 #include <algorithm>
 
@@ -143,8 +143,8 @@ bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
     const MatrixOfColumns u{system, height};
     const MatrixOfColumns v{solution.right, termCount};
     // The target of the smoothing rows is 0: their part of U is of no use.
-    CGolubReinsch decomposition(u, height, termCount, pointCount, solution.singularValues, v, offDiagonal);
-    if (!decomposition.Decompose())
+    const std::size_t n = static_cast<std::size_t>(termCount);
+    if (!SvdDecompose(u, pointCount, {solution.singularValues, n}, v, {offDiagonal, n}))
     {
         return false;
     }

@@ -1,30 +1,15 @@
 #include "dielectric/CWidebandDebyeModel.h"
 
 #include "dielectric/CAmplitudeSearch.h"
-#include "dielectric/ErTrend.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <optional>
-
-static_assert(CWidebandDebyeModel::maxDecades <= CAmplitudeSearch::maxTerms);
 
 namespace
 {
-constexpr double lowestLossFrequency = 10000.0;
-
-// The corner frequencies of the terms, one term between each and the next.
-struct CornerGrid
-{
-    int termCount = 0;
-    std::array<double, CWidebandDebyeModel::maxDecades + 1> corners{};
-
-    std::span<const double> Corners() const
-    {
-        return {corners.data(), static_cast<std::size_t>(termCount) + 1};
-    }
-};
+// No measurement spans more decades, and the work grows with the fourth power of their number.
+constexpr int maxDecades = 40;
+static_assert(maxDecades <= CAmplitudeSearch::maxTerms);
 
 double PowerOfTen(int exponent)
 {
@@ -41,32 +26,27 @@ double PowerOfTen(int exponent)
     return power;
 }
 
-std::optional<CornerGrid> MakeCornerGrid(double firstFrequency, double lastFrequency)
+// The corner frequencies of the terms, one term between each and the next; none where there is no grid.
+std::vector<double> MakeCorners(double firstFrequency, double lastFrequency)
 {
     const double low = std::floor(std::log10(firstFrequency)) - 1.0;
     const double high = std::ceil(std::log10(lastFrequency)) + 1.0;
     const double decades = high - low;
-    if (!(decades >= 2.0 && decades <= CWidebandDebyeModel::maxDecades))
+    if (!(decades >= 2.0 && decades <= maxDecades))
     {
-        return std::nullopt;
+        return {};
     }
-
-    CornerGrid grid;
-    grid.termCount = static_cast<int>(decades);
-    const bool wide = grid.termCount >= 6;
+    const int termCount = static_cast<int>(decades);
+    const bool wide = termCount >= 6;
     const int first = static_cast<int>(low) + (wide ? 1 : 0);
-    for (int k = 0; k <= grid.termCount; ++k)
-    {
-        grid.corners[static_cast<std::size_t>(k)] = PowerOfTen(first + k);
-    }
-    if (!wide)
+    std::vector<double> corners;
+    for (int k = 0; k <= termCount; ++k)
     {
         // A narrow grid reaches two decades past the top in two strides.
-        const int last = static_cast<int>(high);
-        grid.corners[static_cast<std::size_t>(grid.termCount) - 1] = PowerOfTen(last);
-        grid.corners[static_cast<std::size_t>(grid.termCount)] = PowerOfTen(last + 2);
+        const int stride = wide ? 0 : std::max(0, k - termCount + 2);
+        corners.push_back(PowerOfTen(first + k + stride));
     }
-    return grid;
+    return corners;
 }
 
 // For each term the imaginary parts it has at the frequencies when its amplitude is 1.
@@ -93,6 +73,15 @@ std::vector<double> MakeBasis(std::span<const double> frequencies, std::span<con
     }
     return basis;
 }
+bool IsFittable(const PreparedData& data)
+{
+    const auto isFinite = [](double x) { return std::isfinite(x); };
+    return !data.frequencies.empty() &&
+           std::all_of(data.frequencies.begin(), data.frequencies.end(),
+                       [](double f) { return f > 0.0 && std::isfinite(f); }) &&
+           std::all_of(data.realParts.begin(), data.realParts.end(), isFinite) &&
+           std::all_of(data.imaginaryParts.begin(), data.imaginaryParts.end(), isFinite);
+}
 } // namespace
 
 double MLDEBYETERM::RealPart(double frequency) const
@@ -106,129 +95,54 @@ double MLDEBYETERM::ImaginaryPart(double frequency) const
     return deltaEps * g * (std::atan(frequency / f2) - std::atan(frequency / f1));
 }
 
-CWidebandDebyeModel::CWidebandDebyeModel(const CWidebandDebyeModel& other)
-    : termCount(other.termCount), termInputs(other.termInputs), epsInf(other.epsInf),
-      hasTermInputs(other.hasTermInputs)
+std::optional<CWidebandDebyeModel> CWidebandDebyeModel::Fit(const PreparedData& data)
 {
-}
-
-std::int32_t CWidebandDebyeModel::PrepareData(std::int32_t erCount, const double* erFrequencies,
-                                              const double* erValues, std::int32_t lossCount,
-                                              const double* lossFrequencies, const double* lossValues)
-{
-    ready = false;
-    if (erCount < 1 || lossCount < 2 || !erFrequencies || !erValues || !lossFrequencies || !lossValues)
+    if (!IsFittable(data))
     {
-        return 0;
+        return std::nullopt;
     }
-    const std::size_t erSize = static_cast<std::size_t>(erCount);
-    const std::optional<ErTrend> trend = FindErTrend({erFrequencies, erSize}, {erValues, erSize});
-    if (!trend)
+    const std::vector<double> corners = MakeCorners(data.frequencies.front(), data.frequencies.back());
+    if (corners.empty())
     {
-        errorText = "Wrong input data: negative or zero frequency or Dk";
-        return 0;
+        return std::nullopt;
     }
-
-    const double* const end = lossFrequencies + lossCount;
-    // Only leading points are passed over: a later one below the limit counts.
-    const double* const begin =
-        std::find_if(lossFrequencies, end, [](double f) { return f >= lowestLossFrequency; });
-    const std::size_t used = static_cast<std::size_t>(end - begin);
-    if (used < 2)
-    {
-        errorText = "Too few data points given for Df above 10 KHz";
-        return 0;
-    }
-    preparedFrequencies.assign(begin, end);
-    preparedRealParts.resize(used);
-    preparedImaginaryParts.resize(used);
-    const double* const lossTangents = lossValues + (begin - lossFrequencies);
-    for (std::size_t k = 0; k < used; ++k)
-    {
-        const double er = trend->At(begin[k]);
-        // The loss tangent serves as the loss angle itself; for the small angles of laminates they agree.
-        preparedRealParts[k] = er * std::cos(lossTangents[k]);
-        preparedImaginaryParts[k] = -er * std::sin(lossTangents[k]);
-    }
-    ready = true;
-    return 1;
-}
-
-bool CWidebandDebyeModel::HasFittableData() const
-{
-    const auto isFinite = [](double x) { return std::isfinite(x); };
-    return preparedFrequencies.size() >= 2 &&
-           std::all_of(preparedFrequencies.begin(), preparedFrequencies.end(),
-                       [](double f) { return f > 0.0 && std::isfinite(f); }) &&
-           std::all_of(preparedRealParts.begin(), preparedRealParts.end(), isFinite) &&
-           std::all_of(preparedImaginaryParts.begin(), preparedImaginaryParts.end(), isFinite);
-}
-
-int CWidebandDebyeModel::Fit()
-{
-    const bool prepared = ready && HasFittableData();
-    ready = false;
-    if (!prepared)
-    {
-        return 0;
-    }
-    const std::optional<CornerGrid> grid =
-        MakeCornerGrid(preparedFrequencies.front(), preparedFrequencies.back());
-    if (!grid)
-    {
-        return 0;
-    }
-    const std::vector<double> basis = MakeBasis(preparedFrequencies, grid->Corners());
-    CAmplitudeSearch search(basis, preparedImaginaryParts, grid->termCount);
+    const std::vector<double> basis = MakeBasis(data.frequencies, corners);
+    CAmplitudeSearch search(basis, data.imaginaryParts, static_cast<int>(corners.size()) - 1);
     if (!search.Run())
     {
-        return 0;
+        return std::nullopt;
     }
-    StoreTerms(grid->Corners(), search.GetAmplitudes());
-    FitEpsInf();
-    ready = true;
-    return 1;
+    std::vector<MLDEBYETERM> terms;
+    for (const double amplitude : search.GetAmplitudes())
+    {
+        const double f1 = corners[terms.size()];
+        const double f2 = corners[terms.size() + 1];
+        terms.push_back({f1, f2, amplitude, 1.0 / std::log(f2 / f1)});
+    }
+    return CWidebandDebyeModel(data, std::move(terms));
 }
 
-void CWidebandDebyeModel::StoreTerms(std::span<const double> corners, std::span<const double> amplitudes)
-{
-    termInputs.clear();
-    for (std::size_t k = 0; k < amplitudes.size(); ++k)
-    {
-        termInputs.push_back({corners[k], corners[k + 1], amplitudes[k]});
-    }
-    hasTermInputs = 1;
-
-    terms.clear();
-    for (const MLDEBYETERMINPUT& input : termInputs)
-    {
-        terms.push_back({input.f1, input.f2, input.deltaEps, 1.0 / std::log(input.f2 / input.f1)});
-    }
-    termCount = static_cast<std::int32_t>(terms.size());
-}
-
-// The mean of what the terms leave of the measured real parts.
-void CWidebandDebyeModel::FitEpsInf()
+// The constant is the mean of what the terms leave of the measured real parts.
+CWidebandDebyeModel::CWidebandDebyeModel(const PreparedData& data, std::vector<MLDEBYETERM> fittedTerms)
+    : terms(std::move(fittedTerms)),
+      lowestFrequency(*std::min_element(data.frequencies.begin(), data.frequencies.end())),
+      highestFrequency(*std::max_element(data.frequencies.begin(), data.frequencies.end()))
 {
     double sum = 0.0;
-    for (std::size_t i = 0; i < preparedFrequencies.size(); ++i)
+    for (std::size_t i = 0; i < data.frequencies.size(); ++i)
     {
         double real = 0.0;
         for (const MLDEBYETERM& term : terms)
         {
-            real += term.RealPart(preparedFrequencies[i]);
+            real += term.RealPart(data.frequencies[i]);
         }
-        sum += preparedRealParts[i] - real;
+        sum += data.realParts[i] - real;
     }
-    epsInf = sum / static_cast<double>(preparedFrequencies.size());
+    epsInf = sum / static_cast<double>(data.frequencies.size());
 }
 
-std::int32_t CWidebandDebyeModel::Evaluate(double frequency, double& realPart, double& imaginaryPart) const
+std::complex<double> CWidebandDebyeModel::Evaluate(double frequency) const
 {
-    if (!ready)
-    {
-        return 0;
-    }
     double real = epsInf;
     double imaginary = 0.0;
     for (const MLDEBYETERM& term : terms)
@@ -236,7 +150,5 @@ std::int32_t CWidebandDebyeModel::Evaluate(double frequency, double& realPart, d
         real += term.RealPart(frequency);
         imaginary += term.ImaginaryPart(frequency);
     }
-    realPart = real;
-    imaginaryPart = imaginary;
-    return 1;
+    return {real, imaginary};
 }

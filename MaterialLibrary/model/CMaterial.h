@@ -55,9 +55,7 @@ private:
 
     void SetText(CCompactText& text, const char* value) { text.Set(*arena, value != nullptr ? value : ""); }
     CMaterialTable& AppendTable(CMaterialTable& table);
-    [[nodiscard]] CMaterialTable* FindTable(int tableKind, double temperature) const;
     [[nodiscard]] CMaterialTable* FindOrDeriveTable(int tableKind, double temperature);
-    CMaterialTable& DeriveTable(int tableKind, double temperature);
     CMaterialTable& NeedTable(int tableKind, double temperature);
     [[nodiscard]] double FitDielectricValue(CMaterialTable& permittivityTable, CMaterialTable& lossTable,
                                             int tableKind, double frequency);

@@ -1,22 +1,9 @@
 #include "model/CMaterialTable.h"
 
+#include "model/PropertyAnswers.h"
+
 #include <cmath>
 #include <stdexcept>
-
-namespace
-{
-std::optional<double> FindLastAt(std::span<const MLTBLENTRY> rows, double frequency) noexcept
-{
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
-    {
-        if (row->frequency == frequency)
-        {
-            return row->value;
-        }
-    }
-    return std::nullopt;
-}
-} // namespace
 
 const MLTBLENTRY& CMaterialTable::GetEntry(int index) const
 {
@@ -31,14 +18,6 @@ void CMaterialTable::SetSingleValue(double value)
 {
     entries.Release(*arena);
     AddEntry({singleValueFrequency, value});
-}
-
-void CMaterialTable::AddEntriesOf(const CMaterialTable& other)
-{
-    for (const MLTBLENTRY& entry : other.GetEntries())
-    {
-        AddEntry(entry);
-    }
 }
 
 void CMaterialTable::AddCachedValue(double frequency, double value)
@@ -56,10 +35,5 @@ void CMaterialTable::AddCachedValue(double frequency, double value)
 
 std::optional<double> CMaterialTable::FindCachedValue(double frequency) const noexcept
 {
-    return cache != nullptr ? FindLastAt(cache->GetAll(), frequency) : std::nullopt;
-}
-
-std::optional<double> CMaterialTable::FindEntryValue(double frequency) const noexcept
-{
-    return FindLastAt(entries.GetAll(), frequency);
+    return cache != nullptr ? FindRowValue(cache->GetAll(), frequency) : std::nullopt;
 }

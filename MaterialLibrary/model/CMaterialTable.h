@@ -34,17 +34,14 @@ public:
     // All rows, in the order added.
     [[nodiscard]] std::span<const MLTBLENTRY> GetEntries() const noexcept { return entries.GetAll(); }
 
-    // Appends all rows of the other table.
-    void AddEntriesOf(const CMaterialTable& other);
+    // Appends the rows, which are none of this table's own.
+    void AddEntries(std::span<const MLTBLENTRY> rows) { entries.Append(*arena, rows); }
 
     // Keeps a computed value for FindCachedValue.
     void AddCachedValue(double frequency, double value);
 
     // The value computed last for exactly this frequency.
     [[nodiscard]] std::optional<double> FindCachedValue(double frequency) const noexcept;
-
-    // The value of the last row at exactly this frequency.
-    [[nodiscard]] std::optional<double> FindEntryValue(double frequency) const noexcept;
 
 private:
     CArena* arena;

@@ -40,7 +40,7 @@ double Frequency(int step)
 }
 } // namespace
 
-PlainLaminate MakeLaminate(std::uint64_t seed, int lossPoints)
+Laminate MakeLaminate(std::uint64_t seed, int lossPoints)
 {
     CDice dice(seed * 2654435761u + 17u);
     if (lossPoints == 0)
@@ -61,20 +61,18 @@ PlainLaminate MakeLaminate(std::uint64_t seed, int lossPoints)
     const int erPoints = dice.Between(0, 3) ? lossPoints : dice.Between(1, 6);
 
     const auto stepOf = [&](int k, int points) { return points < 2 ? span / 2 : k * span / (points - 1); };
-    PlainLaminate laminate;
+    Laminate laminate;
     for (int k = 0; k < erPoints; ++k)
     {
         const int at = stepOf(k, erPoints);
         const int value = er - erPerDecade * at / stepsPerDecade + dice.Between(-er / 400, er / 400);
-        laminate.erFrequencies.push_back(Frequency(lowest + at));
-        laminate.erValues.push_back(std::max(value, 1000) / 1000.0);
+        laminate.er.push_back({Frequency(lowest + at), std::max(value, 1000) / 1000.0});
     }
     for (int k = 0; k < lossPoints; ++k)
     {
         const int at = stepOf(k, lossPoints);
         const int value = loss + lossPerDecade * at / stepsPerDecade + dice.Between(-lossNoise, lossNoise);
-        laminate.lossFrequencies.push_back(Frequency(lowest + at));
-        laminate.lossValues.push_back(std::max(value, 1) / 10000.0);
+        laminate.loss.push_back({Frequency(lowest + at), std::max(value, 1) / 10000.0});
     }
     return laminate;
 }

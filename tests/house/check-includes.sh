@@ -9,7 +9,7 @@ cd "${1:-$(dirname "${BASH_SOURCE[0]}")/../..}"
 declare -A arrows=(
     [include]=""
     [shared]=""
-    [MaterialLibrary/dielectric]=""
+    [MaterialLibrary/dielectric]="include"
     [MaterialLibrary/resources]=""
     [MaterialLibrary/model]="include MaterialLibrary/dielectric MaterialLibrary/resources shared"
     [MaterialLibrary/reader]="include MaterialLibrary/model MaterialLibrary/resources shared"

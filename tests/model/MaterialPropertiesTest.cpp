@@ -1,67 +1,72 @@
 #include "dielectric/CWidebandDebyeModel.h"
+#include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <vector>
 
 namespace
 {
 constexpr double untouched = 77.0;
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+using Rows = std::vector<MLTBLENTRY>;
 
-IMaterialTableIO& AddTable(CMaterial& material, int kind, double temperature,
-                           const std::vector<MLTBLENTRY>& rows)
+// A material in a library of its own.
+struct Sample
 {
-    IMaterialTableIO& table = *material.AddTable(kind);
-    table.SetTemperature(temperature);
-    for (const MLTBLENTRY& row : rows)
+    explicit Sample(int kind) { material.SetKind(kind); }
+
+    IMaterialTableIO& Add(int kind, double temperature, const Rows& rows)
     {
-        table.AddEntry(row);
+        IMaterialTableIO& table = *material.AddTable(kind);
+        table.SetTemperature(temperature);
+        for (const MLTBLENTRY& row : rows)
+        {
+            table.AddEntry(row);
+        }
+        return table;
     }
-    return table;
-}
+    IMaterialTable* Table(int kind, double temperature) { return material.GetTable(kind, temperature); }
+    double Value(int kind, double frequency, double temperature = 25.0)
+    {
+        double value = untouched;
+        material.GetValue(kind, frequency, &value, temperature);
+        return value;
+    }
 
-double ValueOf(CMaterial& material, int kind, double frequency, double temperature)
-{
-    double value = untouched;
-    material.GetValue(kind, frequency, &value, temperature);
-    return value;
-}
+    CFakeMaterialLib library;
+    CMaterial& material = library.MakeMaterial();
+};
 
 TEST(GetTable, TakesTheNearestTableWithinATenthOfADegree)
 {
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(material, MLTABLE_ER, 25.0, {});
-    AddTable(material, MLTABLE_LOSS_TANGENT, 25.05, {});
-    AddTable(material, MLTABLE_ER, 25.08, {});
-    AddTable(material, MLTABLE_ER, 25.0, {});
-    EXPECT_EQ(material.GetTable(MLTABLE_ER, 25.01), material.GetTableAt(3)); // of equally near ones the last
-    EXPECT_EQ(material.GetTable(MLTABLE_ER, 25.05), material.GetTableAt(2));
-    EXPECT_EQ(material.GetTable(MLTABLE_ER, 24.95), material.GetTableAt(3));
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    sample.Add(MLTABLE_ER, 25.0, {});
+    sample.Add(MLTABLE_LOSS_TANGENT, 25.05, {});
+    sample.Add(MLTABLE_ER, 25.08, {});
+    sample.Add(MLTABLE_ER, 25.0, {});
+    CMaterial& material = sample.material;
+    EXPECT_EQ(sample.Table(MLTABLE_ER, 25.01), material.GetTableAt(3)); // of equally near ones the last
+    EXPECT_EQ(sample.Table(MLTABLE_ER, 25.05), material.GetTableAt(2));
+    EXPECT_EQ(sample.Table(MLTABLE_ER, 24.95), material.GetTableAt(3));
     EXPECT_EQ(material.CountTables(MLTABLE_ALL), 4);
-    const IMaterialTable* const derived = material.GetTable(MLTABLE_ER, 24.9); // a tenth away is too far
+    const IMaterialTable* const derived = sample.Table(MLTABLE_ER, 24.9); // a tenth away is too far
     EXPECT_EQ(derived, material.GetTableAt(4));
     EXPECT_EQ(material.CountTables(MLTABLE_ALL), 5);
 }
 
-TEST(GetTable, RoughnessIgnoresTemperatureAndIsNeverDerived)
+TEST(GetTable, RoughnessIgnoresTemperatureAndMetalsDeriveNothing)
 {
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_METAL);
-    AddTable(material, MLTABLE_ROUGHNESS_TOP, 25.0, {});
-    AddTable(material, MLTABLE_ROUGHNESS_TOP, 100.0, {});
-    EXPECT_EQ(material.GetTable(MLTABLE_ROUGHNESS_TOP, 25.0), material.GetTableAt(1));
-    EXPECT_EQ(material.GetTable(MLTABLE_ROUGHNESS_BOTTOM, 25.0), nullptr);
-    EXPECT_EQ(material.GetTable(MLTABLE_ER, 25.0), nullptr);
-    EXPECT_EQ(ValueOf(material, MLTABLE_ER, 1e9, 25.0), untouched);
-    EXPECT_EQ(material.GetTable(9, 25.0), nullptr);
-    EXPECT_EQ(material.CountTables(MLTABLE_ALL), 2);
+    Sample metal(MLMATERIAL_METAL);
+    metal.Add(MLTABLE_ROUGHNESS_TOP, 25.0, {});
+    metal.Add(MLTABLE_ROUGHNESS_TOP, 100.0, {});
+    EXPECT_EQ(metal.Table(MLTABLE_ROUGHNESS_TOP, 25.0), metal.material.GetTableAt(1));
+    for (const int none : {int{MLTABLE_ROUGHNESS_BOTTOM}, int{MLTABLE_ER}, 9})
+    {
+        EXPECT_EQ(metal.Table(none, 25.0), nullptr);
+        EXPECT_EQ(metal.Value(none, 1e9), untouched);
+    }
+    EXPECT_EQ(metal.material.CountTables(MLTABLE_ALL), 2);
 }
 
 // Rows: what stands at 20 °C and 40 °C, and what is derived for 30 °C.
@@ -69,8 +74,7 @@ TEST(GetTable, DerivesOneRowFromBothNeighbours)
 {
     struct Row
     {
-        std::vector<MLTBLENTRY> at20;
-        std::vector<MLTBLENTRY> at40;
+        Rows at20, at40;
         double expected;
     };
     const Row rows[] = {
@@ -83,118 +87,103 @@ TEST(GetTable, DerivesOneRowFromBothNeighbours)
     };
     for (const Row& row : rows)
     {
-        CArena arena;
-        CMaterial material(arena);
-        material.SetKind(MLMATERIAL_DIELECTRIC);
-        AddTable(material, MLTABLE_ER, -60.0, {{1e9, 100.0}});
-        AddTable(material, MLTABLE_ER, 20.0, row.at20);
-        AddTable(material, MLTABLE_ER, 400.0, {{1e9, 100.0}});
-        AddTable(material, MLTABLE_ER, 40.0, row.at40);
-        IMaterialTable* const derived = material.GetTable(MLTABLE_ER, 30.0);
-        ASSERT_NE(derived, nullptr);
-        EXPECT_EQ(derived, material.GetTableAt(4));
+        Sample sample(MLMATERIAL_DIELECTRIC);
+        // Of two tables at one temperature the one added last counts.
+        for (const double other : {-60.0, 20.0, 40.0, 400.0})
+        {
+            sample.Add(MLTABLE_ER, other, {{1e9, 100.0}});
+        }
+        sample.Add(MLTABLE_ER, 20.0, row.at20);
+        sample.Add(MLTABLE_ER, 40.0, row.at40);
+        IMaterialTable* const derived = sample.Table(MLTABLE_ER, 30.0);
+        EXPECT_EQ(derived, sample.material.GetTableAt(6));
         EXPECT_EQ(derived->GetTemperature(), 30.0);
         ASSERT_EQ(derived->GetEntryCount(), 1);
         EXPECT_EQ(derived->GetEntry(0).frequency, 1e9);
         EXPECT_EQ(derived->GetEntry(0).value, row.expected);
-        EXPECT_EQ(material.GetTable(MLTABLE_ER, 30.05), derived); // appended once
-        EXPECT_EQ(material.CountTables(MLTABLE_ALL), 5);
+        EXPECT_EQ(sample.Table(MLTABLE_ER, 30.05), derived); // appended once
     }
 }
 
 TEST(GetTable, CopiesTheOnlyNeighbourAndStaysEmptyWithoutOne)
 {
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
-    AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.6}});
-    const IMaterialTable* const above = material.GetTable(MLTABLE_ER, 85.0);
-    ASSERT_EQ(above->GetEntryCount(), 1); // of two at one temperature the last
-    EXPECT_EQ(above->GetEntry(0).value, 4.6);
-    EXPECT_EQ(above->GetTemperature(), 85.0);
-    EXPECT_EQ(material.GetTable(MLTABLE_LOSS_TANGENT, 85.0)->GetEntryCount(), 0);
-    EXPECT_EQ(ValueOf(material, MLTABLE_LOSS_TANGENT, 1e9, 85.0), untouched);
-}
-
-TEST(GetTable, FindsDerivedTablesOfAbsurdTemperaturesAgain)
-{
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}});
-    for (const double temperature : {infinity, -infinity, notANumber, 1e300})
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    sample.Add(MLTABLE_ER, 25.0, {{1e6, 4.6}, {1e9, 4.2}});
+    for (const double temperature : {85.0, -10.0})
     {
-        const IMaterialTable* const derived = material.GetTable(MLTABLE_ER, temperature);
-        EXPECT_EQ(material.GetTable(MLTABLE_ER, temperature), derived) << temperature;
+        const IMaterialTable* const derived = sample.Table(MLTABLE_ER, temperature);
+        ASSERT_EQ(derived->GetEntryCount(), 2);
+        EXPECT_EQ(derived->GetEntry(0).value, 4.6);
+        EXPECT_EQ(derived->GetTemperature(), temperature);
     }
-    EXPECT_EQ(material.CountTables(MLTABLE_ALL), 5);
+    EXPECT_EQ(sample.Table(MLTABLE_LOSS_TANGENT, 85.0)->GetEntryCount(), 0);
+    EXPECT_EQ(sample.Value(MLTABLE_LOSS_TANGENT, 1e9, 85.0), untouched);
+    for (const double absurd : {HUGE_VAL, -HUGE_VAL, double{NAN}, 1e300})
+    {
+        const IMaterialTable* const derived = sample.Table(MLTABLE_ER, absurd);
+        EXPECT_EQ(sample.Table(MLTABLE_ER, absurd), derived) << absurd;
+    }
 }
 
 TEST(GetValue, AnswersFromConstantsAndExactRowsWithoutFitting)
 {
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(material, MLTABLE_ER, 25.0, {{1e9, 4.3}});
-    EXPECT_EQ(ValueOf(material, MLTABLE_ER, 5e9, 25.0), untouched); // no loss tangent
-    EXPECT_EQ(ValueOf(material, MLTABLE_ER, 1e9, 25.0), 4.3);
-    AddTable(material, MLTABLE_LOSS_TANGENT, 50.0, {{1e9, 0.02}});
-    CMaterial constant(arena);
-    constant.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(constant, MLTABLE_ER, 25.0, {{1e9, 4.3}});
-    AddTable(constant, MLTABLE_LOSS_TANGENT, 25.0, {{1e9, 0.02}});
-    EXPECT_EQ(ValueOf(constant, MLTABLE_ER, 5e9, 25.0), 4.3);
-    EXPECT_EQ(ValueOf(constant, MLTABLE_LOSS_TANGENT, notANumber, 25.0), 0.02);
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    sample.Add(MLTABLE_ER, 25.0, {{1e9, 4.3}});
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 1e9), 4.3);
+    EXPECT_EQ(sample.material.CountTables(MLTABLE_ALL), 1); // loss tangents were not looked for
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 5e9), untouched);
+    sample.Add(MLTABLE_LOSS_TANGENT, 25.0, {{1e9, 0.02}});
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 5e9), 4.3);
+    EXPECT_EQ(sample.Value(MLTABLE_LOSS_TANGENT, NAN), 0.02);
 
-    CMaterial repeated(arena);
-    repeated.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(repeated, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}, {1e6, 4.4}});
-    EXPECT_EQ(ValueOf(repeated, MLTABLE_ER, 1e6, 25.0), 4.4); // the last row of a frequency
+    Sample repeated(MLMATERIAL_DIELECTRIC);
+    repeated.Add(MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}, {1e6, 4.4}});
+    EXPECT_EQ(repeated.Value(MLTABLE_ER, 1e6), 4.4); // the last row of a frequency
 }
 
 TEST(GetValue, FitsTheModelAndKeepsBothValues)
 {
-    const std::vector<double> frequencies = {1e6, 1e8, 1e9, 1e10};
-    const std::vector<double> permittivity = {4.6, 4.4, 4.3, 4.2};
-    const std::vector<double> lossTangent = {0.015, 0.018, 0.019, 0.02};
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    IMaterialTableIO& permittivityTable = AddTable(material, MLTABLE_ER, 25.0, {});
-    IMaterialTableIO& lossTable = AddTable(material, MLTABLE_LOSS_TANGENT, 25.0, {});
-    for (std::size_t i = 0; i < frequencies.size(); ++i)
-    {
-        permittivityTable.AddEntry({frequencies[i], permittivity[i]});
-        lossTable.AddEntry({frequencies[i], lossTangent[i]});
-    }
-    CWidebandDebyeModel model;
-    ASSERT_EQ(model.PrepareData(4, frequencies.data(), permittivity.data(), 4, frequencies.data(),
-                                lossTangent.data()),
-              1);
-    ASSERT_EQ(model.Fit(), 1);
-    double real = 0.0;
-    double imaginary = 0.0;
-    ASSERT_EQ(model.Evaluate(2.5e9, real, imaginary), 1);
+    Rows er = {{1e6, 4.6}, {1e8, 4.4}, {1e9, 4.3}, {1e10, 4.2}};
+    const Rows loss = {{1e6, 0.015}, {1e8, 0.018}, {1e9, 0.019}, {1e10, 0.02}};
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    IMaterialTableIO& erTable = sample.Add(MLTABLE_ER, 25.0, er);
+    sample.Add(MLTABLE_LOSS_TANGENT, 25.0, loss);
+    const auto model = CWidebandDebyeModel::Fit(PrepareData(er, loss));
+    const std::complex<double> eps = model->Evaluate(2.5e9);
+    EXPECT_EQ(sample.Value(MLTABLE_LOSS_TANGENT, 2.5e9), -eps.imag() / eps.real());
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 2.6e9), model->Evaluate(2.6e9).real());
 
-    EXPECT_EQ(ValueOf(material, MLTABLE_LOSS_TANGENT, 2.5e9, 25.0), -imaginary / real);
-    permittivityTable.AddEntry({1e11, 1.0}); // what is kept does not change any more
-    EXPECT_EQ(ValueOf(material, MLTABLE_ER, 2.5e9, 25.0), real);
-    EXPECT_EQ(ValueOf(material, MLTABLE_LOSS_TANGENT, 2.5e9, 25.0), -imaginary / real);
-    EXPECT_NE(ValueOf(material, MLTABLE_ER, 2.6e9, 25.0), real);
-    EXPECT_EQ(material.CountTables(MLTABLE_ALL), 2);
+    // What is kept does not change any more; new questions see the new row.
+    erTable.AddEntry({1e11, 1.0});
+    er.push_back({1e11, 1.0});
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 2.5e9), eps.real());
+    EXPECT_EQ(sample.Value(MLTABLE_LOSS_TANGENT, 2.5e9), -eps.imag() / eps.real());
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 2.7e9),
+              CWidebandDebyeModel::Fit(PrepareData(er, loss))->Evaluate(2.7e9).real());
+    EXPECT_EQ(sample.material.CountTables(MLTABLE_ALL), 2);
 }
 
 TEST(GetValue, AFailedFitIsMinusOneAndIsNotKept)
 {
-    CArena arena;
-    CMaterial material(arena);
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    AddTable(material, MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
-    IMaterialTableIO& loss = AddTable(material, MLTABLE_LOSS_TANGENT, 25.0, {{1e6, 0.02}});
-    EXPECT_EQ(ValueOf(material, MLTABLE_ER, 2e9, 25.0), -1.0);
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    sample.Add(MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
+    IMaterialTableIO& loss = sample.Add(MLTABLE_LOSS_TANGENT, 25.0, {{1e6, 0.02}});
+    EXPECT_EQ(sample.Value(MLTABLE_ER, 2e9), -1.0);
     loss.AddEntry({1e9, 0.021});
-    EXPECT_GT(ValueOf(material, MLTABLE_ER, 2e9, 25.0), 1.0);
+    EXPECT_GT(sample.Value(MLTABLE_ER, 2e9), 1.0);
+}
+
+// Two tables of one kind share the other kind's table, and with it what is kept there.
+TEST(GetValue, TheValueKeptLastCounts)
+{
+    Sample sample(MLMATERIAL_DIELECTRIC);
+    sample.Add(MLTABLE_ER, 25.0, {{1e6, 4.5}, {1e9, 4.2}});
+    sample.Add(MLTABLE_LOSS_TANGENT, 25.05, {{1e6, 0.02}, {1e9, 0.02}});
+    sample.Add(MLTABLE_ER, 25.08, {{1e6, 3.5}, {1e9, 2.2}});
+    (void)sample.Value(MLTABLE_ER, 2e8, 25.0);
+    const double first = sample.Value(MLTABLE_LOSS_TANGENT, 2e8, 25.0);
+    (void)sample.Value(MLTABLE_ER, 2e8, 25.08);
+    EXPECT_NE(sample.Value(MLTABLE_LOSS_TANGENT, 2e8, 25.0), first);
 }
 
 // Rows: the table, the frequency asked, the value, and the frequency under which it is kept.
@@ -202,10 +191,8 @@ TEST(GetValue, RoughnessComesFromTheRowsAround)
 {
     struct Row
     {
-        std::vector<MLTBLENTRY> rows;
-        double frequency;
-        double expected;
-        double keptAt;
+        Rows rows;
+        double frequency, expected, keptAt;
     };
     const Row rows[] = {
         {{{1.0, 10.0}, {3.0, 30.0}}, 2.0, 10.0, 2.0}, // the lower value is not added
@@ -218,34 +205,29 @@ TEST(GetValue, RoughnessComesFromTheRowsAround)
     };
     for (const Row& row : rows)
     {
-        CArena arena;
-        CMaterial material(arena);
-        material.SetKind(MLMATERIAL_METAL);
-        AddTable(material, MLTABLE_ROUGHNESS_BOTTOM, 25.0, row.rows);
-        EXPECT_DOUBLE_EQ(ValueOf(material, MLTABLE_ROUGHNESS_BOTTOM, row.frequency, 99.0), row.expected);
-        auto& table = dynamic_cast<CMaterialTable&>(*material.GetTableAt(0));
+        Sample metal(MLMATERIAL_METAL);
+        metal.Add(MLTABLE_ROUGHNESS_BOTTOM, 25.0, row.rows);
+        EXPECT_DOUBLE_EQ(metal.Value(MLTABLE_ROUGHNESS_BOTTOM, row.frequency, 99.0), row.expected);
+        auto& table = dynamic_cast<CMaterialTable&>(*metal.material.GetTableAt(0));
         EXPECT_EQ(table.FindCachedValue(row.keptAt).has_value(), !row.rows.empty());
     }
 }
 
 TEST(GetValue, AnyDoublesEndInAValue)
 {
-    const double odd[] = {0.0, -1.0, 1e-320, 1e308, infinity, -infinity, notANumber, 1e9, 0.02};
+    const double odd[] = {0.0, -1.0, 1e-320, 1e308, HUGE_VAL, -HUGE_VAL, double{NAN}, 1e9, 0.02};
     for (const double first : odd)
     {
         for (const double second : odd)
         {
             for (const double third : odd)
             {
-                CArena arena;
-                CMaterial material(arena);
-                material.SetKind(MLMATERIAL_DIELECTRIC);
-                AddTable(material, MLTABLE_ER, first, {{second, third}, {third, first}, {1e9, 4.0}});
-                AddTable(material, MLTABLE_LOSS_TANGENT, first,
-                         {{1e5, second}, {third, 0.02}, {second, first}});
-                (void)ValueOf(material, MLTABLE_ER, third, first);
-                (void)ValueOf(material, MLTABLE_LOSS_TANGENT, 3e9, second);
-                EXPECT_LE(material.CountTables(MLTABLE_ALL), 4);
+                Sample sample(MLMATERIAL_DIELECTRIC);
+                sample.Add(MLTABLE_ER, first, {{second, third}, {third, first}, {1e9, 4.0}});
+                sample.Add(MLTABLE_LOSS_TANGENT, first, {{1e5, second}, {third, 0.02}, {second, first}});
+                (void)sample.Value(MLTABLE_ER, third, first);
+                (void)sample.Value(MLTABLE_LOSS_TANGENT, 3e9, second);
+                EXPECT_LE(sample.material.CountTables(MLTABLE_ALL), 4);
             }
         }
     }
@@ -253,13 +235,11 @@ TEST(GetValue, AnyDoublesEndInAValue)
 
 TEST(AddDielectricPoint, MakesTablesAlsoForAMaterialThatIsNoDielectric)
 {
-    CArena arena;
-    CMaterial metal(arena);
-    metal.SetKind(MLMATERIAL_METAL);
-    metal.AddDielectricPoint(1e9, 4.0, 0.02, 85.0);
-    metal.AddDielectricPoint(2e9, 3.9, 0.03, 85.0);
-    ASSERT_EQ(metal.CountTables(MLTABLE_ALL), 2);
-    EXPECT_EQ(metal.GetTable(MLTABLE_ER, 85.0)->GetEntryCount(), 2);
-    EXPECT_EQ(metal.GetTable(MLTABLE_LOSS_TANGENT, 85.0)->GetEntry(1).value, 0.03);
+    Sample metal(MLMATERIAL_METAL);
+    metal.material.AddDielectricPoint(1e9, 4.0, 0.02, 85.0);
+    metal.material.AddDielectricPoint(2e9, 3.9, 0.03, 85.0);
+    ASSERT_EQ(metal.material.CountTables(MLTABLE_ALL), 2);
+    EXPECT_EQ(metal.Table(MLTABLE_ER, 85.0)->GetEntryCount(), 2);
+    EXPECT_EQ(metal.Table(MLTABLE_LOSS_TANGENT, 85.0)->GetEntry(1).value, 0.03);
 }
 } // namespace

@@ -4,7 +4,7 @@
 #include "chart/ChartLayout.h"
 #include "chart/PaintChart.h"
 #include "tests/chart/MakeChart.h"
-#include "tests/dielectric/ClosedForm.h"
+#include "tests/numerics/ClosedForm.h"
 
 #include <fstream>
 #include <functional>
@@ -30,16 +30,9 @@ CChartCurve Draw(const char* name, Colour colour, const std::function<double(dou
 
 CChartCurve DrawFit(const char* name, Colour colour, int points)
 {
-    CWidebandDebyeModel model;
-    EXPECT_TRUE(PrepareAndFit(model, ClosedForm().Sample(points)));
     return Draw(name, colour,
-                [&model](double f)
-                {
-                    double real = 0.0;
-                    double imaginary = 0.0;
-                    EXPECT_EQ(model.Evaluate(f, real, imaginary), 1);
-                    return -imaginary / real;
-                });
+                [model = FitTo(ClosedForm().Sample(points))](double f)
+                { return -model.Evaluate(f).imag() / model.Evaluate(f).real(); });
 }
 
 TEST(Numerics, Picture)

@@ -3,7 +3,7 @@
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
 #include "reader/LoadMaterialFile.h"
-#include "tests/dielectric/FittedModel.h"
+#include "tests/numerics/ClosedForm.h"
 
 #include <set>
 #include <string>
@@ -13,17 +13,17 @@ struct ExampleLaminate
 {
     std::string name;
     double temperature; // °C
-    PlainLaminate tables;
+    Laminate tables;
 };
 
-inline void CopyRows(const IMaterialTable& table, std::vector<double>& frequencies,
-                     std::vector<double>& values)
+inline std::vector<MLTBLENTRY> CopyRows(const IMaterialTable& table)
 {
+    std::vector<MLTBLENTRY> rows;
     for (int i = 0; i < table.GetEntryCount(); ++i)
     {
-        frequencies.push_back(table.GetEntry(i).frequency);
-        values.push_back(table.GetEntry(i).value);
+        rows.push_back(table.GetEntry(i));
     }
+    return rows;
 }
 
 // All of examples/materials/DefaultMaterialD.mat that have several rows, in their order.
@@ -42,12 +42,11 @@ inline std::vector<ExampleLaminate> LoadExampleLaminates()
         }
         for (const double temperature : temperatures)
         {
-            ExampleLaminate laminate{material.GetName(), temperature, {}};
-            CopyRows(*material.GetTable(MLTABLE_ER, temperature), laminate.tables.erFrequencies,
-                     laminate.tables.erValues);
-            CopyRows(*material.GetTable(MLTABLE_LOSS_TANGENT, temperature), laminate.tables.lossFrequencies,
-                     laminate.tables.lossValues);
-            if (laminate.tables.lossValues.size() > 1)
+            ExampleLaminate laminate{material.GetName(),
+                                     temperature,
+                                     {CopyRows(*material.GetTable(MLTABLE_ER, temperature)),
+                                      CopyRows(*material.GetTable(MLTABLE_LOSS_TANGENT, temperature))}};
+            if (laminate.tables.loss.size() > 1)
             {
                 laminates.push_back(std::move(laminate));
             }

@@ -1,27 +1,25 @@
 // What rounding and noise of the measured points do to the fit: a table of docs/numerics.md.
-#include "tests/dielectric/ClosedForm.h"
+#include "tests/numerics/ClosedForm.h"
 
 #include <cstdio>
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace
 {
 struct Measurement
 {
     const char* name;
-    std::function<void(PlainLaminate&)> spoil;
+    std::function<void(Laminate&)> spoil;
     double mostErMean, mostLossMean; // per cent
 };
 
-void Round(PlainLaminate& laminate, double erStep, double lossStep)
+void Round(Laminate& laminate, double erStep, double lossStep)
 {
-    for (double& value : laminate.erValues)
+    for (std::size_t i = 0; i < laminate.er.size(); ++i)
     {
-        value = std::nearbyint(value / erStep) * erStep;
-    }
-    for (double& value : laminate.lossValues)
-    {
-        value = std::nearbyint(value / lossStep) * lossStep;
+        laminate.er[i].value = std::nearbyint(laminate.er[i].value / erStep) * erStep;
+        laminate.loss[i].value = std::nearbyint(laminate.loss[i].value / lossStep) * lossStep;
     }
 }
 
@@ -32,23 +30,21 @@ double Deviation(std::size_t index, double phase)
     return 2.0 * (turns - std::floor(turns)) - 1.0;
 }
 
-void Disturb(PlainLaminate& laminate, double erShare, double lossShare)
+void Disturb(Laminate& laminate, double erShare, double lossShare)
 {
-    for (std::size_t i = 0; i < laminate.erValues.size(); ++i)
+    for (std::size_t i = 0; i < laminate.er.size(); ++i)
     {
-        laminate.erValues[i] *= 1.0 + erShare * Deviation(i, 0.1);
-        laminate.lossValues[i] *= 1.0 + lossShare * Deviation(i, 0.4);
+        laminate.er[i].value *= 1.0 + erShare * Deviation(i, 0.1);
+        laminate.loss[i].value *= 1.0 + lossShare * Deviation(i, 0.4);
     }
 }
 
 void Measure(const Measurement& measurement)
 {
     const ClosedForm truth;
-    PlainLaminate laminate = truth.Sample(20);
+    Laminate laminate = truth.Sample(20);
     measurement.spoil(laminate);
-    CWidebandDebyeModel model;
-    ASSERT_TRUE(PrepareAndFit(model, laminate));
-    const Deviations d(model, truth);
+    const Deviations d(FitTo(laminate), truth);
     std::printf("| %s | %.2f %% | %.2f %% | %.1f %% | %.1f %% |\n", measurement.name, d.er, d.erMean, d.loss,
                 d.lossMean);
     EXPECT_LT(d.erMean, measurement.mostErMean) << measurement.name;

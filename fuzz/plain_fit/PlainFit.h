@@ -2,15 +2,11 @@
 // The wideband Debye fit written out as plainly as it can be: the reference for CWidebandDebyeModel. It
 // shares no code with it, decomposes the system anew at every solve and remembers nothing between solves.
 
-#include <functional>
-#include <string>
-#include <vector>
+#include "MaterialLibrary/MLTypes.h"
 
-struct PlainLaminate
-{
-    std::vector<double> erFrequencies, erValues;
-    std::vector<double> lossFrequencies, lossValues;
-};
+#include <functional>
+#include <span>
+#include <vector>
 
 struct PlainTerm
 {
@@ -28,16 +24,12 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v);
 struct PlainFit
 {
     bool ready = false;
-    std::string errorText;
     double trendOffset = 0.0, trendSlope = 0.0; ///< Er(f) = trendOffset + trendSlope * ln f
     std::vector<double> frequencies, realParts, imaginaryParts;
     std::vector<PlainTerm> terms;
     double epsInf = 0.0;
-    int passes = 0; ///< How many truncation ratios were tried.
-    int solves = 0; ///< How many systems were decomposed.
-    bool firstSingularValueWasLargest = true;
 
-    bool Prepare(const PlainLaminate& laminate);
+    bool Prepare(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss);
     bool Fit(const PlainDecompose& decompose = DecomposePlainly);
     bool Evaluate(double frequency, double& real, double& imaginary) const;
 
@@ -47,7 +39,7 @@ struct PlainFit
     void StoreTerms(const std::vector<double>& corners, const std::vector<double>& amplitudes);
 
 private:
-    bool PrepareTrend(const PlainLaminate& laminate);
+    bool PrepareTrend(std::span<const MLTBLENTRY> er);
     bool Solve(const PlainMatrix& system, const std::vector<double>& target, double ratio,
                const PlainDecompose& decompose, std::vector<double>& amplitudes);
 };

@@ -1,39 +1,36 @@
-#include "tests/dielectric/PlainFit.h"
+#include "fuzz/plain_fit/PlainFit.h"
 
 #include <algorithm>
 #include <cmath>
 
-bool PlainFit::PrepareTrend(const PlainLaminate& laminate)
+bool PlainFit::PrepareTrend(std::span<const MLTBLENTRY> er)
 {
-    const std::vector<double>& f = laminate.erFrequencies;
-    const std::vector<double>& er = laminate.erValues;
-    trendOffset = er[0];
+    trendOffset = er[0].value;
     trendSlope = 0.0;
-    if (f.size() < 2)
+    if (er.size() < 2)
     {
         return true;
     }
     double sx = 0.0, sy = 0.0, sxy = 0.0, sxx = 0.0;
     bool level = true;
-    for (std::size_t i = 0; i < f.size(); ++i)
+    for (const auto& [f, value] : er)
     {
-        if (f[i] <= 0.0 || er[i] <= 0.0)
+        if (f <= 0.0 || value <= 0.0)
         {
-            errorText = "Wrong input data: negative or zero frequency or Dk";
             return false;
         }
-        const double x = std::log(f[i]);
+        const double x = std::log(f);
         sx += x;
-        sy += er[i];
-        sxy += x * er[i];
+        sy += value;
+        sxy += x * value;
         sxx += x * x;
-        level = level && er[i] == er[0];
+        level = level && value == er[0].value;
     }
     if (level)
     {
         return true;
     }
-    const double n = static_cast<double>(f.size());
+    const double n = static_cast<double>(er.size());
     const double det = n * sxx - sx * sx;
     if (sxx == 0.0 || det / sxx < 1e-6)
     {
@@ -50,29 +47,27 @@ bool PlainFit::PrepareTrend(const PlainLaminate& laminate)
     return true;
 }
 
-bool PlainFit::Prepare(const PlainLaminate& laminate)
+bool PlainFit::Prepare(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
 {
-    if (laminate.lossFrequencies.size() < 2 || !PrepareTrend(laminate))
+    if (er.empty() || loss.size() < 2 || !PrepareTrend(er))
     {
         return false;
     }
     std::size_t first = 0;
-    while (first < laminate.lossFrequencies.size() && !(laminate.lossFrequencies[first] >= 10000.0))
+    while (first < loss.size() && !(loss[first].frequency >= 10000.0))
     {
         ++first;
     }
-    if (laminate.lossFrequencies.size() - first < 2)
+    if (loss.size() - first < 2)
     {
-        errorText = "Too few data points given for Df above 10 KHz";
         return false;
     }
-    for (std::size_t k = first; k < laminate.lossFrequencies.size(); ++k)
+    for (const auto& [f, tangent] : loss.subspan(first))
     {
-        const double f = laminate.lossFrequencies[k];
         const double d = trendOffset + trendSlope * std::log(f);
         frequencies.push_back(f);
-        realParts.push_back(d * std::cos(laminate.lossValues[k]));
-        imaginaryParts.push_back(-d * std::sin(laminate.lossValues[k]));
+        realParts.push_back(d * std::cos(tangent));
+        imaginaryParts.push_back(-d * std::sin(tangent));
     }
     ready = true;
     return true;
@@ -85,13 +80,11 @@ bool PlainFit::Solve(const PlainMatrix& system, const std::vector<double>& targe
     PlainMatrix u = system;
     PlainMatrix v(n, std::vector<double>(n));
     std::vector<double> w(n), c(n);
-    ++solves;
     if (!decompose(u, w, v))
     {
         return false;
     }
     const double largest = *std::max_element(w.begin(), w.end());
-    firstSingularValueWasLargest = firstSingularValueWasLargest && w[0] == largest;
     for (std::size_t j = 0; j < n; ++j)
     {
         double product = 0.0;
@@ -193,7 +186,6 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
     double ratio = 0.02;
     for (;;)
     {
-        ++passes;
         PlainMatrix system = full;
         double smallest = 1e99;
         for (std::size_t attempt = 0; attempt < n - 1; ++attempt)

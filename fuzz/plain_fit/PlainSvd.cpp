@@ -1,4 +1,4 @@
-#include "tests/dielectric/PlainFit.h"
+#include "fuzz/plain_fit/PlainFit.h"
 
 #include <algorithm>
 #include <cmath>
