@@ -18,7 +18,7 @@ case ${1:-} in
     ;;
 esac
 
-version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+version=$(sed -n 's/^#define MATERIALLIBRARY_VERSION "\(.*\)"/\1/p' include/MaterialLibrary/Version.h)
 windows=MaterialLibrary-$version-windows-x64
 linux=matlib-$version-linux-x64
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)

@@ -16,7 +16,7 @@ runner=${3:-}
 suffix=
 [[ -e $BIN/matlib.exe ]] && suffix=.exe
 cd "$(dirname "${BASH_SOURCE[0]}")"
-version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' ../../CMakeLists.txt)
+version=$(sed -n 's/^#define MATERIALLIBRARY_VERSION "\(.*\)"/\1/p' ../../include/MaterialLibrary/Version.h)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 

@@ -1,4 +1,5 @@
 // MaterialLibrary.dll as a file that others load: what stands in its headers.
+#include "MaterialLibrary/Version.h"
 #include "tests/win32/CImage.h"
 #include "tests/win32/CModule.h"
 
@@ -51,22 +52,33 @@ TEST(Image, IsSmallAndHasItsDebugInformationBesideIt)
     EXPECT_GT(std::filesystem::file_size(path.string() + ".debug"), largest);
 }
 
-TEST(Image, CarriesTheVersionOfTheProject)
+TEST(Image, DeliveredFilesSayTheirVersionAndHaveTheManifest)
 {
-    const std::string path = CModule::GetBuiltPath();
-    std::vector<char> information(GetFileVersionInfoSizeA(path.c_str(), nullptr));
-    ASSERT_TRUE(
-        GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(information.size()), information.data()));
-    void* found = nullptr;
-    UINT size = 0;
-    ASSERT_TRUE(VerQueryValueA(information.data(), "\\", &found, &size));
-    const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(found);
-    const std::string numbers = std::to_string(HIWORD(fixed.dwFileVersionMS)) + "." +
-                                std::to_string(LOWORD(fixed.dwFileVersionMS)) + "." +
-                                std::to_string(HIWORD(fixed.dwFileVersionLS));
-    EXPECT_EQ(numbers, ML_VERSION);
-    ASSERT_TRUE(
-        VerQueryValueA(information.data(), "\\StringFileInfo\\040904B0\\ProductVersion", &found, &size));
-    EXPECT_STREQ(static_cast<const char*>(found), ML_VERSION);
+    const std::string built = ML_BINARY_DIR;
+    for (const auto& [path, manifest] :
+         {std::pair(CModule::GetBuiltPath(), 2), std::pair(built + "/bin/matlib.exe", 1),
+          std::pair(built + "/bin/matlib-modules/MsgHandler.dll", 2),
+          std::pair(built + "/examples/messages/MsgHandler.dll", 2)})
+    {
+        std::vector<char> information(GetFileVersionInfoSizeA(path.c_str(), nullptr));
+        ASSERT_TRUE(
+            GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(information.size()), information.data()))
+            << path;
+        void* found = nullptr;
+        UINT size = 0;
+        ASSERT_TRUE(VerQueryValueA(information.data(), "\\", &found, &size));
+        const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(found);
+        const std::string numbers = std::to_string(HIWORD(fixed.dwFileVersionMS)) + "." +
+                                    std::to_string(LOWORD(fixed.dwFileVersionMS)) + "." +
+                                    std::to_string(HIWORD(fixed.dwFileVersionLS));
+        EXPECT_EQ(numbers, MATERIALLIBRARY_VERSION);
+        ASSERT_TRUE(
+            VerQueryValueA(information.data(), "\\StringFileInfo\\040904B0\\ProductVersion", &found, &size));
+        EXPECT_STREQ(static_cast<const char*>(found), MATERIALLIBRARY_VERSION);
+
+        const HMODULE image = LoadLibraryExA(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        EXPECT_NE(FindResourceA(image, MAKEINTRESOURCEA(manifest), RT_MANIFEST), nullptr) << path;
+        FreeLibrary(image);
+    }
 }
 } // namespace

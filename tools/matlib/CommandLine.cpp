@@ -1,5 +1,6 @@
 #include "tools/matlib/CommandLine.h"
 
+#include "MaterialLibrary/Version.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/PictureFile.h"
@@ -327,7 +328,7 @@ void DescribeProgram(CLI::App& app, Options& options)
 {
     app.allow_windows_style_options(false); // paths begin with "/"
     app.require_subcommand(1);
-    app.set_version_flag("--version", std::string("matlib ") + MATLIB_VERSION);
+    app.set_version_flag("--version", "matlib " MATERIALLIBRARY_VERSION);
     app.footer("Example:\n  matlib value Getinaks --kind er --freq 2.5GHz\n\n"
                "Exit codes: 0 fine, 1 unknown material, no value or bad file, 2 wrong usage.");
     if (HasLoadableLibrary())
