@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Makes the packages in dist/: the library for Windows hosts and the tool for Linux.
-#   package.sh [--output FOLDER]   builds and packs; the same commit gives the same archives, byte for byte
+#   package.sh [--output FOLDER]   builds and packs, with SHA256SUMS beside the archives; the same commit gives the same
+#                                  archives, byte for byte
 #   package.sh --verify            does so once more from a fresh clone of the commit and compares
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -13,7 +14,7 @@ case ${1:-} in
 --output) output=$2 ;;
 --verify) verify=true ;;
 *)
-    sed -n '2,4s/^# \?//p' "$0" >&2
+    sed -n '2,5s/^# \?//p' "$0" >&2
     exit 2
     ;;
 esac
@@ -43,7 +44,34 @@ settle()
 stage()
 {
     rm -rf "$2"
-    cmake --install "build/$1" --prefix "$2" >"build/$1-install.log"
+    cmake --install "build/$1" --prefix "$2" --strip >"build/$1-install.log"
+}
+
+fail() { echo "package.sh: $1" >&2 && exit 1; }
+
+# The build identifier of a Windows module, which its debug file has too.
+build_identifier()
+{
+    x86_64-w64-mingw32-objdump --private-headers "$1" | sed -n 's/.*RSDS signature \([0-9a-f]*\).*/\1/p'
+}
+
+# record_build_identifier FOLDER
+record_build_identifier()
+{
+    local identifier
+    identifier=$(build_identifier "$1/bin/MaterialLibrary.dll")
+    [[ -n $identifier && $identifier == $(build_identifier "$1/lib/debug/MaterialLibrary.dll.debug") ]] ||
+        fail "the DLL's build identifier \"$identifier\" is not that of its debug file"
+    echo "$identifier" >"$1/share/doc/MaterialLibrary/BUILD-ID"
+}
+
+# check_oldest_glibc FOLDER: the document names the version that the tool's symbols want
+check_oldest_glibc()
+{
+    local oldest
+    oldest=$(objdump --dynamic-syms "$1/bin/matlib" | grep -o 'GLIBC_[0-9.]*' | sort --unique --version-sort | tail -n 1)
+    grep -q "needs glibc ${oldest#GLIBC_} " "$1/share/doc/matlib/README.md" ||
+        fail "matlib needs $oldest, its README says otherwise"
 }
 
 pack()
@@ -51,7 +79,8 @@ pack()
     local staged=$PWD/build/package
     stage windows "$staged/$windows"
     stage native "$staged/$linux"
-    strip "$staged/$linux/bin/matlib"
+    record_build_identifier "$staged/$windows"
+    check_oldest_glibc "$staged/$linux"
     local program
     for program in "$staged/$windows"/bin/matlib.exe "$staged/$windows"/bin/matlib-modules/*.dll; do
         # the tool's debug information stays at home, and so does the link to it
@@ -75,7 +104,7 @@ if $verify; then
     trap 'rm -rf "$fresh"' EXIT
     git clone --quiet . "$fresh/tree"
     "$fresh/tree/package.sh"
-    for archive in "$windows.zip" "$linux.tar.gz"; do
+    for archive in "$windows.zip" "$linux.tar.gz" SHA256SUMS; do
         cmp "dist/$archive" "$fresh/tree/dist/$archive"
     done
     echo "A fresh clone gives the same archives."
@@ -92,6 +121,6 @@ for preset in native windows; do # again, because what is built carries the day 
     }
 done
 scripts/build.sh native matlib
-scripts/build.sh windows MaterialLibrary matlib import_library
+scripts/build.sh windows MaterialLibrary matlib matlib_messages import_library
 pack
-(cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz")
+(cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz" | tee SHA256SUMS)

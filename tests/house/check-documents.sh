@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Checks that the documents show the files that they say they show, a comment with the file's name before the code,
-# and that what their links lead to exists.
+# and that what their links lead to exists: check-documents.sh [FOLDER], the tree or the documentation of a package.
 set -euo pipefail
-cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+cd "${1:-$(dirname "${BASH_SOURCE[0]}")/../..}"
 
 mistakes=0
 mistake()

@@ -11,12 +11,16 @@ trap 'rm -rf "$work"' EXIT
 unzip -q "$dist"/MaterialLibrary-*-windows-x64.zip -d "$work"
 tar -C "$work" -xzf "$dist"/matlib-*-linux-x64.tar.gz
 package=$(echo "$work"/MaterialLibrary-*)
+documentation=$package/share/doc/MaterialLibrary
 tool=$(echo "$work"/matlib-*)
 wine() { (cd "$1" && "$root/cmake/wine-run.sh" "${@:2}" | tr -d '\r'); }
 fail() { echo "consumer-test.sh: $*" >&2 && exit 1; }
 expect() { [[ $3 == *"$2"* ]] || fail "$1: expected \"$2\", got \"$3\""; }
 
+(cd "$dist" && sha256sum --check --quiet SHA256SUMS)
 for folder in "$package" "$tool"; do
+    [[ $(ls "$folder") =~ ^(CONTENTS.sha256|bin|include|lib|share|[[:space:]])+$ ]] || fail "what stands at the top"
+    tests/house/check-documents.sh "$folder"/share/doc/*
     (cd "$folder" && sha256sum --check --quiet CONTENTS.sha256)
     [[ $(find "$folder" -type f | wc -l) == $(($(wc -l <"$folder/CONTENTS.sha256") + 1)) ]] || fail "files not listed"
 done
@@ -26,7 +30,7 @@ done
 build_example()
 {
     local build=$work/$2
-    cmake -S "$package/examples/$1" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
+    cmake -S "$documentation/examples/$1" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
         -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_PREFIX_PATH="$package" "${@:3}" >"$build.log" 2>&1 &&
         cmake --build "$build" >>"$build.log" 2>&1 || { cat "$build.log" && fail "$2 cannot build $1"; }
 }
@@ -36,14 +40,15 @@ build_hosts()
 {
     local build=$work/$1
     build_example host "$@"
-    cp "$package"/examples/materials/DefaultMaterialD.mat "$build"
+    cp "$documentation"/examples/materials/DefaultMaterialD.mat "$build"
     expect "$1: first_value" "Er = 4.1680" "$(wine "$build" ./first_value.exe)"
     expect "$1: smallest_host" "Getinaks at 2.5 GHz: Er 5.1727" "$(wine "$build" ./smallest_host.exe)"
     echo "$1: fine"
 }
 build_hosts mingw -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
 for example in messages translation; do
-    build_example $example $example -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
+    build_example $example $example -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix \
+        -DCMAKE_RC_COMPILER=x86_64-w64-mingw32-windres
 done
 cp "$work/messages/MsgHandler.dll" "$work/mingw"
 export MESSAGE_LOG=log.txt
@@ -70,13 +75,13 @@ echo "foreign: fine"
 
 flags=$(PKG_CONFIG_LIBDIR=$package/lib/pkgconfig pkg-config --cflags --libs MaterialLibrary)
 # shellcheck disable=SC2086
-x86_64-w64-mingw32-g++-posix -std=c++17 -static "$package/examples/host/FirstValue.cpp" $flags -o "$work/mingw/x.exe"
+x86_64-w64-mingw32-g++-posix -std=c++17 -static "$documentation/examples/host/FirstValue.cpp" $flags -o "$work/mingw/x.exe"
 expect "pkg-config" "Er = 4.1680" "$(wine "$work/mingw" ./x.exe)"
 
-materials=$tool/share/matlib/materials
+materials=$tool/share/doc/matlib/examples/materials
 native=$("$tool/bin/matlib" --lib "$materials/DefaultMaterialD.mat;$materials/DefaultMaterialM.mat" list)
 expect "matlib" "62 materials" "$native"
-windows=$(wine "$package/examples/materials" "$package/bin/matlib.exe" \
+windows=$(wine "$documentation/examples/materials" "$package/bin/matlib.exe" \
     --lib "DefaultMaterialD.mat;DefaultMaterialM.mat" list)
 [[ $windows == "$native" ]] || fail "matlib.exe prints other materials than matlib"
 echo "matlib: fine"
