@@ -5,8 +5,6 @@
 #include "bench/chart/CCairoCanvas.h"
 #include "bench/chart/PlotLibraries.h"
 #include "chart/CAxisMapping.h"
-#include "chart/CChartModel.h"
-#include "chart/ChartLayout.h"
 #include "chart/PaintChart.h"
 
 #include <QApplication>
@@ -90,7 +88,7 @@ public:
     void Paint(ICanvas& canvas)
     {
         LayOutChart(model, client, canvas);
-        PaintChart({model, style, interaction, client}, canvas);
+        PaintChart({model, style, pointer, client}, canvas);
     }
 
     // All segments of the curves, unreduced, in pixels.
@@ -119,7 +117,7 @@ private:
     std::vector<CChartCurve> curves;
     CChartModel model;
     ChartStyle style;
-    ChartInteraction interaction;
+    ChartPointer pointer;
 };
 
 void PaintIntoNothing(benchmark::State& state)

@@ -3,7 +3,6 @@
 // the window.
 
 #include "chart/CChartControlWrapper.h"
-#include "chart/CChartMouse.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,31 +119,38 @@ class CHost final : public IChartHost
 public:
     PixelRect client;
     CCheckingCanvas canvas;
-    CChart* chart = nullptr;
+    CChart chart{*this};
 
-    std::optional<PixelRect> GetClientArea() override { return client; }
-    ITextMeasure* GetTextMeasure() override { return &canvas; }
-    void CaptureMouse() override {}
-    void ReleaseMouse() override {}
-    void SetMouseCursor(ChartCursor) override {}
-    void InvalidateChart(bool) override {}
-    void UpdateNow() override { chart->Paint(client, canvas); }
-    void DrawFeedback(std::span<const PixelLine> lines, Colour colour) override
+    void RecomputeLayout() override { LayOutChart(chart.GetModel(), client, canvas); }
+    void Invalidate() override {}
+    void Paint() { chart.Paint(client, canvas); }
+
+    void Apply(const ChartResponse& response)
     {
-        canvas.DrawXorLines(lines, colour);
+        canvas.DrawXorLines(response.feedback.Get(), feedbackColour);
+        for (std::uint32_t elapsed = 0; response.animates; elapsed += 7)
+        {
+            const AnimationStep step = chart.GetInteraction().Animate(elapsed);
+            if (step == AnimationStep::Ended)
+            {
+                break;
+            }
+            if (step == AnimationStep::Show)
+            {
+                Paint();
+            }
+        }
+        if (response.ranges == RangeChange::Zoomed)
+        {
+            RecomputeLayout();
+        }
     }
-    void NotifyZoomChanged() override {}
-    std::uint32_t GetMilliseconds() override { return now += 7; }
-    void SleepMilliseconds(std::uint32_t milliseconds) override { now += milliseconds; }
-
-private:
-    std::uint32_t now = 0;
 };
 
 class CSession
 {
 public:
-    explicit CSession(CBytes& bytes_) : bytes(bytes_) { host.chart = &chart; }
+    explicit CSession(CBytes& bytes_) : bytes(bytes_) {}
 
     void Run()
     {
@@ -155,10 +161,10 @@ public:
             Step();
             if (steps % 4 == 0)
             {
-                chart.Paint(host.client, host.canvas);
+                host.Paint();
             }
         }
-        chart.Paint(host.client, host.canvas);
+        host.Paint();
     }
 
 private:
@@ -173,14 +179,12 @@ private:
                                "unit");
         }
         const int limits = bytes.TakeBelow(4);
-        for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
-        {
-            for (CAxis& axis : model.GetAxes(direction))
+        model.ForEachAxis(
+            [this, limits](CAxis& axis, const IScale&, Direction)
             {
                 axis.lowerLimit = limits == 0 ? axis.lowerLimit : limits == 1 ? 1e-12 : bytes.TakeNumber();
                 axis.automaticPrefix = limits != 1;
-            }
-        }
+            });
         curves.resize(static_cast<std::size_t>(bytes.TakeBelow(4)));
         for (CChartCurve& curve : curves)
         {
@@ -219,21 +223,20 @@ private:
         const PixelPoint corner = bytes.TakePoint();
         host.client = {0, 0, std::clamp(corner.x, 0, 1'500), std::clamp(corner.y, 0, 800)};
         host.canvas.height = 1 + bytes.TakeBelow(40);
-        mouse.OnSize();
+        host.RecomputeLayout();
+        mouse.ForgetMouse();
         CheckRanges();
     }
 
     void CheckRanges()
     {
-        for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
-        {
-            for (const CAxis& axis : chart.GetModel().GetAxes(direction))
+        chart.GetModel().ForEachAxis(
+            [](const CAxis& axis, const IScale&, Direction)
             {
                 Require(std::isfinite(axis.visibleMin) && std::isfinite(axis.visibleMax));
                 Require(axis.visibleMin < axis.visibleMax && axis.tickStep > 0.0);
                 Require(axis.scale > 0.0 && std::isfinite(axis.scale));
-            }
-        }
+            });
     }
 
     void Step()
@@ -241,22 +244,23 @@ private:
         switch (bytes.TakeBelow(10))
         {
         case 0:
-            mouse.OnButtonDown(bytes.TakePoint());
+            host.Apply(mouse.OnButtonDown(bytes.TakePoint()));
             break;
         case 1:
         case 2:
         case 3:
-            mouse.OnMove(bytes.TakePoint());
+            host.Apply(mouse.OnMove(bytes.TakePoint()));
             break;
         case 4:
-            mouse.OnButtonUp(bytes.TakePoint());
+            host.Apply(mouse.OnButtonUp(bytes.TakePoint()));
             break;
         case 5:
-            mouse.OnDoubleClick();
+            chart.GetModel().ResetRanges();
+            host.RecomputeLayout();
             CheckRanges();
             break;
         case 6:
-            chart.GetInteraction().mode = bytes.TakeBelow(10) - 1;
+            mouse.SetMode(bytes.TakeBelow(10) - 1);
             break;
         case 7:
             Resize();
@@ -302,8 +306,8 @@ private:
     CBytes& bytes;
     CHost host;
     std::vector<CChartCurve> curves;
-    CChart chart{host};
-    CChartMouse mouse{chart, host};
+    CChart& chart = host.chart;
+    CChartInteraction& mouse = chart.GetInteraction();
 };
 } // namespace
 

@@ -1,18 +1,31 @@
 #pragma once
 
-#include "chart/CChartModel.h"
-#include "chart/ChartInteraction.h"
-#include "chart/ChartStyle.h"
-#include "chart/ICanvas.h"
-#include "chart/IChartHost.h"
+#include "chart/CChartInteraction.h"
 
-// A chart in a window, without the window: its model, its looks and what the mouse has done to it. It begins
-// with the horizontal axis 0 and the vertical axis 1, both linear.
+// The window that a chart lives in.
+class IChartHost
+{
+public:
+    // Lays the chart out for the window's size and font. Does nothing while there is no window.
+    virtual void RecomputeLayout() = 0;
+    // The whole window is painted again, later, with its background.
+    virtual void Invalidate() = 0;
+
+protected:
+    ~IChartHost() = default;
+};
+
+// A chart in a window, without the window: its model, its looks and what the mouse does to it. It begins with
+// the horizontal axis 0 and the vertical axis 1, both linear.
 class CChart
 {
 public:
     // The host is called by the operations only, and must outlive the chart.
-    explicit CChart(IChartHost& host_);
+    explicit CChart(IChartHost& host_) : host(host_)
+    {
+        model.AddAxis(0, false);
+        model.AddAxis(1, true);
+    }
     CChart(const CChart&) = delete;
     CChart& operator=(const CChart&) = delete;
     ~CChart() = default;
@@ -20,32 +33,34 @@ public:
     [[nodiscard]] CChartModel& GetModel() { return model; }
     [[nodiscard]] const CChartModel& GetModel() const { return model; }
     [[nodiscard]] ChartStyle& GetStyle() { return style; }
-    [[nodiscard]] ChartInteraction& GetInteraction() { return interaction; }
-    [[nodiscard]] const ChartInteraction& GetInteraction() const { return interaction; }
+    [[nodiscard]] CChartInteraction& GetInteraction() { return interaction; }
 
     // As the model's, and no curve is read out any longer.
-    std::int64_t AddCurve(CChartCurve& curve, std::int32_t horizontalAxis, std::int32_t verticalAxis);
+    std::int64_t AddCurve(CChartCurve& curve, std::int32_t horizontalAxis, std::int32_t verticalAxis)
+    {
+        interaction.ClearReadOut();
+        return model.AddCurve(curve, horizontalAxis, verticalAxis);
+    }
     // A highlighted curve gets its own colour back, a locked one is locked no longer.
-    void RemoveCurves();
+    void RemoveCurves()
+    {
+        interaction.ForgetCurves();
+        model.RemoveCurves();
+    }
 
-    // Does nothing while there is no window.
-    void RecomputeLayout();
+    void RecomputeLayout() { host.RecomputeLayout(); }
+    void Invalidate() { host.Invalidate(); }
 
-    // Every axis back to its data range; the parent is told.
-    void ResetZoom();
-
-    // Highlights the curve under the point, when it is another than before. Whether one is highlighted.
-    bool UpdateHover(PixelPoint point);
-    void RestoreHoveredColour();
-
-    // The whole window is painted again, with its background.
-    void Invalidate() { host.InvalidateChart(true); }
-
-    void Paint(const PixelRect& client, ICanvas& canvas) const;
+    // In the middle of a drag with its feedback, which the next feedback first erases.
+    void Paint(const PixelRect& client, ICanvas& canvas) const
+    {
+        PaintChart({model, style, interaction.GetPointer(), client}, canvas);
+        canvas.DrawXorLines(interaction.GetFeedback().Get(), feedbackColour);
+    }
 
 private:
     IChartHost& host;
     CChartModel model;
     ChartStyle style;
-    ChartInteraction interaction;
+    CChartInteraction interaction{model, style};
 };

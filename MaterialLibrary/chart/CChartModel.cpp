@@ -1,6 +1,7 @@
 #include "chart/CChartModel.h"
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace
@@ -28,12 +29,46 @@ const Element& GetElement(std::span<const Element> elements, std::int64_t index)
     return elements[static_cast<std::size_t>(index)];
 }
 
-void CoverRange(CAxis& axis, double lo, double hi, bool first)
+// Widens the range min to max so that it covers lo to hi; the first time it becomes just that.
+void Cover(double& min, double& max, double lo, double hi, bool first)
 {
-    axis.dataMin = first ? lo : std::min(axis.dataMin, lo);
-    axis.dataMax = first ? hi : std::max(axis.dataMax, hi);
+    min = first ? lo : std::min(min, lo);
+    max = first ? hi : std::max(max, hi);
 }
 } // namespace
+
+void CChartCurve::UpdateBounds()
+{
+    bounds = {};
+    bool first = true;
+    for (const DataPoint& point : points)
+    {
+        if (std::isfinite(point.x) && std::isfinite(point.y))
+        {
+            Cover(bounds.xMin, bounds.xMax, point.x, point.x, first);
+            Cover(bounds.yMin, bounds.yMax, point.y, point.y, first);
+            first = false;
+        }
+    }
+}
+
+const DataPoint& CChartCurve::GetPoint(std::int32_t index) const
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= points.size())
+    {
+        throw std::out_of_range("invalid vector<T> subscript");
+    }
+    return points[static_cast<std::size_t>(index)];
+}
+
+std::string_view CChartCurve::GetPointLabel(std::int32_t index) const
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= pointLabels.size())
+    {
+        return {};
+    }
+    return pointLabels[static_cast<std::size_t>(index)];
+}
 
 void CChartModel::AddAxis(std::int32_t identifier, bool vertical)
 {
@@ -117,40 +152,29 @@ void CChartModel::RemoveCurves()
 
 void CChartModel::RebuildDataRanges()
 {
-    for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
-    {
-        for (CAxis& axis : GetAxes(direction))
+    ForEachAxis(
+        [this](CAxis& axis, const IScale&, Direction)
         {
+            axis.dataMin = axis.dataMax = 0.0;
             bool first = true;
             for (const CAxisCurve& entry : curves)
             {
                 const CurveAxes bound = GetCurveAxes(entry);
-                const DataRect& box = entry.curve->bounds;
-                if (entry.curve->points.empty())
+                const bool horizontal = bound.horizontal == &axis;
+                // Without points its bounds are those of nothing, not of the origin.
+                if ((horizontal || bound.vertical == &axis) && !entry.curve->points.empty())
                 {
-                    continue; // its bounds are those of nothing, not of the origin
-                }
-                if (bound.horizontal == &axis)
-                {
-                    CoverRange(axis, box.xMin, box.xMax, first);
+                    const DataRect& box = entry.curve->bounds;
+                    Cover(axis.dataMin, axis.dataMax, horizontal ? box.xMin : box.yMin,
+                          horizontal ? box.xMax : box.yMax, first);
                     first = false;
                 }
-                else if (bound.vertical == &axis)
-                {
-                    CoverRange(axis, box.yMin, box.yMax, first);
-                    first = false;
-                }
-            }
-            if (first)
-            {
-                axis.dataMin = axis.dataMax = 0.0;
             }
             if (curves.empty())
             {
                 axis.requestedMin = axis.requestedMax = 0.0;
             }
-        }
-    }
+        });
 }
 
 const CAxisCurve& CChartModel::GetCurve(std::int64_t index) const
@@ -197,13 +221,11 @@ bool CChartModel::GetAxisRange(std::int32_t identifier, double& lo, double& hi) 
 
 void CChartModel::ResetRanges()
 {
-    for (const Direction direction : {Direction::Horizontal, Direction::Vertical})
-    {
-        for (CAxis& axis : GetAxes(direction))
+    ForEachAxis(
+        [](CAxis& axis, const IScale&, Direction)
         {
             axis.pixelShift = 0;
             axis.requestedMin = axis.dataMin;
             axis.requestedMax = axis.dataMax;
-        }
-    }
+        });
 }

@@ -1,13 +1,76 @@
 #pragma once
 
-#include "chart/CAxis.h"
-#include "chart/CAxisCurve.h"
-#include "chart/CLegendEntry.h"
-#include "chart/IScale.h"
+#include "chart/Geometry.h"
+#include "chart/Scale.h"
 
+#include <cstdint>
+#include <limits>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
+
+// One axis of a chart. The order of the members is kept.
+struct CAxis
+{
+    double dataMin = 0.0; // around the curves bound to the axis
+    double dataMax = 0.0;
+    double visibleMin = 0.0; // what is drawn: set by the layout, from tick to tick
+    double visibleMax = 0.0;
+    double requestedMin = 0.0; // what is asked for: changed by zooming, the data range after a reset
+    double requestedMax = 0.0;
+    double lowerLimit = std::numeric_limits<double>::lowest(); // above 0 for a logarithmic axis
+    double upperLimit = std::numeric_limits<double>::max();
+    double tickStep = 0.0; // in decades on a logarithmic axis
+    double scale = 0.0;    // pixels per unit, or per decade
+    double savedVisibleMin = 0.0;
+    double savedVisibleMax = 0.0;
+    std::int32_t pixelShift = 0; // what a pan has left over of a whole tick
+    std::int32_t savedPixelShift = 0;
+    std::string unit;
+    std::string title;
+    bool automaticPrefix = true; // labels take a unit prefix by magnitude
+    Colour axisColour = 0xFFFFFF;
+    Colour gridColour = 0x808080;
+    std::int32_t minorTicks = 1; // 0 leaves them out
+    std::int32_t identifier = -1;
+};
+
+// What a chart draws as one curve. The caller owns it and keeps it alive as long as a chart shows it. The
+// order of the members is kept.
+struct CChartCurve
+{
+    std::vector<DataPoint> points;
+    DataRect bounds; // the owner keeps it current: UpdateBounds after every change of the points
+    Colour colour = 0;
+    std::int32_t lineStyle = -1; // a PenStyle, or negative: solid lines, and markers where the chart has them
+    std::int64_t markerShape = 0; // 0 a square, otherwise a diamond
+    std::string name;
+    std::vector<std::string> pointLabels; // one per point, or fewer
+
+    // Sets the bounds around all points with finite coordinates; without any they are all 0.
+    void UpdateBounds();
+
+    // std::out_of_range "invalid vector<T> subscript" for an index beyond the points.
+    [[nodiscard]] const DataPoint& GetPoint(std::int32_t index) const;
+
+    // Empty for a point that has no label, and for -1.
+    [[nodiscard]] std::string_view GetPointLabel(std::int32_t index) const;
+};
+
+// A curve of a chart and the axes it is drawn against.
+struct CAxisCurve
+{
+    CChartCurve* curve = nullptr; // not owned
+    std::int32_t horizontalAxis = 0;
+    std::int32_t verticalAxis = 0;
+};
+
+struct CLegendEntry
+{
+    Colour colour = 0;
+    std::string name;
+};
 
 // Where things stand in the window, as the last layout left it.
 struct ChartFrame
@@ -53,6 +116,18 @@ public:
     [[nodiscard]] std::span<const CAxis> GetAxes(Direction direction) const;
     // std::invalid_argument beyond the array.
     [[nodiscard]] const CAxis& GetAxis(Direction direction, std::int64_t index) const;
+    // Calls visit(axis, scale, direction) for each, horizontal ones first.
+    template <typename Visit>
+    void ForEachAxis(Visit visit)
+    {
+        for (const Direction direction : directions)
+        {
+            for (CAxis& axis : GetAxes(direction))
+            {
+                visit(axis, GetScale(direction), direction);
+            }
+        }
+    }
     [[nodiscard]] bool HasOneAxisPair() const { return oneAxisPair; }
 
     // Binds the curve to the horizontal axis 0, whatever is asked for, and to the vertical axis. The curve
@@ -71,9 +146,11 @@ public:
     [[nodiscard]] std::vector<CLegendEntry>& GetLegend() { return legend; }
     [[nodiscard]] const std::vector<CLegendEntry>& GetLegend() const { return legend; }
 
-    // A direction becomes logarithmic only where every axis of it has a lower limit above 0, and is linear
-    // otherwise. All axes of both directions go back to their data range.
+    // A direction becomes logarithmic only where it may be, and is linear otherwise. All axes of both
+    // directions go back to their data range.
     void SetScaleMode(bool horizontalLogarithmic, bool verticalLogarithmic);
+    // Whether every axis of the direction has a lower limit above 0.
+    [[nodiscard]] bool MayBeLogarithmic(Direction direction) const;
     [[nodiscard]] const IScale& GetScale(Direction direction) const;
 
     // The visible range and one tick step more on each side, within the data range. False, with the outputs
@@ -86,8 +163,6 @@ public:
     ChartFrame frame;
 
 private:
-    [[nodiscard]] bool MayBeLogarithmic(Direction direction) const;
-
     std::vector<CAxisCurve> curves;
     std::vector<CAxis> horizontalAxes;
     std::vector<CAxis> verticalAxes;

@@ -1,19 +1,78 @@
 #include "chart/CCurveTracer.h"
 
+#include <cmath>
 #include <cstdlib>
 
 namespace
 {
 constexpr std::size_t longestPolyline = 2'048;
 
-bool IsSolid(const Pen& pen)
+// On which sides of a box a point lies, as a sum of these; 0 inside, edges included.
+struct Outcode
 {
-    return pen.style < PenStyle::dash || pen.style > PenStyle::dashDotDot;
+    static constexpr unsigned left = 1;
+    static constexpr unsigned below = 2;
+    static constexpr unsigned right = 4;
+    static constexpr unsigned above = 8;
+};
+
+unsigned GetOutcode(const DataRect& box, const DataPoint& point)
+{
+    return (point.x < box.xMin ? Outcode::left : 0u) | (point.y < box.yMin ? Outcode::below : 0u) |
+           (point.x > box.xMax ? Outcode::right : 0u) | (point.y > box.yMax ? Outcode::above : 0u);
+}
+
+// The value at `at` on the line from (from, a) to (to, b), also where differences exceed the largest double.
+double InterpolateAt(double at, double from, double to, double a, double b)
+{
+    const double extent = to / 2.0 - from / 2.0; // 0 for the smallest numbers there are
+    const double t = extent != 0.0 ? (at / 2.0 - from / 2.0) / extent : 0.0;
+    const double difference = b - a;
+    return std::isfinite(difference) ? a + t * difference : a * (1.0 - t) + b * t;
+}
+
+// Moves an end outside to the first edge it is beyond.
+DataPoint MoveToEdge(const DataRect& box, unsigned outcode, const DataPoint& a, const DataPoint& b)
+{
+    if ((outcode & Outcode::left) != 0)
+    {
+        return {box.xMin, InterpolateAt(box.xMin, a.x, b.x, a.y, b.y)};
+    }
+    if ((outcode & Outcode::below) != 0)
+    {
+        return {InterpolateAt(box.yMin, a.y, b.y, a.x, b.x), box.yMin};
+    }
+    if ((outcode & Outcode::right) != 0)
+    {
+        return {box.xMax, InterpolateAt(box.xMax, a.x, b.x, a.y, b.y)};
+    }
+    return {InterpolateAt(box.yMax, a.y, b.y, a.x, b.x), box.yMax};
 }
 } // namespace
 
+bool ClipSegment(const DataRect& box, DataPoint& a, DataPoint& b)
+{
+    constexpr int mostCuts = 8; // four do; rounding may put a corner's point outside once more
+    for (int cut = 0; cut < mostCuts; ++cut)
+    {
+        const unsigned codeA = GetOutcode(box, a);
+        const unsigned codeB = GetOutcode(box, b);
+        if ((codeA | codeB) == 0)
+        {
+            return true;
+        }
+        if ((codeA & codeB) != 0)
+        {
+            return false;
+        }
+        DataPoint& outside = codeA != 0 ? a : b;
+        outside = MoveToEdge(box, codeA != 0 ? codeA : codeB, a, b);
+    }
+    return false;
+}
+
 CCurveTracer::CCurveTracer(ICanvas& canvas_, const Pen& pen_)
-    : canvas(canvas_), pen(pen_), reduces(IsSolid(pen_))
+    : canvas(canvas_), pen(pen_), reduces(pen_.IsSolid())
 {
 }
 

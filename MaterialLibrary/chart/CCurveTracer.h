@@ -5,6 +5,10 @@
 #include <optional>
 #include <vector>
 
+// Cuts the segment from a to b, with finite coordinates, to a box (Cohen and Sutherland). False, with both
+// points left anywhere, for a segment wholly outside.
+[[nodiscard]] bool ClipSegment(const DataRect& box, DataPoint& a, DataPoint& b);
+
 // Puts a curve's segments, in pixels, together to polylines on a canvas. A million points fall on a few
 // hundred columns of pixels, and only what lights pixels is drawn of them. A run of points in one column
 // becomes an upright line from the lowest to the highest of them: between two points of a column a line

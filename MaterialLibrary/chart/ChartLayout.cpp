@@ -1,9 +1,7 @@
-#include "chart/ChartLayout.h"
-
-#include "chart/AxisTicks.h"
+#include "chart/CAxisMapping.h"
 #include "chart/ChartTexts.h"
+#include "chart/PaintChart.h"
 
-#include <cmath>
 #include <utility>
 
 namespace
@@ -15,25 +13,16 @@ constexpr int mostPasses = 64; // three are usual
 constexpr double farthestValue = 1e300;
 constexpr double smallestExtent = 1e-290;
 
-constexpr Direction directions[] = {Direction::Horizontal, Direction::Vertical};
-
 void FallBackToLinear(CChartModel& model)
 {
-    bool logarithmic[] = {false, false};
-    bool changed = false;
-    for (std::size_t i = 0; i < 2; ++i)
+    const auto isLogarithmic = [&model](Direction direction)
+    { return model.GetScale(direction).IsLogarithmic(); };
+    for (const Direction direction : directions)
     {
-        const bool wanted = model.GetScale(directions[i]).IsLogarithmic();
-        logarithmic[i] = wanted;
-        for (const CAxis& axis : model.GetAxes(directions[i]))
+        if (isLogarithmic(direction) && !model.MayBeLogarithmic(direction))
         {
-            logarithmic[i] = logarithmic[i] && axis.lowerLimit > 0.0;
+            model.SetScaleMode(isLogarithmic(Direction::Horizontal), isLogarithmic(Direction::Vertical));
         }
-        changed = changed || logarithmic[i] != wanted;
-    }
-    if (changed)
-    {
-        model.SetScaleMode(logarithmic[0], logarithmic[1]);
     }
 }
 
@@ -123,13 +112,11 @@ bool MeasureLabels(CChartModel& model, ITextMeasure& measure)
     ChartFrame& frame = model.frame;
     const ChartFrame before = frame;
     frame.lineHeight = Measure(measure, "0").height;
-    for (const Direction direction : directions)
-    {
-        const IScale& scale = model.GetScale(direction);
-        int& widest =
-            direction == Direction::Horizontal ? frame.widestHorizontalLabel : frame.widestVerticalLabel;
-        for (const CAxis& axis : model.GetAxes(direction))
+    model.ForEachAxis(
+        [&](const CAxis& axis, const IScale& scale, Direction direction)
         {
+            int& widest =
+                direction == Direction::Horizontal ? frame.widestHorizontalLabel : frame.widestVerticalLabel;
             const int intervals = CountTickIntervals(axis, scale);
             for (int i = 0; i <= intervals; ++i)
             {
@@ -137,8 +124,7 @@ bool MeasureLabels(CChartModel& model, ITextMeasure& measure)
                 widest = std::max(widest, extent.width);
                 frame.lineHeight = std::max(frame.lineHeight, extent.height);
             }
-        }
-    }
+        });
     return frame.lineHeight > before.lineHeight ||
            frame.widestHorizontalLabel > before.widestHorizontalLabel ||
            frame.widestVerticalLabel > before.widestVerticalLabel;
@@ -157,38 +143,19 @@ void LayOutChart(CChartModel& model, PixelRect client, ITextMeasure& measure)
 {
     client = ClampClient(client);
     FallBackToLinear(model);
-    for (const Direction direction : directions)
-    {
-        for (CAxis& axis : model.GetAxes(direction))
-        {
-            ReplaceUndrawableRange(axis, model.GetScale(direction).IsLogarithmic());
-        }
-    }
+    model.ForEachAxis([](CAxis& axis, const IScale& scale, Direction)
+                      { ReplaceUndrawableRange(axis, scale.IsLogarithmic()); });
     ChartFrame& frame = model.frame;
     frame.widestHorizontalLabel = 0;
     frame.widestVerticalLabel = 0;
-    const auto getLength = [&frame](Direction direction)
-    { return direction == Direction::Horizontal ? frame.plot.GetWidth() : frame.plot.GetHeight(); };
     bool grew = true;
     for (int pass = 0; grew && pass < mostPasses; ++pass)
     {
         PlacePlot(model, client);
-        for (const Direction direction : directions)
-        {
-            for (CAxis& axis : model.GetAxes(direction))
-            {
-                ChooseVisibleRange(axis, model.GetScale(direction), getLength(direction));
-            }
-        }
+        model.ForEachAxis([&frame](CAxis& axis, const IScale& scale, Direction direction)
+                          { ChooseVisibleRange(axis, scale, frame.plot.GetLength(direction)); });
         grew = MeasureLabels(model, measure);
     }
-    for (const Direction direction : directions)
-    {
-        const IScale& scale = model.GetScale(direction);
-        for (CAxis& axis : model.GetAxes(direction))
-        {
-            const double extent = scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin);
-            axis.scale = getLength(direction) / extent;
-        }
-    }
+    model.ForEachAxis([&frame](CAxis& axis, const IScale& scale, Direction direction)
+                      { axis.scale = frame.plot.GetLength(direction) / GetVisibleExtent(axis, scale); });
 }

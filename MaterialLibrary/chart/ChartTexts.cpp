@@ -1,12 +1,51 @@
 #include "chart/ChartTexts.h"
 
-#include "chart/UnitPrefix.h"
 #include "shared/Translation/Translate.h"
 
+#include <array>
 #include <charconv>
+#include <cmath>
 
 namespace
 {
+struct UnitPrefix
+{
+    const char* text;
+    double factor;
+};
+
+constexpr std::array<UnitPrefix, 14> prefixes = {{{"f", 1e-15},
+                                                  {"p", 1e-12},
+                                                  {"n", 1e-9},
+                                                  {"u", 1e-6},
+                                                  {"m", 1e-3},
+                                                  {"", 1.0},
+                                                  {"k", 1e3},
+                                                  {"M", 1e6},
+                                                  {"G", 1e9},
+                                                  {"T", 1e12},
+                                                  {"P", 1e15},
+                                                  {"E", 1e18},
+                                                  {"Z", 1e21},
+                                                  {"Y", 1e24}}};
+constexpr std::size_t noPrefix = 5;
+
+// The prefix under which the axis writes a value: the largest whose factor lies below it, so 1000 still goes
+// without and 1500 is 1.5k; none for 0 and on an axis without automatic prefixes.
+const UnitPrefix& GetUnitPrefix(const CAxis& axis, double value)
+{
+    if (!axis.automaticPrefix || value == 0.0)
+    {
+        return prefixes[noPrefix];
+    }
+    std::size_t row = 0;
+    while (row + 1 < prefixes.size() && std::fabs(value) > prefixes[row + 1].factor)
+    {
+        ++row;
+    }
+    return prefixes[row];
+}
+
 // As printf's %.*g and %.*e do in the "C" locale.
 std::string FormatNumber(double value, std::chars_format format, int precision)
 {

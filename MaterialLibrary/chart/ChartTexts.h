@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/CAxis.h"
+#include "chart/CChartModel.h"
 
 #include <string>
 

@@ -11,11 +11,6 @@ namespace
 constexpr int hitDistance = 3;  // pixels
 constexpr int readDistance = 4; // pixels
 
-bool Contains(const DataRect& rect, const DataPoint& point)
-{
-    return point.x >= rect.xMin && point.x <= rect.xMax && point.y >= rect.yMin && point.y <= rect.yMax;
-}
-
 // Whether the line from a to b, two coordinates along and across an edge, meets the edge at `along` between
 // `acrossMin` and `acrossMax`.
 bool CrossesEdge(double aAlong, double aAcross, double bAlong, double bAcross, double along, double acrossMin,
@@ -34,7 +29,7 @@ bool Touches(const DataRect& rect, const DataPoint& a, const DataPoint& b)
     {
         return false;
     }
-    return Contains(rect, a) || Contains(rect, b) ||
+    return rect.Contains(a) || rect.Contains(b) ||
            CrossesEdge(a.x, a.y, b.x, b.y, rect.xMin, rect.yMin, rect.yMax) ||
            CrossesEdge(a.x, a.y, b.x, b.y, rect.xMax, rect.yMin, rect.yMax) ||
            CrossesEdge(a.y, a.x, b.y, b.x, rect.yMin, rect.xMin, rect.xMax) ||
@@ -79,11 +74,10 @@ std::int64_t HitTest(const CChartModel& model, PixelPoint point)
         {
             continue;
         }
-        const CAxisMapping horizontal(model, Direction::Horizontal, *axes.horizontal);
-        const CAxisMapping vertical(model, Direction::Vertical, *axes.vertical);
-        const DataRect rect = {
-            horizontal.GetValue(point.x - hitDistance), vertical.GetValue(point.y + hitDistance),
-            horizontal.GetValue(point.x + hitDistance), vertical.GetValue(point.y - hitDistance)};
+        const CurveMapping mapping(model, axes);
+        const DataPoint low = mapping.GetValue({point.x - hitDistance, point.y + hitDistance});
+        const DataPoint high = mapping.GetValue({point.x + hitDistance, point.y - hitDistance});
+        const DataRect rect = {low.x, low.y, high.x, high.y};
         const std::vector<DataPoint>& points = entry.curve->points;
         for (std::size_t i = points.size(); i > 1; --i)
         {
@@ -113,10 +107,9 @@ std::optional<CurvePoint> FindNearestPoint(const CChartModel& model, PixelPoint 
         {
             continue;
         }
-        const CAxisMapping horizontal(model, Direction::Horizontal, *axes.horizontal);
-        const CAxisMapping vertical(model, Direction::Vertical, *axes.vertical);
-        const double xMin = horizontal.GetValue(cursor.x - readDistance);
-        const double xMax = horizontal.GetValue(cursor.x + readDistance);
+        const CurveMapping mapping(model, axes);
+        const double xMin = mapping.horizontal.GetValue(cursor.x - readDistance);
+        const double xMax = mapping.horizontal.GetValue(cursor.x + readDistance);
         const std::vector<DataPoint>& points = entry.curve->points;
         for (std::size_t i = 0; i < points.size(); ++i)
         {
@@ -124,9 +117,9 @@ std::optional<CurvePoint> FindNearestPoint(const CChartModel& model, PixelPoint 
             {
                 continue;
             }
-            const PixelPoint pixel = {horizontal.GetPixel(points[i].x), vertical.GetPixel(points[i].y)};
+            const PixelPoint pixel = mapping.GetPixel(points[i]);
             const std::int64_t distance = Square(pixel.x - cursor.x) + Square(pixel.y - cursor.y);
-            if (pixel.y >= plot.top && pixel.y <= plot.bottom && distance < nearestDistance)
+            if (plot.Spans(Direction::Vertical, pixel.y) && distance < nearestDistance)
             {
                 nearestDistance = distance;
                 nearest = {index, static_cast<std::int32_t>(i)};
@@ -145,7 +138,5 @@ std::optional<SnappedPoint> SnapToCurve(const CChartModel& model, std::int64_t c
         return std::nullopt;
     }
     const DataPoint value = FindOnCurve(entry.curve->points, x);
-    return SnappedPoint{value,
-                        {CAxisMapping(model, Direction::Horizontal, *axes.horizontal).GetPixel(value.x),
-                         CAxisMapping(model, Direction::Vertical, *axes.vertical).GetPixel(value.y)}};
+    return SnappedPoint{value, CurveMapping(model, axes).GetPixel(value)};
 }

@@ -7,6 +7,14 @@
 // 0x00BBGGRR
 using Colour = std::uint32_t;
 
+enum class Direction
+{
+    Horizontal,
+    Vertical
+};
+
+inline constexpr Direction directions[] = {Direction::Horizontal, Direction::Vertical};
+
 // Client pixels: x to the right, y downwards.
 struct PixelPoint
 {
@@ -33,9 +41,19 @@ struct PixelRect
 
     [[nodiscard]] int GetWidth() const { return right - left; }
     [[nodiscard]] int GetHeight() const { return bottom - top; }
+    [[nodiscard]] int GetLength(Direction direction) const
+    {
+        return direction == Direction::Horizontal ? GetWidth() : GetHeight();
+    }
     [[nodiscard]] bool Contains(PixelPoint point) const
     {
         return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
+    }
+    // Whether a column or row of pixels is the area's, its end included.
+    [[nodiscard]] bool Spans(Direction direction, int pixel) const
+    {
+        return direction == Direction::Horizontal ? pixel >= left && pixel <= right
+                                                  : pixel >= top && pixel <= bottom;
     }
     [[nodiscard]] bool Meets(const PixelRect& other) const
     {
@@ -44,6 +62,12 @@ struct PixelRect
 
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
+
+// The cell of a text.
+[[nodiscard]] inline PixelRect MakeRect(PixelPoint topLeft, PixelSize size)
+{
+    return {topLeft.x, topLeft.y, topLeft.x + size.width, topLeft.y + size.height};
+}
 
 struct PixelLine
 {
@@ -65,6 +89,12 @@ struct DataRect
     double yMin = 0.0;
     double xMax = 0.0;
     double yMax = 0.0;
+
+    // Edges included. What is not a number is nowhere.
+    [[nodiscard]] bool Contains(const DataPoint& point) const
+    {
+        return point.x >= xMin && point.x <= xMax && point.y >= yMin && point.y <= yMax;
+    }
 };
 
 // Far outside every window, and small enough that sums of a few stay within an int.

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "chart/ITextMeasure.h"
+#include "chart/Geometry.h"
 
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 
 // Any other number is a solid line too.
 struct PenStyle
@@ -22,7 +23,19 @@ struct Pen
     std::int32_t width = 0; // in pixels; 0 is the thinnest line, one pixel
     std::int32_t style = PenStyle::solid;
 
+    [[nodiscard]] bool IsSolid() const { return style < PenStyle::dash || style > PenStyle::dashDotDot; }
+
     friend bool operator==(const Pen&, const Pen&) = default;
+};
+
+class ITextMeasure
+{
+public:
+    // The cell that one line of text takes in the chart's font; the same for the same text.
+    [[nodiscard]] virtual PixelSize GetTextExtent(std::string_view text) = 0;
+
+protected:
+    ~ITextMeasure() = default;
 };
 
 // What a chart is painted on.

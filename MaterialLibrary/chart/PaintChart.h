@@ -1,16 +1,53 @@
 #pragma once
 
 #include "chart/CChartModel.h"
-#include "chart/ChartInteraction.h"
-#include "chart/ChartStyle.h"
 #include "chart/ICanvas.h"
+
+// Distributes a client area: the plot, and around it room for the widest labels, the titles, the legend and
+// the read-outs; then each axis's visible range from tick to tick, its step and its scale. Requested ranges
+// that cannot be drawn are widened. Comes to an end for every range and every size.
+void LayOutChart(CChartModel& model, PixelRect client, ITextMeasure& measure);
+
+// How a chart is drawn, apart from what its axes and curves say themselves.
+struct ChartStyle
+{
+    static constexpr std::int32_t drawLines = 1;
+    static constexpr std::int32_t drawMarkers = 2;
+
+    Colour background = 0x000000;
+    std::int32_t flags = drawLines;
+    std::int32_t markerRadius = 3;                             // of a diamond
+    std::int32_t markerHalfSide = MultiplyDivide(3, 100, 141); // of the square in the same circle
+    std::int32_t lineWidth = 0;                                // of curves; 0 is one pixel
+    Colour highlight = 0xFFFFFF;                               // of the curve under the mouse
+    bool bold = false;                                         // curves at least 2 pixels wide
+    bool invertsColours = false; // for a light background: bright axis and grid colours become dark
+
+    // An axis or grid colour as it is drawn.
+    [[nodiscard]] Colour GetShownColour(Colour colour) const
+    {
+        constexpr Colour brightBits = 0x808080;
+        return invertsColours && (colour & brightBits) != 0 ? 0xFFFFFF - (colour & 0xFFFFFF) : colour;
+    }
+};
+
+// What the mouse shows on a chart.
+struct ChartPointer
+{
+    PixelPoint mouse = {-1, -1};   // in the plot it is read out
+    bool showsReadOuts = true;     // not while it pans
+    std::int64_t lockedCurve = -1; // has the cross-hair and the only read-out
+    std::int64_t labelledCurve = -1;
+    std::int32_t labelledPoint = -1; // -1: the curve as a whole
+    PixelPoint labelPosition;        // of the curve as a whole
+};
 
 // Everything that painting a chart looks at. The model has been laid out for the client area.
 struct ChartScene
 {
     const CChartModel& model;
     const ChartStyle& style;
-    const ChartInteraction& interaction;
+    const ChartPointer& pointer;
     PixelRect client;
 };
 
@@ -19,12 +56,28 @@ struct ChartScene
 // the read-outs.
 void PaintChart(const ChartScene& scene, ICanvas& canvas);
 
-// The stages of it.
+// Two stages of it.
 void PaintAxes(const ChartScene& scene, ICanvas& canvas);
 void PaintCurves(const ChartScene& scene, ICanvas& canvas);
-void PaintSelectionLabel(const ChartScene& scene, ICanvas& canvas);
-void PaintLegend(const ChartScene& scene, ICanvas& canvas);
-void PaintReadOuts(const ChartScene& scene, ICanvas& canvas);
+
+struct PlacedText
+{
+    std::string text;
+    PixelPoint topLeft;
+    int tick = 0; // which tick a label belongs to
+};
+
+// The labels of the drawn ticks, for every axis of the direction in order. Horizontal axes have them below
+// the plot, vertical ones of even index on its left, of odd index on its right. Every so manyth tick has one,
+// counted from value 0, so that a pan does not change which. Where several axes share a side, the first one
+// leaves room for the others, whose labels stand between.
+[[nodiscard]] std::vector<std::vector<PlacedText>>
+PlaceTickLabels(const ChartScene& scene, Direction direction, ITextMeasure& measure);
+
+// The titles, one per axis in order. Horizontal axes have theirs in the row below the tick labels, at its
+// right end; vertical axes above the plot, on the side where their labels stand.
+[[nodiscard]] std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction,
+                                                  ITextMeasure& measure);
 
 // The end of a text that is too wide gives way to three dots; the whole text where there is room.
 [[nodiscard]] std::string FitText(ITextMeasure& measure, std::string_view text, int width);

@@ -1,6 +1,5 @@
 #include "chart/CAxisMapping.h"
 #include "chart/CCurveTracer.h"
-#include "chart/ClipSegment.h"
 #include "chart/PaintChart.h"
 
 #include <algorithm>
@@ -35,17 +34,15 @@ class CCurvePainter
 {
 public:
     CCurvePainter(const ChartScene& scene_, const CAxisCurve& entry, const CurveAxes& axes, ICanvas& canvas_)
-        : style(scene_.style), curve(*entry.curve),
-          horizontal(scene_.model, Direction::Horizontal, *axes.horizontal),
-          vertical(scene_.model, Direction::Vertical, *axes.vertical), canvas(canvas_)
+        : style(scene_.style), curve(*entry.curve), mapping(scene_.model, axes),
+          canvas(canvas_), visible{axes.horizontal->visibleMin, axes.vertical->visibleMin,
+                                   axes.horizontal->visibleMax, axes.vertical->visibleMax}
     {
-        visible = {axes.horizontal->visibleMin, axes.vertical->visibleMin, axes.horizontal->visibleMax,
-                   axes.vertical->visibleMax};
     }
 
     void Paint()
     {
-        if (curve.points.empty() || !horizontal.IsLaidOut() || !vertical.IsLaidOut())
+        if (curve.points.empty() || !mapping.horizontal.IsLaidOut() || !mapping.vertical.IsLaidOut())
         {
             return;
         }
@@ -60,39 +57,26 @@ public:
     }
 
 private:
-    // Of a visible point.
-    [[nodiscard]] PixelPoint GetPixel(const DataPoint& point) const
-    {
-        return {horizontal.GetVisiblePixel(point.x), vertical.GetVisiblePixel(point.y)};
-    }
-
-    // What is not a number is nowhere.
-    [[nodiscard]] bool IsVisible(const DataPoint& point) const
-    {
-        return point.x >= visible.xMin && point.x <= visible.xMax && point.y >= visible.yMin &&
-               point.y <= visible.yMax;
-    }
-
     // From the last point to the first.
     void PaintLines()
     {
         const std::int32_t width = style.bold ? std::max(style.lineWidth, 2) : style.lineWidth;
         CCurveTracer tracer(canvas, {curve.colour, width, std::max(curve.lineStyle, PenStyle::solid)});
         const std::span<const DataPoint> points = curve.points;
-        bool fromIsVisible = IsVisible(points.back());
+        bool fromIsVisible = visible.Contains(points.back());
         bool atFrom = false; // the tracer is
         for (std::size_t i = points.size() - 1; i > 0; --i)
         {
             const DataPoint& from = points[i];
             const DataPoint& to = points[i - 1];
-            const bool toIsVisible = IsVisible(to);
+            const bool toIsVisible = visible.Contains(to);
             if (fromIsVisible && toIsVisible)
             {
                 if (!atFrom)
                 {
-                    tracer.MoveTo(GetPixel(from));
+                    tracer.MoveTo(mapping.GetVisiblePixel(from));
                 }
-                tracer.LineTo(GetPixel(to));
+                tracer.LineTo(mapping.GetVisiblePixel(to));
             }
             else
             {
@@ -109,8 +93,8 @@ private:
         if (std::isfinite(from.x) && std::isfinite(from.y) && std::isfinite(to.x) && std::isfinite(to.y) &&
             ClipSegment(visible, from, to))
         {
-            tracer.MoveTo(GetPixel(from));
-            tracer.LineTo(GetPixel(to));
+            tracer.MoveTo(mapping.GetVisiblePixel(from));
+            tracer.LineTo(mapping.GetVisiblePixel(to));
         }
     }
 
@@ -125,9 +109,9 @@ private:
         for (std::size_t i = curve.points.size(); i > 0; --i)
         {
             const DataPoint& point = curve.points[i - 1];
-            if (IsVisible(point) && previous != GetPixel(point))
+            if (visible.Contains(point) && previous != mapping.GetVisiblePixel(point))
             {
-                previous = GetPixel(point);
+                previous = mapping.GetVisiblePixel(point);
                 PaintMarker(*previous);
             }
         }
@@ -153,10 +137,9 @@ private:
 
     const ChartStyle& style;
     const CChartCurve& curve;
-    CAxisMapping horizontal;
-    CAxisMapping vertical;
+    const CurveMapping mapping;
     ICanvas& canvas;
-    DataRect visible;
+    const DataRect visible;
 };
 } // namespace
 

@@ -1,11 +1,9 @@
 #include "chart/ZoomAndPan.h"
 
-#include <cmath>
+#include "chart/CAxisMapping.h"
 
 namespace
 {
-constexpr Direction directions[] = {Direction::Horizontal, Direction::Vertical};
-
 void RequestWithinLimits(CAxis& axis, double lo, double hi)
 {
     axis.requestedMin = lo <= axis.lowerLimit ? axis.lowerLimit : lo;
@@ -77,10 +75,8 @@ void PanAxis(CAxis& axis, const IScale& scale, int pixels, int sign)
 
 void ZoomIn(CChartModel& model, const PixelRect& rect)
 {
-    for (const Direction direction : directions)
-    {
-        const IScale& scale = model.GetScale(direction);
-        for (CAxis& axis : model.GetAxes(direction))
+    model.ForEachAxis(
+        [&](CAxis& axis, const IScale& scale, Direction direction)
         {
             const PixelSpan span = GetSpan(model, direction, axis, rect);
             RequestWithinLimits(axis, scale.GetValueAtOffset(axis.visibleMin, span.from, axis.scale),
@@ -89,59 +85,42 @@ void ZoomIn(CChartModel& model, const PixelRect& rect)
             {
                 WidenNarrowRange(axis);
             }
-        }
-    }
+        });
 }
 
 void ZoomOut(CChartModel& model, const PixelRect& rect)
 {
-    const PixelRect& plot = model.frame.plot;
-    for (const Direction direction : directions)
-    {
-        const IScale& scale = model.GetScale(direction);
-        const bool horizontal = direction == Direction::Horizontal;
-        const int plotLength = horizontal ? plot.GetWidth() : plot.GetHeight();
-        const int rectLength = horizontal ? rect.GetWidth() : rect.GetHeight();
-        const double pixels = MultiplyDivide(plotLength, plotLength, rectLength);
-        for (CAxis& axis : model.GetAxes(direction))
+    model.ForEachAxis(
+        [&](CAxis& axis, const IScale& scale, Direction direction)
         {
+            const int length = model.frame.plot.GetLength(direction);
+            const double half = MultiplyDivide(length, length, rect.GetLength(direction)) / 2.0;
             const PixelSpan span = GetSpan(model, direction, axis, rect);
             const double centre = (span.from + span.to) / 2.0;
-            RequestWithinLimits(axis,
-                                scale.GetValueAtOffset(axis.visibleMin, centre - pixels / 2.0, axis.scale),
-                                scale.GetValueAtOffset(axis.visibleMin, centre + pixels / 2.0, axis.scale));
-        }
-    }
+            RequestWithinLimits(axis, scale.GetValueAtOffset(axis.visibleMin, centre - half, axis.scale),
+                                scale.GetValueAtOffset(axis.visibleMin, centre + half, axis.scale));
+        });
 }
 
 void SaveRanges(CChartModel& model)
 {
-    for (const Direction direction : directions)
-    {
-        for (CAxis& axis : model.GetAxes(direction))
+    model.ForEachAxis(
+        [](CAxis& axis, const IScale&, Direction)
         {
             axis.savedVisibleMin = axis.visibleMin;
             axis.savedVisibleMax = axis.visibleMax;
             axis.savedPixelShift = axis.pixelShift;
-        }
-    }
+        });
 }
 
 void Pan(CChartModel& model, int dx, int dy)
 {
-    for (CAxis& axis : model.GetAxes(Direction::Horizontal))
-    {
-        PanAxis(axis, model.GetScale(Direction::Horizontal), dx, -1);
-    }
-    for (CAxis& axis : model.GetAxes(Direction::Vertical))
-    {
-        PanAxis(axis, model.GetScale(Direction::Vertical), dy, 1);
-    }
-}
-
-int GetTickPixels(const CAxis& axis)
-{
-    return RoundToPixel(axis.tickStep * axis.scale);
+    model.ForEachAxis(
+        [=](CAxis& axis, const IScale& scale, Direction direction)
+        {
+            const bool horizontal = direction == Direction::Horizontal;
+            PanAxis(axis, scale, horizontal ? dx : dy, horizontal ? -1 : 1);
+        });
 }
 
 void MoveByTicks(CChartModel& model, Direction direction, int ticks)

@@ -18,9 +18,6 @@ void SaveRanges(CChartModel& model);
 // would leave its limits stays as it is.
 void Pan(CChartModel& model, int dx, int dy);
 
-// One tick of the axis in whole pixels.
-[[nodiscard]] int GetTickPixels(const CAxis& axis);
-
 // Moves all visible and requested ranges of a direction by whole ticks on the screen: to the right or
 // downwards.
 void MoveByTicks(CChartModel& model, Direction direction, int ticks);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
-#include "chart/CChartCurve.h"
+#include "chart/CChartModel.h"
 
 #include <array>
 #include <cstddef>

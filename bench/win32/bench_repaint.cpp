@@ -1,7 +1,7 @@
 // A chart's window of 760 x 240 pixels painted again, against a bare loop of LineTo over the same segments.
 
 #include "chart/CAxisMapping.h"
-#include "chart/win32/CSimpleChartControl.h"
+#include "chart/win32/CChartControl.h"
 #include "framework/DrawingScopes.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "chart/ICanvas.h"
 
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -55,9 +56,8 @@ public:
     void WriteText(PixelPoint topLeft, std::string_view text, Colour colour,
                    std::optional<Colour> background) override
     {
-        const PixelSize extent = GetTextExtent(text);
         calls.push_back({.kind = Kind::Text,
-                         .rect = {topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height},
+                         .rect = MakeRect(topLeft, GetTextExtent(text)),
                          .colour = colour,
                          .text = std::string(text),
                          .background = background});
@@ -77,13 +77,7 @@ public:
     [[nodiscard]] std::vector<Call> Find(const std::function<bool(const Call&)>& wanted) const
     {
         std::vector<Call> found;
-        for (const Call& call : calls)
-        {
-            if (wanted(call))
-            {
-                found.push_back(call);
-            }
-        }
+        std::ranges::copy_if(calls, std::back_inserter(found), wanted);
         return found;
     }
 
@@ -96,14 +90,12 @@ public:
     [[nodiscard]] std::vector<PixelLine> GetLines(std::optional<Colour> colour = {}) const
     {
         std::vector<PixelLine> lines;
-        for (const Call& call : calls)
+        for (const Call& call :
+             Find([&](const Call& c) { return c.kind == Kind::Lines && (!colour || c.colour == *colour); }))
         {
-            if (call.kind == Kind::Lines && (!colour || call.colour == *colour))
+            for (std::size_t i = 1; i < call.points.size(); ++i)
             {
-                for (std::size_t i = 1; i < call.points.size(); ++i)
-                {
-                    lines.push_back({call.points[i - 1], call.points[i]});
-                }
+                lines.push_back({call.points[i - 1], call.points[i]});
             }
         }
         return lines;

@@ -1,13 +1,12 @@
 #include "chart/ChartTexts.h"
 
 #include "shared/Translation/Translate.h"
+#include "tests/chart/MakeChart.h"
 
 #include <bit>
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace
@@ -48,7 +47,7 @@ TEST(TickLabel, TextsOfValues)
         {"MHz", false, 9999.9, " 1.00e+04MHz "},
         {"", false, 1e-5, " 1.00e-05 "},
         {"deg", false, 45.0, " 4.50e+01deg "}, // a unit with the letter does the same
-        {"x", false, std::numeric_limits<double>::infinity(), " infx "},
+        {"x", false, infinity, " infx "},
     };
     for (const auto& row : rows)
     {

@@ -1,27 +1,20 @@
 #include "chart/CurveSearch.h"
 
-#include "chart/ChartLayout.h"
-#include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace
 {
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-
 class CurveSearch : public ::testing::Test
 {
 protected:
-    CChartModel model;
+    CChartModel model = MakeModel();
     CChartCurve rising = MakeCurve({{0, 0}, {50, 50}, {100, 100}});
     CChartCurve falling = MakeCurve({{0, 100}, {100, 0}});
 
     void SetUp() override
     {
-        model.AddAxis(0, false);
-        model.AddAxis(1, true);
         model.AddCurve(rising, 0, 1);
         model.AddCurve(falling, 0, 1);
         model.SetScaleMode(false, false);
@@ -51,7 +44,7 @@ TEST_F(CurveSearch, HitsTheLastCurveThatPassesNearby)
         EXPECT_EQ(HitTest(model, {pixel.x + row.offset.x, pixel.y + row.offset.y}), row.hit)
             << row.at.x << " " << row.at.y << " " << row.offset.y;
     }
-    rising.points = {{nan, 1}, {nan, nan}, {5, std::numeric_limits<double>::infinity()}};
+    rising.points = {{noNumber, 1}, {noNumber, noNumber}, {5, infinity}};
     falling.points = {{70, 70}}; // a single point has no segment
     EXPECT_EQ(HitTest(model, GetPixel({70, 70})), -1);
 }
@@ -72,7 +65,7 @@ TEST_F(CurveSearch, ReadsTheNearestPointOfTheColumn)
     const PixelPoint origin = GetPixel({0, 0});
     EXPECT_EQ(find({origin.x + 1, origin.y - 2}), std::pair(0, 0));
     EXPECT_EQ(find({origin.x + 1, GetPixel({0, 90}).y}), std::pair(1, 0));
-    falling.points = {{50, 60}, {50, 40}, {50, nan}, {50, 1e9}};
+    falling.points = {{50, 60}, {50, 40}, {50, noNumber}, {50, 1e9}};
     EXPECT_EQ(find(middle), std::pair(0, 1));
     rising.points.clear();
     EXPECT_EQ(find(middle), std::pair(1, 0)); // the first of two equally near ones
@@ -95,7 +88,7 @@ TEST_F(CurveSearch, SnapsOntoTheLastSegmentOrTheNearerEnd)
     EXPECT_EQ(snap({{0, 0}, {10, 20}}, 10), std::pair(10.0, 20.0));
     EXPECT_EQ(snap({{0, 0}, {10, 20}}, -1), std::pair(0.0, 0.0));
     EXPECT_EQ(snap({{0, 0}, {10, 20}}, 11), std::pair(10.0, 20.0));
-    EXPECT_EQ(snap({{0, 1}, {nan, 3}, {10, 2}}, 5), std::pair(0.0, 1.0)); // equally far
+    EXPECT_EQ(snap({{0, 1}, {noNumber, 3}, {10, 2}}, 5), std::pair(0.0, 1.0)); // equally far
     EXPECT_EQ(snap({{7, 8}}, 5), std::pair(7.0, 8.0));
     rising.points.clear();
     EXPECT_FALSE(SnapToCurve(model, 0, 1));

@@ -1,17 +1,11 @@
-#include "chart/AxisTicks.h"
-#include "chart/ChartLayout.h"
-#include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
 
 #include <bit>
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace
 {
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double largest = std::numeric_limits<double>::max();
 
 TEST(Layout, MarginsComeFromTheWidestLabels)
@@ -40,15 +34,11 @@ TEST(Layout, MarginsComeFromTheWidestLabels)
                                     row.client.bottom - (static_cast<int>(row.verticalAxes) + 3) * h};
         EXPECT_EQ(model.frame.plot, expected);
         EXPECT_EQ(model.frame.lineHeight, h);
-        for (const CAxis& axis : model.GetAxes(Direction::Horizontal))
-        {
-            const IScale& scale = model.GetScale(Direction::Horizontal);
-            EXPECT_LE(axis.visibleMin, axis.requestedMin);
-            EXPECT_GE(axis.visibleMax, axis.requestedMax);
-            EXPECT_DOUBLE_EQ(axis.scale *
-                                 (scale.Transform(axis.visibleMax) - scale.Transform(axis.visibleMin)),
-                             expected.GetWidth());
-        }
+        const CAxis& axis = model.GetAxis(Direction::Horizontal, 0);
+        const IScale& scale = model.GetScale(Direction::Horizontal);
+        EXPECT_LE(axis.visibleMin, axis.requestedMin);
+        EXPECT_GE(axis.visibleMax, axis.requestedMax);
+        EXPECT_DOUBLE_EQ(axis.scale * GetVisibleExtent(axis, scale), expected.GetWidth());
     }
 }
 
@@ -93,7 +83,7 @@ TEST(Layout, WidensRangesThatCannotBeDrawn)
         {true, 5.0, 6.0, 5.0, 6.0},
         // From broken files and careless hosts.
         {false, 7.0, 3.0, 3.0, 7.0},
-        {false, nan, 3.0, 1.0, 2.0}, // the data range
+        {false, noNumber, 3.0, 1.0, 2.0}, // the data range
         {false, -infinity, infinity, 1.0, 2.0},
         {false, -largest, largest, -1e300, 1e300},
         {false, 0.0, 1e-314, -0.5, 0.5},
@@ -104,20 +94,19 @@ TEST(Layout, WidensRangesThatCannotBeDrawn)
     };
     for (const auto& row : rows)
     {
-        CChartModel model;
-        model.AddAxis(0, false);
-        model.AddAxis(1, true);
-        model.FindAxis(0)->lowerLimit = 1e-3;
-        model.FindAxis(0)->dataMin = 1.0;
-        model.FindAxis(0)->dataMax = 2.0;
+        CChartModel model = MakeModel();
+        CAxis& axis = *model.FindAxis(0);
+        axis.lowerLimit = 1e-3;
+        axis.dataMin = 1.0;
+        axis.dataMax = 2.0;
         model.SetScaleMode(row.logarithmic, false);
-        model.FindAxis(0)->requestedMin = row.lo;
-        model.FindAxis(0)->requestedMax = row.hi;
+        axis.requestedMin = row.lo;
+        axis.requestedMax = row.hi;
         CRecorderCanvas canvas;
         LayOutChart(model, {0, 0, 500, 300}, canvas);
-        EXPECT_DOUBLE_EQ(model.FindAxis(0)->requestedMin, row.wideLo) << row.lo << " " << row.hi;
-        EXPECT_DOUBLE_EQ(model.FindAxis(0)->requestedMax, row.wideHi) << row.lo << " " << row.hi;
-        EXPECT_LE(CountTickIntervals(*model.FindAxis(0), model.GetScale(Direction::Horizontal)), 25);
+        EXPECT_DOUBLE_EQ(axis.requestedMin, row.wideLo) << row.lo << " " << row.hi;
+        EXPECT_DOUBLE_EQ(axis.requestedMax, row.wideHi) << row.lo << " " << row.hi;
+        EXPECT_LE(CountTickIntervals(axis, model.GetScale(Direction::Horizontal)), 25);
     }
 }
 
@@ -166,25 +155,23 @@ TEST(Layout, EndsWithAnyRange)
     CRecorderCanvas canvas;
     for (int round = 0; round < 3'000; ++round)
     {
-        CChartModel model;
-        model.AddAxis(0, false);
-        model.AddAxis(1, true);
-        for (const std::int32_t identifier : {0, 1})
+        CChartModel model = MakeModel();
+        const auto setRange = [&](CAxis& axis, const IScale&, Direction)
         {
-            CAxis& axis = *model.FindAxis(identifier);
             axis.lowerLimit = std::bit_cast<double>(random());
             axis.dataMin = std::bit_cast<double>(random());
             axis.dataMax = round % 3 == 0 ? axis.dataMin * (1.0 + 1e-13) : std::bit_cast<double>(random());
-        }
+        };
+        model.ForEachAxis(setRange);
         model.SetScaleMode(true, true);
         LayOutChart(model, {0, 0, static_cast<int>(random() % 3'000), static_cast<int>(random() % 2'000)},
                     canvas);
-        for (const std::int32_t identifier : {0, 1})
+        const auto expectRange = [round](const CAxis& axis, const IScale&, Direction)
         {
-            const CAxis& axis = *model.FindAxis(identifier);
             ASSERT_TRUE(std::isfinite(axis.visibleMin) && axis.visibleMin < axis.visibleMax) << round;
             ASSERT_TRUE(axis.tickStep > 0.0 && axis.scale > 0.0 && std::isfinite(axis.scale)) << round;
-        }
+        };
+        model.ForEachAxis(expectRange);
     }
 }
 } // namespace

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "chart/CAxisMapping.h"
-#include "chart/CChartModel.h"
+#include "chart/CChart.h"
+#include "tests/chart/CRecorderCanvas.h"
 
-#include <cmath>
-#include <string>
-#include <utility>
-#include <vector>
+#include <limits>
 
 // Made-up curves and charts.
+
+inline constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+inline constexpr double infinity = std::numeric_limits<double>::infinity();
 
 inline CChartCurve MakeCurve(std::vector<DataPoint> points, Colour colour = 0x0000FF,
                              std::string name = "curve")
@@ -21,13 +22,36 @@ inline CChartCurve MakeCurve(std::vector<DataPoint> points, Colour colour = 0x00
     return curve;
 }
 
+// With the horizontal axis 0, the vertical axis 1 and so many vertical ones more.
+inline CChartModel MakeModel(std::int32_t moreAxes = 0)
+{
+    CChartModel model;
+    model.AddAxis(0, false);
+    for (std::int32_t identifier = 1; identifier <= 1 + moreAxes; ++identifier)
+    {
+        model.AddAxis(identifier, true);
+    }
+    return model;
+}
+
 // Where a value of the first axes of both directions is drawn.
 inline PixelPoint GetPixelOf(const CChartModel& model, DataPoint value)
 {
-    return {
-        CAxisMapping(model, Direction::Horizontal, model.GetAxis(Direction::Horizontal, 0)).GetPixel(value.x),
-        CAxisMapping(model, Direction::Vertical, model.GetAxis(Direction::Vertical, 0)).GetPixel(value.y)};
+    const CurveAxes axes = {&model.GetAxis(Direction::Horizontal, 0), &model.GetAxis(Direction::Vertical, 0)};
+    return CurveMapping(model, axes).GetPixel(value);
 }
+
+// A window of 500 x 300 pixels.
+class CFakeHost final : public IChartHost
+{
+public:
+    CRecorderCanvas canvas;
+    CChart chart{*this};
+    int invalidations = 0;
+
+    void RecomputeLayout() override { LayOutChart(chart.GetModel(), {0, 0, 500, 300}, canvas); }
+    void Invalidate() override { ++invalidations; }
+};
 
 // A laminate from 1 MHz to 10 GHz: permittivity, loss tangent, and something with other numbers.
 struct LaminateCurves
@@ -36,21 +60,20 @@ struct LaminateCurves
 
     LaminateCurves()
     {
-        curves.push_back(MakeCurve({}, 0x0000FF, "Er"));
-        curves.push_back(MakeCurve({}, 0x00FFFF, "Loss Tangent"));
-        curves.push_back(MakeCurve({}, 0xFFFF00, "Rough Factor"));
+        std::vector<DataPoint> er;
+        std::vector<DataPoint> lossTangent;
+        std::vector<DataPoint> roughFactor;
         for (int i = 0; i <= 24; ++i)
         {
             const double decades = i / 6.0;
             const double frequency = std::pow(10.0, decades);
-            curves[0].points.push_back({frequency, 4.62 - 0.09 * decades});
-            curves[1].points.push_back({frequency, 0.0128 + 0.0021 * decades - 0.0002 * decades * decades});
-            curves[2].points.push_back({frequency, 1.0 + 0.8 * std::atan(frequency / 3000.0)});
+            er.push_back({frequency, 4.62 - 0.09 * decades});
+            lossTangent.push_back({frequency, 0.0128 + 0.0021 * decades - 0.0002 * decades * decades});
+            roughFactor.push_back({frequency, 1.0 + 0.8 * std::atan(frequency / 3000.0)});
         }
-        for (CChartCurve& curve : curves)
-        {
-            curve.UpdateBounds();
-        }
+        curves.push_back(MakeCurve(er, 0x0000FF, "Er"));
+        curves.push_back(MakeCurve(lossTangent, 0x00FFFF, "Loss Tangent"));
+        curves.push_back(MakeCurve(roughFactor, 0xFFFF00, "Rough Factor"));
     }
 
     // Gives the model so many vertical axes, each with its curve and its legend entry.

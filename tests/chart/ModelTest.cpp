@@ -1,14 +1,9 @@
-#include "chart/CChartModel.h"
 #include "tests/chart/MakeChart.h"
 
 #include <gmock/gmock.h>
-#include <limits>
 
 namespace
 {
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
 TEST(CChartModel, AxesAreFoundByIdentifierInEitherDirection)
 {
     CChartModel model;
@@ -33,14 +28,17 @@ TEST(CChartModel, AxesAreFoundByIdentifierInEitherDirection)
     }
     model.SetAxisTitle(77, "nobody", "");
     model.ClearAutomaticPrefix(77);
+    CAxis& axis = *model.FindAxis(2);
+    axis.axisColour = axis.gridColour = 0x123456;
+    model.SetAxisTitle(2, "title", "unit");
+    EXPECT_EQ(axis.title + axis.unit, "titleunit");
+    EXPECT_EQ(axis.axisColour, 0xFFFFFFu);
+    EXPECT_EQ(axis.gridColour, 0x808080u);
 }
 
 TEST(CChartModel, DataRangesCoverTheCurvesOfTheAxis)
 {
-    CChartModel model;
-    model.AddAxis(0, false);
-    model.AddAxis(1, true);
-    model.AddAxis(2, true);
+    CChartModel model = MakeModel(1);
     CChartCurve first = MakeCurve({{3, 5}, {1, 7}});
     CChartCurve second = MakeCurve({{9, -1}, {4, 2}});
     CChartCurve other = MakeCurve({{2, 100}});
@@ -89,8 +87,8 @@ TEST(CChartCurve, BoundsLeaveOutWhatIsNoPoint)
     } rows[] = {{{}, {}},
                 {{{2, -3}}, {2, -3, 2, -3}},
                 {{{2, 5}, {1, 9}, {3, 4}}, {1, 4, 3, 9}},
-                {{{nan, 1}, {2, 3}, {4, infinity}, {5, 1}}, {2, 1, 5, 3}},
-                {{{nan, nan}}, {}}};
+                {{{noNumber, 1}, {2, 3}, {4, infinity}, {5, 1}}, {2, 1, 5, 3}},
+                {{{noNumber, noNumber}}, {}}};
     for (const auto& row : rows)
     {
         const CChartCurve curve = MakeCurve(row.points);
@@ -114,10 +112,7 @@ TEST(CChartCurve, BoundsLeaveOutWhatIsNoPoint)
 
 TEST(CChartModel, IsLogarithmicOnlyWhereEveryAxisStaysAboveZero)
 {
-    CChartModel model;
-    model.AddAxis(0, false);
-    model.AddAxis(1, true);
-    model.AddAxis(2, true);
+    CChartModel model = MakeModel(1);
     CChartCurve curve = MakeCurve({{1, 2}, {10, 4}});
     model.AddCurve(curve, 0, 1);
     const auto isLogarithmic = [&model](Direction direction)
@@ -142,9 +137,7 @@ TEST(CChartModel, IsLogarithmicOnlyWhereEveryAxisStaysAboveZero)
 
 TEST(CChartModel, AxisRangeIsOneStepWiderButNotBeyondTheData)
 {
-    CChartModel model;
-    model.AddAxis(0, false);
-    model.AddAxis(1, true);
+    CChartModel model = MakeModel();
     model.FindAxis(1)->lowerLimit = 1e-9;
     model.SetScaleMode(false, true);
     const struct

@@ -1,251 +1,290 @@
-#include "chart/CChartMouse.h"
 #include "chart/ZoomAndPan.h"
-#include "tests/chart/CMouseFixture.h"
+#include "tests/chart/MakeChart.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
 
 namespace
 {
-using Log = std::vector<std::string>;
-
-TEST_F(CMouseFixture, EveryModeHasItsCursor)
+// What the window is to do, but for its cursor.
+std::string Describe(const ChartResponse& response)
 {
-    const struct
+    std::string text = response.feedback.Get().empty() ? "" : "lines ";
+    text += response.capture == true ? "capture " : response.capture == false ? "release " : "";
+    text += response.animates ? "animate " : "";
+    text += response.ranges == RangeChange::Panned ? "panned " : "";
+    text += response.ranges == RangeChange::Zoomed ? "zoomed " : "";
+    return text + (response.repaints ? "repaint" : "");
+}
+
+// A chart of one curve from (0, 0) over (50, 150) to (100, 200) in a window of 500 x 300 pixels.
+class Mouse : public ::testing::Test
+{
+protected:
+    CFakeHost host;
+    CChart& chart = host.chart;
+    CChartModel& model = chart.GetModel();
+    CChartInteraction& mouse = chart.GetInteraction();
+    CChartCurve curve = MakeCurve({{0, 0}, {50, 150}, {100, 200}});
+    CAxis& horizontal = *model.FindAxis(0);
+    CAxis& vertical = *model.FindAxis(1);
+
+    void SetUp() override
     {
-        std::int32_t mode;
-        ChartCursor cursor;
-    } rows[] = {{-3, ChartCursor::Arrow}, {0, ChartCursor::Arrow}, {1, ChartCursor::Zoom},
-                {2, ChartCursor::Zoom},   {3, ChartCursor::Zoom},  {4, ChartCursor::Zoom},
-                {5, ChartCursor::Pan},    {6, ChartCursor::Pick},  {7, ChartCursor::Pick},
-                {8, ChartCursor::Arrow},  {99, ChartCursor::Arrow}};
-    for (const auto& row : rows)
-    {
-        chart.GetInteraction().mode = row.mode;
-        chart.GetInteraction().buttonDown = false;
-        mouse.OnMove({1, 1});
-        EXPECT_EQ(host.lastCursor, row.cursor) << row.mode;
+        chart.AddCurve(curve, 0, 1);
+        Reset();
     }
-    chart.GetInteraction().mode = MouseMode::pickCurve;
-    chart.GetInteraction().buttonDown = true;
-    mouse.OnMove({1, 1});
-    EXPECT_EQ(host.lastCursor, ChartCursor::Arrow);
-    chart.GetInteraction().mode = 8;
-    chart.GetInteraction().buttonDown = false;
-    mouse.OnButtonDown({100, 100});
-    mouse.OnButtonUp({200, 200});
-    EXPECT_EQ(host.Count("capture") + host.Count("notify"), 0);
-}
 
-TEST_F(CMouseFixture, ZoomsInToTheRectangle)
+    void Reset(bool logarithmic = false)
+    {
+        model.SetScaleMode(logarithmic, logarithmic);
+        chart.RecomputeLayout();
+    }
+
+    [[nodiscard]] const PixelRect& Plot() const { return host.chart.GetModel().frame.plot; }
+    [[nodiscard]] PixelPoint GetPixel(DataPoint value) const { return GetPixelOf(model, value); }
+
+    std::string Press(PixelPoint at) { return Describe(mouse.OnButtonDown(at)); }
+    std::string Move(PixelPoint at) { return Describe(mouse.OnMove(at)); }
+    std::string Release(PixelPoint at)
+    {
+        const ChartResponse response = mouse.OnButtonUp(at);
+        if (response.ranges == RangeChange::Zoomed)
+        {
+            chart.RecomputeLayout();
+        }
+        return Describe(response);
+    }
+    std::string Drag(PixelPoint from, PixelPoint to)
+    {
+        Press(from);
+        Move({(from.x + to.x) / 2, (from.y + to.y) / 2});
+        Move(to);
+        return Release(to);
+    }
+    void Click(PixelPoint at)
+    {
+        Press(at);
+        Release(at);
+    }
+};
+
+TEST_F(Mouse, EveryModeHasItsCursor)
 {
-    const PixelRect plot = chart.GetModel().frame.plot;
-    const double xScale = Horizontal().scale;
-    const double yScale = Vertical().scale;
-    host.TakeLog();
-    Drag({plot.left + 250, plot.bottom - 40}, {plot.left + 100, plot.bottom - 140});
-    EXPECT_EQ(host.TakeLog(), (Log{"capture", "release", "notify", "invalidate"}));
-    EXPECT_DOUBLE_EQ(Horizontal().requestedMin, 100 / xScale);
-    EXPECT_DOUBLE_EQ(Horizontal().requestedMax, 250 / xScale);
-    EXPECT_DOUBLE_EQ(Vertical().requestedMin, 40 / yScale);
-    EXPECT_DOUBLE_EQ(Vertical().requestedMax, 140 / yScale);
-    EXPECT_LE(Horizontal().visibleMin, Horizontal().requestedMin); // laid out
-
-    mouse.OnDoubleClick();
-    EXPECT_EQ(host.TakeLog(), (Log{"notify", "invalidate and erase"}));
-    EXPECT_EQ(Horizontal().requestedMin, 0.0);
-    EXPECT_EQ(Horizontal().requestedMax, 100.0);
-    EXPECT_EQ(Vertical().requestedMax, 200.0);
+    using enum ChartCursor;
+    const std::pair<std::int32_t, ChartCursor> rows[] = {{-3, Arrow}, {0, Arrow}, {1, Zoom},  {2, Zoom},
+                                                         {3, Zoom},   {4, Zoom},  {5, Pan},   {6, Pick},
+                                                         {7, Pick},   {8, Arrow}, {99, Arrow}};
+    for (const auto& [mode, cursor] : rows)
+    {
+        mouse.SetMode(mode);
+        EXPECT_EQ(mouse.OnMove({1, 1}).cursor, cursor) << mode;
+    }
+    EXPECT_EQ(Drag({100, 100}, {200, 200}), "");
+    mouse.SetMode(MouseMode::pickCurve);
+    Click(GetPixel({25, 75})); // locked
+    EXPECT_EQ(mouse.OnMove({1, 1}).cursor, Arrow);
+    EXPECT_EQ(mouse.OnButtonDown({1, 1}).cursor, Arrow);
 }
 
-TEST_F(CMouseFixture, ShortDragsChangeNothing)
+TEST_F(Mouse, ZoomsInToTheRectangle)
+{
+    const PixelRect plot = Plot();
+    const double xScale = horizontal.scale;
+    const double yScale = vertical.scale;
+    EXPECT_EQ(Press({plot.left + 250, plot.bottom - 40}), "capture ");
+    EXPECT_EQ(Move({plot.left + 100, plot.bottom - 140}), "lines ");
+    EXPECT_EQ(Release({plot.left + 100, plot.bottom - 140}), "lines release zoomed ");
+    EXPECT_DOUBLE_EQ(horizontal.requestedMin, 100 / xScale);
+    EXPECT_DOUBLE_EQ(horizontal.requestedMax, 250 / xScale);
+    EXPECT_DOUBLE_EQ(vertical.requestedMin, 40 / yScale);
+    EXPECT_DOUBLE_EQ(vertical.requestedMax, 140 / yScale);
+}
+
+TEST_F(Mouse, ShortDragsChangeNothing)
 {
     const struct
     {
         std::int32_t mode;
         int dx, dy;
-    } rows[] = {{1, 1, 80}, {1, 80, 1}, {1, 0, 0},  {1, -1, -1},
-                {2, 1, 80}, {3, 80, 1}, {4, 1, 80}, {2, 0, 0}};
+    } rows[] = {{1, 1, 80}, {1, 80, 1}, {1, 0, 0}, {1, -1, -1}, {2, 1, 80}, {3, 80, 1}, {4, 1, 80}};
     for (const auto& row : rows)
     {
-        chart.GetInteraction().mode = row.mode;
-        host.TakeLog();
-        Drag({100, 100}, {100 + row.dx, 100 + row.dy});
-        EXPECT_EQ(host.TakeLog(), (Log{"capture", "release"})) << row.mode;
-        EXPECT_EQ(Horizontal().requestedMax, 100.0);
-        EXPECT_FALSE(chart.GetInteraction().buttonDown);
+        mouse.SetMode(row.mode);
+        EXPECT_EQ(Drag({100, 100}, {100 + row.dx, 100 + row.dy}),
+                  row.dx == 0 && row.dy == 0 ? "release " : "lines release ");
+        EXPECT_EQ(horizontal.requestedMax, 100.0);
+        EXPECT_EQ(Move({10, 10}), "repaint"); // the button is up
     }
-    Drag({100, 100}, {102, 102});
-    EXPECT_EQ(host.Count("notify"), 1);
+    EXPECT_EQ(Drag({100, 100}, {102, 102}), "lines release zoomed ");
 }
 
-TEST_F(CMouseFixture, OneDirectionZoomsLeaveTheOther)
+TEST_F(Mouse, OneDirectionZoomsLeaveTheOther)
 {
-    const PixelRect plot = chart.GetModel().frame.plot;
-    chart.GetInteraction().mode = MouseMode::zoomInHorizontally;
-    Vertical().pixelShift = 5;
-    const double seenMin = 5 / Vertical().scale;
+    const PixelRect plot = Plot();
+    mouse.SetMode(MouseMode::zoomInHorizontally);
+    vertical.pixelShift = 5;
+    const double seenMin = 5 / vertical.scale;
     Drag({plot.left + 100, 100}, {plot.left + 200, 110});
-    EXPECT_NEAR(Vertical().requestedMin, seenMin, 1e-9); // what is seen stays what is seen
-    EXPECT_EQ(Vertical().pixelShift, 0);
-    EXPECT_GT(Horizontal().requestedMin, 10.0);
-    mouse.OnDoubleClick();
-    chart.GetInteraction().mode = MouseMode::zoomInVertically;
+    EXPECT_NEAR(vertical.requestedMin, seenMin, 1e-9); // what is seen stays what is seen
+    EXPECT_EQ(vertical.pixelShift, 0);
+    EXPECT_GT(horizontal.requestedMin, 10.0);
+    Reset();
+    mouse.SetMode(MouseMode::zoomInVertically);
     Drag({plot.left + 100, plot.top + 50}, {plot.left + 110, plot.top + 90});
-    EXPECT_NEAR(Horizontal().requestedMin, 0.0, 1e-9);
-    EXPECT_NEAR(Horizontal().requestedMax, 100.0, 1e-9);
-    EXPECT_LT(Vertical().requestedMax, 190.0);
+    EXPECT_NEAR(horizontal.requestedMin, 0.0, 1e-9);
+    EXPECT_NEAR(horizontal.requestedMax, 100.0, 1e-9);
+    EXPECT_LT(vertical.requestedMax, 190.0);
 }
 
-TEST_F(CMouseFixture, ZoomingOutSqueezesThePlotIntoTheRectangle)
+TEST_F(Mouse, ZoomingOutSqueezesThePlotIntoTheRectangle)
 {
-    const PixelRect plot = chart.GetModel().frame.plot;
-    const double scale = Horizontal().scale;
-    chart.GetInteraction().mode = MouseMode::zoomOut;
-    host.TakeLog();
-    Drag({plot.left + 100, plot.top + 50}, {plot.left + 300, plot.top + 150});
-    EXPECT_EQ(host.TakeLog(), (Log{"capture", "release", "notify", "invalidate"}));
+    const PixelRect plot = Plot();
+    const double scale = horizontal.scale;
+    mouse.SetMode(MouseMode::zoomOut);
+    EXPECT_EQ(Drag({plot.left + 100, plot.top + 50}, {plot.left + 300, plot.top + 150}),
+              "lines release zoomed ");
     const int pixels = MultiplyDivide(plot.GetWidth(), plot.GetWidth(), 200);
-    EXPECT_DOUBLE_EQ(Horizontal().requestedMin, (200 - pixels / 2.0) / scale);
-    EXPECT_DOUBLE_EQ(Horizontal().requestedMax, (200 + pixels / 2.0) / scale);
+    EXPECT_DOUBLE_EQ(horizontal.requestedMin, (200 - pixels / 2.0) / scale);
+    EXPECT_DOUBLE_EQ(horizontal.requestedMax, (200 + pixels / 2.0) / scale);
 }
 
-TEST_F(CMouseFixture, ZoomsStayWithinTheLimits)
+TEST_F(Mouse, ZoomsStayWithinTheLimits)
 {
-    const PixelRect plot = chart.GetModel().frame.plot;
-    Horizontal().lowerLimit = -5.0;
-    Horizontal().upperLimit = 101.0;
-    for (const std::int32_t mode : {MouseMode::zoomIn, MouseMode::zoomOut})
+    const PixelRect plot = Plot();
+    horizontal.lowerLimit = -5.0;
+    horizontal.upperLimit = 101.0;
+    const auto expectLimits = [&](std::int32_t mode, PixelPoint from, PixelPoint to)
     {
-        chart.GetInteraction().mode = mode;
-        Drag({plot.left - 200, plot.top + 100}, {plot.right + 200, plot.top + 150});
-        EXPECT_EQ(Horizontal().requestedMin, mode == MouseMode::zoomIn ? -5.0 : Horizontal().requestedMin);
-        EXPECT_GE(Horizontal().requestedMin, -5.0);
-        EXPECT_LE(Horizontal().requestedMax, 101.0);
-    }
+        mouse.SetMode(mode);
+        Drag(from, to);
+        EXPECT_EQ(horizontal.requestedMin, -5.0) << mode;
+        EXPECT_EQ(horizontal.requestedMax, 101.0) << mode;
+        Reset();
+    };
+    expectLimits(MouseMode::zoomIn, {plot.left - 200, 100}, {plot.right + 200, 150});
+    expectLimits(MouseMode::zoomOut, {plot.left + 150, 100}, {plot.right - 150, 150});
 }
 
 // The second end is widened by what the first has become.
-TEST_F(CMouseFixture, NarrowLinearRangesAreWidenedAndLogarithmicOnesAreNot)
+TEST_F(Mouse, NarrowLinearRangesAreWidenedAndLogarithmicOnesAreNot)
 {
-    CChartModel& model = chart.GetModel();
-    const auto zoomTo = [&](double lo, double hi)
+    const auto zoom = [&](double scale)
     {
-        CAxis& axis = Horizontal();
-        axis.visibleMin = lo;
-        axis.visibleMax = hi;
-        axis.scale = 100.0 / (GetScale(false).Transform(hi) - lo);
-        axis.pixelShift = 0;
-        ZoomIn(model, {model.frame.plot.left, 100, model.frame.plot.left + 100, 150});
+        horizontal.visibleMin = 5.0;
+        horizontal.scale = scale;
+        ZoomIn(model, {Plot().left, 100, Plot().left + 100, 150});
     };
-    const double lo = 5.0;
-    const double hi = 5.0 + 1e-10;
-    zoomTo(lo, hi);
-    const double to = lo + 100 / (100.0 / (hi - lo));
-    const double centre = (to + lo) / 2;
-    const double newLo = centre - std::fabs(to + lo) * 1e-9 * 0.5;
-    EXPECT_EQ(Horizontal().requestedMin, newLo);
-    EXPECT_EQ(Horizontal().requestedMax, centre + std::fabs(to + newLo) * 1e-9 * 0.5);
-    zoomTo(5.0, 5.0 + 1e-7);
-    EXPECT_EQ(Horizontal().requestedMin, 5.0);
-
-    Horizontal().lowerLimit = 1e-9;
+    const double scale = 100 / 1e-10;
+    zoom(scale);
+    const double to = 5.0 + 100 / scale;
+    const double centre = (to + 5.0) / 2;
+    const double low = centre - std::fabs(to + 5.0) * 1e-9 * 0.5;
+    EXPECT_EQ(horizontal.requestedMin, low);
+    EXPECT_EQ(horizontal.requestedMax, centre + std::fabs(to + low) * 1e-9 * 0.5);
+    zoom(100 / 1e-7);
+    EXPECT_EQ(horizontal.requestedMin, 5.0);
+    horizontal.lowerLimit = 1e-9;
     model.SetScaleMode(true, false);
-    Horizontal().visibleMin = 5.0;
-    Horizontal().scale = 1e15;
-    ZoomIn(model, {model.frame.plot.left, 100, model.frame.plot.left + 100, 150});
-    EXPECT_LT(Horizontal().requestedMax / 5.0 - 1.0, 1e-12);
+    zoom(1e15);
+    EXPECT_LT(horizontal.requestedMax / 5.0 - 1.0, 1e-12);
 }
 
-// Whatever is drawn during a drag is gone after it, also when the window is painted on the way.
-TEST_F(CMouseFixture, FeedbackErasesItself)
+// What is drawn during a drag is drawn once more to erase it, also when the window is painted on the way.
+TEST_F(Mouse, FeedbackErasesItself)
 {
+    const PixelRect plot = Plot();
+    const auto toLines = [](const CFeedbackLines& feedback)
+    { return std::vector(feedback.Get().begin(), feedback.Get().end()); };
     for (const std::int32_t mode : {1, 2, 3, 4})
     {
-        chart.GetInteraction().mode = mode;
-        mouse.OnSize(); // the mouse is nowhere
-        const std::vector<Colour> before = host.screen.GetPixels();
-        mouse.OnButtonDown({100, 100});
-        mouse.OnMove({101, 100});
-        mouse.OnMove({220, 140});
-        EXPECT_NE(host.screen.GetPixels(), before) << mode;
-        mouse.OnMove({60, 170});
-        EXPECT_EQ(host.feedback.size(), mode == MouseMode::zoomOut ? 8u : 4u);
-
-        CRasterCanvas painted(500, 300);
-        chart.Paint(*host.client, painted);
-        chart.GetInteraction().buttonDown = false;
-        CRasterCanvas plain(500, 300);
-        chart.Paint(*host.client, plain);
-        chart.GetInteraction().buttonDown = true;
-        EXPECT_NE(painted.GetPixels(), plain.GetPixels());
-        painted.DrawXorLines(host.feedback, 0x5C5C5C);
-        EXPECT_EQ(painted.GetPixels(), plain.GetPixels()) << mode;
-
-        mouse.OnMove({101, 101});
-        mouse.OnButtonUp({101, 101});
-        EXPECT_EQ(host.screen.GetPixels(), before) << mode;
+        mouse.SetMode(mode);
+        std::vector<PixelLine> shown;
+        (void)mouse.OnButtonDown({100, 100});
+        for (const PixelPoint to : {PixelPoint{101, 100}, {220, 140}, {60, 170}, {101, 101}})
+        {
+            std::vector<PixelLine> lines = toLines(mouse.OnMove(to).feedback);
+            EXPECT_TRUE(std::equal(shown.begin(), shown.end(), lines.begin())) << mode;
+            shown.assign(lines.begin() + static_cast<std::ptrdiff_t>(shown.size()), lines.end());
+            EXPECT_EQ(shown.size(), mode == MouseMode::zoomOut && to.y > 101 ? 8u : 4u);
+            host.canvas.calls.clear();
+            chart.Paint({0, 0, 500, 300}, host.canvas);
+            std::vector<PixelLine> painted;
+            for (const auto& call : host.canvas.calls)
+            {
+                if (call.kind == CRecorderCanvas::Kind::Xor)
+                {
+                    EXPECT_EQ(call.colour, 0x5C5C5Cu);
+                    painted.push_back({call.points[0], call.points[1]});
+                }
+            }
+            EXPECT_EQ(painted, shown);
+        }
+        EXPECT_EQ(toLines(mouse.OnButtonUp({101, 101}).feedback), shown);
+        EXPECT_TRUE(mouse.GetFeedback().Get().empty());
     }
-}
-
-TEST_F(CMouseFixture, FeedbackTakesThePlotsEdges)
-{
-    const PixelRect plot = chart.GetModel().frame.plot;
-    const auto getFeedback = [this](std::int32_t mode, PixelPoint to)
+    const auto getLine = [&](std::int32_t mode, std::size_t index)
     {
-        chart.GetInteraction().mode = mode;
-        mouse.OnButtonDown({100, 100});
-        mouse.OnMove(to);
-        const std::vector<PixelLine> lines = host.feedback;
-        mouse.OnButtonUp({100, 100});
-        return lines;
+        mouse.SetMode(mode);
+        (void)mouse.OnButtonDown({100, 100});
+        return toLines(mouse.OnMove({150, 120}).feedback).at(index);
     };
-    EXPECT_EQ(getFeedback(3, {150, 120})[0], (PixelLine{{100, plot.top}, {150, plot.top}}));
-    EXPECT_EQ(getFeedback(4, {150, 120})[0], (PixelLine{{plot.left, 100}, {plot.right, 100}}));
-    EXPECT_EQ(getFeedback(2, {150, 120})[4], (PixelLine{{100, 100}, {plot.left, plot.top}}));
-    EXPECT_EQ(getFeedback(2, {101, 120}).size(), 4u);
+    EXPECT_EQ(getLine(1, 0), (PixelLine{{100, 100}, {150, 100}}));
+    EXPECT_EQ(getLine(3, 0), (PixelLine{{100, plot.top}, {150, plot.top}}));
+    EXPECT_EQ(getLine(3, 2), (PixelLine{{150, plot.bottom}, {100, plot.bottom}}));
+    EXPECT_EQ(getLine(4, 0), (PixelLine{{plot.left, 100}, {plot.right, 100}}));
+    EXPECT_EQ(getLine(2, 4), (PixelLine{{100, 100}, {plot.left, plot.top}}));
 }
 
-TEST_F(CMouseFixture, MovingReadsOutThePointOrTheCurve)
+TEST_F(Mouse, MovingReadsOutThePointOrTheCurve)
 {
     const PixelPoint bend = GetPixel({50, 150});
-    mouse.OnMove(bend);
-    EXPECT_EQ(chart.GetInteraction().readOutCurve, 0);
-    EXPECT_EQ(chart.GetInteraction().readOutPoint, 1);
-    mouse.OnMove(GetPixel({25, 75}));
-    EXPECT_EQ(chart.GetInteraction().readOutCurve, 0);
-    EXPECT_EQ(chart.GetInteraction().readOutPoint, -1);
-    EXPECT_EQ(chart.GetInteraction().readOutPosition, GetPixel({25, 75}));
-    mouse.OnMove(GetPixel({25, 190}));
-    EXPECT_EQ(chart.GetInteraction().readOutCurve, -1);
-    EXPECT_EQ(host.TakeLog(), (Log(3, "invalidate")));
-    mouse.OnMove(bend);
-    mouse.OnButtonDown(bend);
-    EXPECT_EQ(chart.GetInteraction().readOutCurve, -1);
-    mouse.OnButtonUp(bend);
-    mouse.OnMove(bend);
+    const PixelPoint between = GetPixel({25, 75});
+    const auto expectReadOut = [this](std::int64_t labelled, std::int32_t point)
+    {
+        EXPECT_EQ(mouse.GetPointer().labelledCurve, labelled);
+        EXPECT_EQ(mouse.GetPointer().labelledPoint, point);
+    };
+    EXPECT_EQ(Move(bend), "repaint");
+    expectReadOut(0, 1);
+    Move(between);
+    expectReadOut(0, -1);
+    EXPECT_EQ(mouse.GetPointer().labelPosition, between);
+    Move(GetPixel({25, 190}));
+    expectReadOut(-1, -1);
+    Move(bend);
+    Press(bend);
+    expectReadOut(-1, -1);
+    Release(bend);
+    Move(bend);
     CChartCurve more = MakeCurve({{1, 1}});
     EXPECT_EQ(chart.AddCurve(more, 0, 1), 1);
-    EXPECT_EQ(chart.GetInteraction().readOutCurve, -1);
-    EXPECT_EQ(chart.GetInteraction().lastPoint, bend);
-    mouse.OnSize();
-    EXPECT_EQ(chart.GetInteraction().lastPoint, (PixelPoint{-1, -1}));
+    expectReadOut(-1, -1);
+    EXPECT_EQ(mouse.GetPointer().mouse, bend);
+    EXPECT_TRUE(mouse.GetPointer().showsReadOuts);
+    mouse.SetMode(MouseMode::pan);
+    EXPECT_FALSE(mouse.GetPointer().showsReadOuts);
+    mouse.ForgetMouse();
+    EXPECT_EQ(mouse.GetPointer().mouse, (PixelPoint{-1, -1}));
 }
 
-TEST_F(CMouseFixture, HoveringHighlightsAndGivesTheColourBack)
+TEST_F(Mouse, HoveringHighlightsAndGivesTheColourBack)
 {
-    chart.GetInteraction().mode = MouseMode::pickCurve;
-    mouse.OnMove(GetPixel({25, 75}));
-    EXPECT_EQ(curve.colour, 0xFFFFFFu);
-    mouse.OnMove(GetPixel({26, 78}));
-    EXPECT_EQ(curve.colour, 0xFFFFFFu);
-    mouse.OnMove(GetPixel({25, 190}));
-    EXPECT_EQ(curve.colour, 0x0000FFu);
-    mouse.OnMove(GetPixel({25, 75}));
+    mouse.SetMode(MouseMode::pickCurve);
+    const std::pair<DataPoint, Colour> rows[] = {
+        {{25, 75}, 0xFFFFFF}, {{26, 78}, 0xFFFFFF}, {{25, 190}, 0x0000FF}, {{25, 75}, 0xFFFFFF}};
+    for (const auto& [at, colour] : rows)
+    {
+        EXPECT_EQ(Move(GetPixel(at)), "repaint");
+        EXPECT_EQ(curve.colour, colour);
+    }
     chart.RemoveCurves();
     EXPECT_EQ(curve.colour, 0x0000FFu);
-    EXPECT_EQ(chart.GetInteraction().hoveredCurve, -1);
-    EXPECT_EQ(chart.GetModel().GetCurveCount(), 0);
+    EXPECT_EQ(model.GetCurveCount(), 0);
+    EXPECT_EQ(Release({1, 1}), "");
 }
 
-TEST_F(CMouseFixture, PickingTakesACurveThenAPoint)
+TEST_F(Mouse, PickingTakesACurveThenAPoint)
 {
     class CListener final : public IPickListener
     {
@@ -263,52 +302,146 @@ TEST_F(CMouseFixture, PickingTakesACurveThenAPoint)
         int calls = 0;
     } listener;
     mouse.SetPickListener(&listener);
-    ChartInteraction& interaction = chart.GetInteraction();
-    interaction.mode = MouseMode::pickCurve;
-    const auto click = [this](PixelPoint at)
-    {
-        mouse.OnButtonDown(at);
-        mouse.OnButtonUp(at);
-    };
-    click(GetPixel({25, 190})); // beside every curve
-    EXPECT_FALSE(interaction.buttonDown);
-    click(GetPixel({25, 75}));
-    EXPECT_TRUE(interaction.HasLockedCurve());
+    mouse.SetMode(MouseMode::pickCurve);
+    Click(GetPixel({25, 190})); // beside every curve
+    EXPECT_EQ(mouse.GetPointer().lockedCurve, -1);
+    Click(GetPixel({25, 75}));
+    EXPECT_EQ(mouse.GetPointer().lockedCurve, 0);
     EXPECT_EQ(curve.colour, 0x0000FFu);
-    EXPECT_EQ(interaction.mode, MouseMode::pickCurve);
-    mouse.OnButtonDown(GetPixel({50, 10}));
-    EXPECT_EQ(interaction.mode, MouseMode::pickPoint);
-    EXPECT_EQ(interaction.lastPoint, GetPixel({50, 150})); // on the curve
-    EXPECT_EQ(host.lastCursor, ChartCursor::Arrow);
-    mouse.OnButtonUp(GetPixel({50, 10}));
+    EXPECT_EQ(mouse.GetMode(), MouseMode::pickCurve);
+    EXPECT_EQ(Press(GetPixel({50, 10})), "");
+    EXPECT_EQ(mouse.GetMode(), MouseMode::pickPoint);
+    EXPECT_EQ(mouse.GetPointer().mouse, GetPixel({50, 150})); // on the curve
+    Release(GetPixel({50, 10}));
     EXPECT_EQ(listener.calls, 0);
-    click(GetPixel({75, 20}));
+    Click(GetPixel({75, 20}));
     EXPECT_EQ(listener.calls, 1);
-    EXPECT_EQ(interaction.mode, MouseMode::pickCurve);
+    EXPECT_EQ(mouse.GetMode(), MouseMode::pickCurve);
     EXPECT_EQ(listener.curve, &curve);
     EXPECT_NEAR(listener.clicked.x, 75.0, 0.2);
     EXPECT_NEAR(listener.clicked.y, 20.0, 0.8);
     EXPECT_EQ(listener.snapped.x, listener.clicked.x);
     EXPECT_NEAR(listener.snapped.y, 175.0, 0.3);
-    EXPECT_EQ(host.Count("capture") + host.Count("notify"), 0);
-
     mouse.SetPickListener(nullptr);
-    click(GetPixel({75, 20}));
-    click(GetPixel({75, 20}));
+    Click(GetPixel({75, 20}));
+    Click(GetPixel({75, 20}));
     EXPECT_EQ(listener.calls, 1);
     curve.colour = 0x123456;
     chart.RemoveCurves(); // unlocks, and leaves the curve the colour that it has got meanwhile
     EXPECT_EQ(curve.colour, 0x123456u);
-    EXPECT_FALSE(interaction.buttonDown);
-    click(GetPixel({75, 20}));
+    EXPECT_EQ(mouse.GetPointer().lockedCurve, -1);
+    Click(GetPixel({75, 20}));
 }
 
-TEST_F(CMouseFixture, WithoutAWindowNothingIsLaidOut)
+TEST_F(Mouse, PanningMovesByWholeTicksAndKeepsTheRemainder)
 {
-    const PixelRect before = chart.GetModel().frame.plot;
-    host.client.reset();
-    mouse.OnSize();
-    mouse.OnDoubleClick();
-    EXPECT_EQ(chart.GetModel().frame.plot, before);
+    const int tick = GetTickPixels(horizontal);
+    const int upright = GetTickPixels(vertical);
+    const struct
+    {
+        int dx, dy;
+        int ticks, shift;
+        int uprightTicks, uprightShift;
+    } rows[] = {{0, 0, 0, 0, 0, 0},
+                {tick - 1, 1 - upright, 0, tick - 1, 0, 1 - upright},
+                {tick, -upright, -1, 0, -1, 0},
+                {3 * tick + 5, 2 * upright + 3, -3, 5, 2, 3},
+                {-2 * tick - 7, -4, 2, -7, 0, -4}};
+    mouse.SetMode(MouseMode::pan);
+    Press({200, 150});
+    for (const auto& row : rows)
+    {
+        EXPECT_EQ(Move({200 + row.dx, 150 + row.dy}), "panned "); // at every move
+        EXPECT_DOUBLE_EQ(horizontal.visibleMin, row.ticks * horizontal.tickStep);
+        EXPECT_DOUBLE_EQ(horizontal.visibleMax, 100 + row.ticks * horizontal.tickStep);
+        EXPECT_EQ(horizontal.requestedMin, horizontal.visibleMin);
+        EXPECT_EQ(horizontal.requestedMax, horizontal.visibleMax);
+        EXPECT_EQ(horizontal.pixelShift, row.shift);
+        EXPECT_DOUBLE_EQ(vertical.visibleMin, row.uprightTicks * vertical.tickStep);
+        EXPECT_EQ(vertical.pixelShift, row.uprightShift);
+    }
+}
+
+TEST_F(Mouse, LogarithmicAxesPanByDecades)
+{
+    curve = MakeCurve({{1, 1}, {1e5, 100}});
+    model.RebuildDataRanges();
+    horizontal.lowerLimit = vertical.lowerLimit = 1e-9;
+    Reset(true);
+    mouse.SetMode(MouseMode::pan);
+    Press({200, 150});
+    Move({200 + 2 * GetTickPixels(horizontal) + 1, 150 + GetTickPixels(vertical)});
+    EXPECT_DOUBLE_EQ(horizontal.visibleMin, 1e-2);
+    EXPECT_DOUBLE_EQ(horizontal.visibleMax, 1e3);
+    EXPECT_EQ(horizontal.pixelShift, 1);
+    EXPECT_DOUBLE_EQ(vertical.visibleMin, 10.0);
+}
+
+TEST_F(Mouse, APannedAxisDoesNotLeaveItsLimits)
+{
+    const int tick = GetTickPixels(horizontal);
+    mouse.SetMode(MouseMode::pan);
+    for (const int sign : {1, -1}) // the lower limit, then the upper one
+    {
+        Reset();
+        const double seen = sign > 0 ? 0.0 : 100.0;
+        double& end = sign > 0 ? horizontal.visibleMin : horizontal.visibleMax;
+        (sign > 0 ? horizontal.lowerLimit : horizontal.upperLimit) = seen - 1.5 * sign * horizontal.tickStep;
+        Press({200, 150});
+        Move({200 + sign * (tick + 3), 153});
+        EXPECT_DOUBLE_EQ(end, seen - sign * horizontal.tickStep);
+        EXPECT_EQ(horizontal.pixelShift, 3 * sign);
+        Move({200 + sign * (2 * tick - 3), 153}); // the remainder would leave them
+        EXPECT_EQ(horizontal.pixelShift, 0);
+        Move({200 + sign * 2 * tick, 153}); // as would the range
+        EXPECT_DOUBLE_EQ(end, seen - sign * horizontal.tickStep);
+        EXPECT_EQ(vertical.pixelShift, 3);
+        Release({200 + sign * 2 * tick, 153});
+    }
+}
+
+TEST_F(Mouse, AReleasedPanRunsOnToTheNextTickIn180Milliseconds)
+{
+    const int tick = GetTickPixels(horizontal);
+    mouse.SetMode(MouseMode::pan);
+    Press({200, 150});
+    Move({200 + tick + 10, 150 - 4});
+    EXPECT_EQ(Release({200 + tick + 10, 150 - 4}), "release animate repaint");
+    std::uint32_t lastShown = 0;
+    for (std::uint32_t elapsed = 0; elapsed < 180; ++elapsed)
+    {
+        const AnimationStep step = mouse.Animate(elapsed);
+        ASSERT_EQ(step, elapsed - lastShown == 20 ? AnimationStep::Show : AnimationStep::Wait) << elapsed;
+        if (step == AnimationStep::Show)
+        {
+            lastShown = elapsed;
+            EXPECT_EQ(horizontal.pixelShift, 10 + static_cast<int>(elapsed) * (tick - 10) / 180);
+            EXPECT_LT(vertical.pixelShift, -4);
+            EXPECT_GE(vertical.pixelShift, -GetTickPixels(vertical));
+        }
+    }
+    EXPECT_EQ(mouse.Animate(180), AnimationStep::Ended);
+    EXPECT_EQ(mouse.Animate(181), AnimationStep::Ended);
+    EXPECT_DOUBLE_EQ(horizontal.visibleMin, -2 * horizontal.tickStep);
+    EXPECT_EQ(horizontal.requestedMin, horizontal.visibleMin);
+    EXPECT_DOUBLE_EQ(vertical.visibleMin, -vertical.tickStep); // upwards brings lower values in
+    EXPECT_EQ(horizontal.pixelShift, 0);
+    EXPECT_EQ(vertical.pixelShift, 0);
+}
+
+TEST_F(Mouse, SmallRemaindersAndSeveralAxesAreNotAnimated)
+{
+    mouse.SetMode(MouseMode::pan);
+    const auto pan = [this](int dx) { return Drag({200, 150}, {200 + dx, 150}); };
+    EXPECT_EQ(pan(2), "release repaint");
+    EXPECT_EQ(horizontal.pixelShift, 0);
+    EXPECT_EQ(horizontal.visibleMin, 0.0);
+    EXPECT_EQ(pan(-3), "release animate repaint");
+    EXPECT_EQ(mouse.Animate(200), AnimationStep::Ended);
+    EXPECT_DOUBLE_EQ(horizontal.visibleMin, horizontal.tickStep);
+    model.AddAxis(2, true);
+    chart.RecomputeLayout();
+    EXPECT_EQ(pan(-9), "release repaint");
+    EXPECT_EQ(model.FindAxis(0)->pixelShift, 0);
 }
 } // namespace

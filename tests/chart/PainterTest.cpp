@@ -1,12 +1,8 @@
-#include "chart/AxisTicks.h"
-#include "chart/ChartLayout.h"
+#include "chart/CSvgCanvas.h"
 #include "chart/ChartTexts.h"
-#include "chart/PaintChart.h"
-#include "tests/chart/CRecorderCanvas.h"
 #include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace
 {
@@ -16,9 +12,9 @@ using Kind = CRecorderCanvas::Kind;
 class Painter : public ::testing::Test
 {
 protected:
-    CChartModel model;
+    CChartModel model = MakeModel();
     ChartStyle style;
-    ChartInteraction interaction;
+    ChartPointer pointer;
     PixelRect client = {0, 0, 600, 400};
     CRecorderCanvas canvas;
     CChartCurve first = MakeCurve({{0, 0}, {50, 80}, {100, 100}}, 0x0000AA, "first");
@@ -26,8 +22,6 @@ protected:
 
     void SetUp() override
     {
-        model.AddAxis(0, false);
-        model.AddAxis(1, true);
         model.AddCurve(first, 0, 1);
         model.AddCurve(second, 0, 1);
         model.SetScaleMode(false, false);
@@ -37,7 +31,7 @@ protected:
     void Paint()
     {
         canvas.calls.clear();
-        PaintChart({model, style, interaction, client}, canvas);
+        PaintChart({model, style, pointer, client}, canvas);
     }
 
     [[nodiscard]] CAxis& Axis(std::int32_t identifier) { return *model.FindAxis(identifier); }
@@ -67,8 +61,8 @@ protected:
 TEST_F(Painter, PaintsInOrderWithTheFirstCurveOnTop)
 {
     model.GetLegend().push_back({0x0000AA, "entry"});
-    interaction.readOutCurve = 1;
-    interaction.lastPoint = {300, 100};
+    pointer.labelledCurve = 1;
+    pointer.mouse = {300, 100};
     Paint();
     const Call order[] = {{.kind = Kind::Fill},
                           {.kind = Kind::Lines, .colour = 0x808080},
@@ -151,10 +145,34 @@ TEST_F(Painter, TicksGridLabelsAndZeroLine)
     Axis(0).visibleMax = 110;
     Paint();
     EXPECT_TRUE(GetUprights(0x0A0A0A).empty());
+}
+
+// Marks of a quarter of a line's height at both edges of the plot.
+TEST_F(Painter, LinearMinorTicksStandOnBothSides)
+{
+    Axis(0).gridColour = 0x0B0B0B;
+    Paint();
+    const PixelRect plot = model.frame.plot;
+    const CAxisMapping mapping(model, Direction::Horizontal, Axis(0));
+    std::vector<PixelLine> expected;
+    for (int i = 0; i < CountTickIntervals(Axis(0), GetScale(false)); ++i)
+    {
+        for (const double part : ListMinorParts(Axis(0), GetScale(false)))
+        {
+            const int x = mapping.GetMinorTickPixel(GetMinorTick(Axis(0), GetScale(false), i, part));
+            expected.push_back({{x, plot.top}, {x, plot.top + 3}});
+            expected.push_back({{x, plot.bottom - 3}, {x, plot.bottom}});
+        }
+    }
+    std::vector<PixelLine> marks = canvas.GetLines(0x0B0B0B);
+    std::erase_if(marks, [&](const PixelLine& line)
+                  { return line.from.y == line.to.y || line.to.y - line.from.y == plot.GetHeight(); });
+    ASSERT_FALSE(expected.empty());
+    EXPECT_EQ(marks, expected);
     Axis(0).minorTicks = 0;
     const std::size_t withMinor = canvas.calls.size();
     Paint();
-    EXPECT_LT(canvas.calls.size(), withMinor);
+    EXPECT_EQ(canvas.calls.size(), withMinor - expected.size());
 }
 
 TEST_F(Painter, ADecadesLinesAreInTheAxisColourAndItsMinorLinesInTheGridColour)
@@ -234,9 +252,7 @@ TEST_F(Painter, CurvesRunFromTheLastPointToTheFirstAndAreCutToTheVisibleRange)
     Paint();
     EXPECT_EQ(canvas.GetLines(0x0000AA), (std::vector<PixelLine>{{GetPixel({100, 100}), GetPixel({50, 80})},
                                                                  {GetPixel({50, 80}), GetPixel({0, 0})}}));
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    first.points = {{-1e308, 20}, {30, 20},    {nan, 1},       {40, 40}, {50, infinity},
+    first.points = {{-1e308, 20}, {30, 20},    {noNumber, 1},  {40, 40}, {50, infinity},
                     {60, 60},     {60, 1e300}, {1e300, 1e300}, {70, 10}};
     Paint();
     const auto lines = canvas.GetLines(0x0000AA);
@@ -311,15 +327,15 @@ TEST_F(Painter, LegendFillsTwoRows)
 
 TEST_F(Painter, TheSelectionHasALabelBesideIt)
 {
-    interaction.readOutCurve = 0;
-    interaction.readOutPosition = {200, 100};
+    pointer.labelledCurve = 0;
+    pointer.labelPosition = {200, 100};
     Paint();
     Call label = canvas.FindTexts("first").at(0);
     EXPECT_EQ(label.rect.left, 202);
     EXPECT_EQ(label.rect.bottom, 98);
     EXPECT_EQ(label.colour, 0x0000AAu);
 
-    interaction.readOutPoint = 1;
+    pointer.labelledPoint = 1;
     Paint();
     label = canvas.FindTexts(FormatReadOut(Axis(0), Axis(1), {50, 80})).at(0);
     EXPECT_EQ(label.rect.left, GetPixel({50, 80}).x + 2);
@@ -328,13 +344,13 @@ TEST_F(Painter, TheSelectionHasALabelBesideIt)
     Paint();
     EXPECT_EQ(canvas.FindTexts("the bend").size(), 1u);
     first.pointLabels = {"", "", std::string(30, 'z')}; // kept within the window
-    interaction.readOutPoint = 2;
+    pointer.labelledPoint = 2;
     Paint();
     EXPECT_EQ(canvas.FindTexts(first.pointLabels[2]).at(0).rect.right, 600);
 
-    interaction.readOutPoint = 3;
+    pointer.labelledPoint = 3;
     EXPECT_THROW(Paint(), std::out_of_range);
-    interaction.readOutCurve = 2;
+    pointer.labelledCurve = 2;
     EXPECT_THROW(Paint(), std::invalid_argument);
 }
 
@@ -348,19 +364,18 @@ TEST_F(Painter, ReadOutsShowTheMouseForEveryPairOfAxes)
         return canvas.Find([](const Call& call) { return call.text.find(", ") != std::string::npos; }).size();
     };
     EXPECT_EQ(countReadOuts(), 0u); // the mouse is nowhere
-    interaction.lastPoint = GetPixel({50, 50});
+    pointer.mouse = GetPixel({50, 50});
     EXPECT_EQ(countReadOuts(), 2u);
     const PixelRect readOut = canvas.FindTexts(FormatReadOut(Axis(0), Axis(1), {50, 50})).at(0).rect;
     const auto backgrounds = canvas.Find([&readOut](const Call& call)
                                          { return call.kind == Kind::Fill && call.rect.Meets(readOut); });
     const int labelBottom = model.frame.plot.bottom + 12 / 4 + 12;
     EXPECT_EQ(backgrounds.at(1).rect, (PixelRect{readOut.left, labelBottom, readOut.right, readOut.bottom}));
-    interaction.mode = MouseMode::pan;
+    pointer.showsReadOuts = false;
     EXPECT_EQ(countReadOuts(), 0u);
 
-    interaction.mode = MouseMode::pickPoint;
-    interaction.buttonDown = true;
-    interaction.hoveredCurve = 0;
+    pointer.showsReadOuts = true;
+    pointer.lockedCurve = 0;
     EXPECT_EQ(countReadOuts(), 1u);
     const PixelPoint snapped = GetPixel({50, 80});
     const PixelRect plot = model.frame.plot;
@@ -396,5 +411,144 @@ TEST_F(Painter, InversionDarkensBrightColoursAndDotsTheGrid)
                                     }));
     style.invertsColours = false;
     EXPECT_EQ(style.GetShownColour(0xFFFFFF), 0xFFFFFFu);
+}
+
+// Records, with the measures of the pictures' typeface.
+class CMeasuredRecorder final : public CRecorderCanvas
+{
+public:
+    PixelSize GetTextExtent(std::string_view text) override { return measure.GetTextExtent(text); }
+
+private:
+    CSvgCanvas measure{{1, 1}, 12};
+};
+
+// What characters cover of a cell: not the blanks at its ends, nor the leading above digits, nor, where
+// nothing hangs below the line, the room for that.
+PixelRect GetInk(const Call& call)
+{
+    PixelRect ink = call.rect;
+    ink.left += call.text.starts_with(' ') ? 3 : 0;
+    ink.right -= call.text.ends_with(' ') ? 3 : 0;
+    ink.top += 2;
+    ink.bottom -= call.text.find_first_of("gpqyj,") == std::string::npos ? 3 : 0;
+    return ink;
+}
+
+// Read-outs may cover the horizontal titles in no more than a narrow window, so they are looked at apart.
+void ExpectTextsApart(PixelSize size, std::size_t axes, bool logarithmic, bool hovering)
+{
+    LaminateCurves laminate;
+    CChartModel model;
+    laminate.AddTo(model, axes, logarithmic);
+    CMeasuredRecorder canvas;
+    const PixelRect client = {0, 0, size.width, size.height};
+    LayOutChart(model, client, canvas);
+    ChartPointer pointer;
+    if (hovering)
+    {
+        pointer.mouse = {model.frame.plot.right - 20, model.frame.plot.top + 20};
+    }
+    PaintChart({model, {}, pointer, client}, canvas);
+    const auto texts = canvas.Find([](const Call& call) { return call.kind == Kind::Text; });
+    ASSERT_GE(texts.size(), 5 + 2 * axes);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+    {
+        const PixelRect& cell = texts[i].rect;
+        EXPECT_TRUE(cell.left >= 0 && cell.top >= 0 && cell.right <= size.width && cell.bottom <= size.height)
+            << texts[i].text << size.width;
+        for (std::size_t k = 0; k < i; ++k)
+        {
+            EXPECT_FALSE(GetInk(texts[i]).Meets(GetInk(texts[k])))
+                << texts[i].text << "|" << texts[k].text << " " << size.width << " " << axes;
+        }
+    }
+}
+
+TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
+{
+    for (const PixelSize size : {PixelSize{300, 150}, {760, 240}, {1920, 1080}, {400, 300}})
+    {
+        for (std::size_t axes = 1; axes <= 3; ++axes)
+        {
+            for (const unsigned kind : {0u, 1u, 2u, 3u})
+            {
+                ExpectTextsApart(size, axes, (kind & 1) != 0, (kind & 2) != 0);
+            }
+        }
+    }
+}
+
+// Also in letters as large as on a screen of 400 per cent, where the ticks' least distance is soon too
+// little.
+TEST(Placement, LabelsOfAnAxisDoNotMeet)
+{
+    for (const int font : {12, 34, 48})
+    {
+        CSvgCanvas measure{{1, 1}, font};
+        for (int width = 300; width <= 2600; width += 50)
+        {
+            CChartModel model = MakeModel();
+            model.SetAxisTitle(0, "Frequency", "MHz");
+            CChartCurve curve = MakeCurve({{1.0, 0.0}, {50'000.0, 1.0}});
+            model.AddCurve(curve, 0, 1);
+            const PixelRect client = {0, 0, width, 400};
+            LayOutChart(model, client, measure);
+            const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Horizontal, measure)[0];
+            ASSERT_GE(labels.size(), 1u);
+            for (std::size_t i = 1; i < labels.size(); ++i)
+            {
+                const PlacedText& before = labels[i - 1];
+                EXPECT_LE(before.topLeft.x + measure.GetTextExtent(before.text).width, labels[i].topLeft.x)
+                    << before.text << " " << font << " " << width;
+            }
+        }
+    }
+}
+
+TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)
+{
+    CChartModel model = MakeModel();
+    CChartCurve curve = MakeCurve({{0, 0}, {1'000'000, 1}});
+    model.AddCurve(curve, 0, 1);
+    model.SetAxisTitle(0, "", "a long unit");
+    model.SetScaleMode(false, false);
+    CRecorderCanvas canvas;
+    const PixelRect client = {0, 0, 600, 300};
+    LayOutChart(model, client, canvas);
+    CAxis& axis = *model.FindAxis(0);
+    for (int moved = 0; moved < 3; ++moved)
+    {
+        const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Horizontal, canvas);
+        EXPECT_GE(labels[0].size(), 1u);
+        for (const PlacedText& label : labels[0])
+        {
+            const double value = axis.visibleMin + label.tick * axis.tickStep;
+            EXPECT_NEAR(std::remainder(value, 5 * axis.tickStep), 0.0, 1.0) << value;
+        }
+        axis.visibleMin += axis.tickStep;
+        axis.visibleMax += axis.tickStep;
+    }
+}
+
+TEST(Placement, LongTitlesAreShortenedAndShortOnesAreNot)
+{
+    CChartModel model = MakeModel(1);
+    model.SetAxisTitle(1, "Er", "");
+    model.SetAxisTitle(2, std::string(100, 'x'), "");
+    CRecorderCanvas canvas;
+    const PixelRect client = {0, 0, 300, 200};
+    LayOutChart(model, client, canvas);
+    const auto titles = PlaceTitles({model, {}, {}, client}, Direction::Vertical, canvas);
+    EXPECT_EQ(titles[0].text, "Er");
+    EXPECT_EQ(titles[0].topLeft.x, model.frame.plot.left);
+    EXPECT_TRUE(titles[1].text.ends_with("x...")) << titles[1].text;
+    EXPECT_EQ(titles[1].topLeft.x + canvas.GetTextExtent(titles[1].text).width, model.frame.plot.right);
+    EXPECT_GT(titles[1].topLeft.x, titles[0].topLeft.x + 12);
+    EXPECT_EQ(FitText(canvas, "abcdef", 36), "abcdef");
+    EXPECT_EQ(FitText(canvas, "abcdef", 35), "ab...");
+    EXPECT_EQ(FitText(canvas, "abcdef", 24), "a...");
+    EXPECT_EQ(FitText(canvas, "abcdef", 23), "");
+    EXPECT_EQ(FitText(canvas, "", 0), "");
 }
 } // namespace

@@ -1,7 +1,4 @@
 #include "chart/CSvgCanvas.h"
-#include "chart/ChartLayout.h"
-#include "chart/PaintChart.h"
-#include "chart/XmlText.h"
 #include "tests/chart/MakeChart.h"
 
 #include <gtest/gtest.h>
@@ -47,10 +44,10 @@ TEST(CSvgCanvas, WritesAWholeChart)
     laminate.AddTo(model, 3, true);
     CSvgCanvas canvas({760, 240}, 12);
     LayOutChart(model, {0, 0, 760, 240}, canvas);
-    ChartInteraction interaction;
-    interaction.lastPoint = {300, 100};
-    interaction.readOutCurve = 0;
-    PaintChart({model, {}, interaction, {0, 0, 760, 240}}, canvas);
+    ChartPointer pointer;
+    pointer.mouse = {300, 100};
+    pointer.labelledCurve = 0;
+    PaintChart({model, {}, pointer, {0, 0, 760, 240}}, canvas);
     const std::string document = canvas.GetDocument();
     ExpectWellFormed(document);
     EXPECT_NE(document.find("&lt;Er&gt; &amp; &quot;more&quot;"), std::string::npos);
@@ -79,12 +76,48 @@ TEST(CSvgCanvas, DrawsEachCall)
     {
         EXPECT_NE(document.find(part), std::string::npos) << part;
     }
-    EXPECT_EQ(canvas.GetTextExtent("0").width, 6);
-    EXPECT_EQ(canvas.GetTextExtent("MMMM").width, 34);
-    EXPECT_EQ(canvas.GetTextExtent("\xC3\xA9").width, 6); // one character
 }
 
-TEST(ToXmlText, IsUtf8WhateverTheTextWas)
+// As the typeface's own metrics have them.
+TEST(CSvgCanvas, MeasuresEachCharacter)
+{
+    const std::pair<int, std::string_view> rows[] = {{191, "'"},
+                                                     {222, "ijl"},
+                                                     {260, "|"},
+                                                     {278, " !,./:;I[\\]ft"},
+                                                     {333, "()-`r"},
+                                                     {334, "{}"},
+                                                     {355, "\""},
+                                                     {389, "*"},
+                                                     {469, "^"},
+                                                     {500, "Jcksvxyz"},
+                                                     {556, "#$0123456789?L_abdeghnopqu"},
+                                                     {584, "+<=>~"},
+                                                     {611, "FTZ"},
+                                                     {667, "&ABEKPSVXY"},
+                                                     {722, "CDHNRUw"},
+                                                     {778, "GOQ"},
+                                                     {833, "Mm"},
+                                                     {889, "%"},
+                                                     {944, "W"},
+                                                     {1015, "@"}};
+    std::size_t count = 0;
+    for (const auto& [width, characters] : rows)
+    {
+        for (const char& c : characters)
+        {
+            EXPECT_EQ(CSvgCanvas({1, 1}, 1'000).GetTextExtent({&c, 1}).width, width) << c;
+            ++count;
+        }
+    }
+    EXPECT_EQ(count, 95u);
+    CSvgCanvas canvas({1, 1}, 10);
+    EXPECT_EQ(canvas.GetTextExtent("MMMM").width, 34);    // rounded up as a whole
+    EXPECT_EQ(canvas.GetTextExtent("\xC3\xA9").width, 6); // one character
+    EXPECT_EQ(canvas.GetTextExtent("").height, 12);
+}
+
+TEST(CSvgCanvas, WritesUtf8WhateverTheTextWas)
 {
     const struct
     {
@@ -103,7 +136,10 @@ TEST(ToXmlText, IsUtf8WhateverTheTextWas)
                 {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"}}; // cut off
     for (const auto& row : rows)
     {
-        EXPECT_EQ(ToXmlText(row.text), row.xml) << row.text;
+        CSvgCanvas canvas({1, 1}, 10);
+        canvas.WriteText({}, row.text, 0, {});
+        EXPECT_NE(canvas.GetDocument().find(std::string(">") + row.xml + "</text>"), std::string::npos)
+            << row.text;
     }
 }
 } // namespace

@@ -1,7 +1,6 @@
 // The picture of docs/numerics.md, written to numerics.svg in the build folder: the loss tangent of the fit
 // through 5 and through 20 points beside the truth, from where the points begin to beyond their end.
 #include "chart/CSvgCanvas.h"
-#include "chart/ChartLayout.h"
 #include "chart/PaintChart.h"
 #include "tests/chart/MakeChart.h"
 #include "tests/numerics/ClosedForm.h"

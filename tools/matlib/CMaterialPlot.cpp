@@ -2,9 +2,7 @@
 
 #include "MaterialLibrary/IMaterial.h"
 #include "chart/CSvgCanvas.h"
-#include "chart/ChartLayout.h"
 #include "chart/PaintChart.h"
-#include "chart/SmallestPositiveDouble.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/FrequencySweep.h"
 #include "tools/matlib/PropertyValue.h"
@@ -129,6 +127,6 @@ std::string CMaterialPlot::Render()
     style.lineWidth = fontSize / 8;
     model.SetScaleMode(options.sweepLogarithmic, false);
     LayOutChart(model, client, canvas);
-    PaintChart({model, style, ChartInteraction(), client}, canvas);
+    PaintChart({model, style, ChartPointer(), client}, canvas);
     return canvas.GetDocument();
 }

@@ -44,7 +44,7 @@ void CChartControl::RegisterWindowClass()
 
 CChartControl::CChartControl()
     : ownFont(MakeLabelFont()), font(ownFont.Get()), measure(font),
-      arrowCursor(LoadCursorA(nullptr, IDC_ARROW)), chart(*this), mouse(chart, *this)
+      arrowCursor(LoadCursorA(nullptr, IDC_ARROW))
 {
     background.Reset(CreateSolidBrush(chart.GetStyle().background));
     SetCursors(LoadChartCursor(IDC_CHART_ZOOM), LoadChartCursor(IDC_CHART_PAN),
@@ -95,11 +95,6 @@ void CChartControl::SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick)
     pickCursor = pick;
 }
 
-void CChartControl::Invalidate()
-{
-    chart.Invalidate();
-}
-
 LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
@@ -120,20 +115,21 @@ LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SIZE:
     {
         const LRESULT answer = Default(message, wParam, lParam);
-        mouse.OnSize();
+        RecomputeLayout();
+        chart.GetInteraction().ForgetMouse();
         return answer;
     }
     case WM_MOUSEMOVE:
-        mouse.OnMove(ToPoint(lParam));
+        Apply(chart.GetInteraction().OnMove(ToPoint(lParam)));
         return 0;
     case WM_LBUTTONDOWN:
-        mouse.OnButtonDown(ToPoint(lParam));
+        Apply(chart.GetInteraction().OnButtonDown(ToPoint(lParam)));
         return 0;
     case WM_LBUTTONUP:
-        mouse.OnButtonUp(ToPoint(lParam));
+        Apply(chart.GetInteraction().OnButtonUp(ToPoint(lParam)));
         return 0;
     case WM_LBUTTONDBLCLK:
-        mouse.OnDoubleClick();
+        ResetZoom();
         return Default(message, wParam, lParam);
     default:
         return CWnd::HandleMessage(message, wParam, lParam);
@@ -182,53 +178,94 @@ void CChartControl::SetMouseCursor(ChartCursor cursor)
     SetCursor(shown != nullptr ? shown : arrowCursor);
 }
 
-std::optional<PixelRect> CChartControl::GetClientArea()
+void CChartControl::Apply(const ChartResponse& response)
+{
+    if (response.cursor)
+    {
+        SetMouseCursor(*response.cursor);
+    }
+    DrawFeedback(response.feedback.Get());
+    if (response.capture == true)
+    {
+        capture.emplace(GetHandle());
+    }
+    else if (response.capture == false)
+    {
+        capture.reset();
+    }
+    if (response.animates)
+    {
+        Animate();
+    }
+    if (response.ranges == RangeChange::Panned)
+    {
+        Repaint(false);
+        NotifyZoomChanged();
+    }
+    else if (response.ranges == RangeChange::Zoomed)
+    {
+        ShowZoom(false);
+    }
+    else if (response.repaints)
+    {
+        Repaint(false);
+    }
+}
+
+void CChartControl::DrawFeedback(std::span<const PixelLine> lines)
+{
+    if (GetHandle() != nullptr && !lines.empty()) // null would be the screen
+    {
+        const CClientDC client(GetHandle());
+        CGdiCanvas(client.Get()).DrawXorLines(lines, feedbackColour);
+    }
+}
+
+void CChartControl::Animate()
+{
+    const DWORD start = GetTickCount();
+    AnimationStep step{};
+    while ((step = chart.GetInteraction().Animate(GetTickCount() - start)) != AnimationStep::Ended)
+    {
+        if (step == AnimationStep::Wait)
+        {
+            Sleep(1);
+        }
+        else if (GetHandle() != nullptr)
+        {
+            Repaint(false);
+            UpdateWindow(GetHandle());
+        }
+    }
+}
+
+void CChartControl::ResetZoom()
+{
+    chart.GetModel().ResetRanges();
+    ShowZoom(true);
+}
+
+void CChartControl::ShowZoom(bool erase)
+{
+    RecomputeLayout();
+    NotifyZoomChanged();
+    Repaint(erase);
+}
+
+void CChartControl::RecomputeLayout()
 {
     RECT client{};
-    if (GetHandle() == nullptr || GetClientRect(GetHandle(), &client) == FALSE)
+    if (GetHandle() != nullptr && GetClientRect(GetHandle(), &client) != FALSE)
     {
-        return std::nullopt;
+        LayOutChart(chart.GetModel(), ToPixelRect(client), measure);
     }
-    return ToPixelRect(client);
 }
 
-ITextMeasure* CChartControl::GetTextMeasure()
-{
-    return GetHandle() != nullptr ? &measure : nullptr;
-}
-
-void CChartControl::CaptureMouse()
-{
-    capture.emplace(GetHandle());
-}
-
-void CChartControl::ReleaseMouse()
-{
-    capture.reset();
-}
-
-void CChartControl::InvalidateChart(bool erase)
+void CChartControl::Repaint(bool erase)
 {
     if (GetHandle() != nullptr) // null would be every window of the desktop
     {
         InvalidateRect(GetHandle(), nullptr, erase ? TRUE : FALSE);
-    }
-}
-
-void CChartControl::UpdateNow()
-{
-    if (GetHandle() != nullptr)
-    {
-        UpdateWindow(GetHandle());
-    }
-}
-
-void CChartControl::DrawFeedback(std::span<const PixelLine> lines, Colour colour)
-{
-    if (GetHandle() != nullptr) // null would be the screen
-    {
-        const CClientDC client(GetHandle());
-        CGdiCanvas(client.Get()).DrawXorLines(lines, colour);
     }
 }
 
@@ -238,14 +275,4 @@ void CChartControl::NotifyZoomChanged()
     {
         SendMessageA(parent, chartZoomChangedMessage, 0, 0);
     }
-}
-
-std::uint32_t CChartControl::GetMilliseconds()
-{
-    return GetTickCount();
-}
-
-void CChartControl::SleepMilliseconds(std::uint32_t milliseconds)
-{
-    Sleep(milliseconds);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "chart/CChart.h"
-#include "chart/CChartMouse.h"
 #include "chart/win32/CGdiCanvas.h"
 #include "framework/CWnd.h"
 #include "framework/WindowScopes.h"
@@ -26,7 +25,6 @@ public:
 
     // The chart's parts: axes, curves, legend; looks; what the mouse has done.
     [[nodiscard]] CChart& GetChart() { return chart; }
-    [[nodiscard]] const CChart& GetChart() const { return chart; }
 
     // The operations of the chart, by the names that a window's owner looks for.
     void AddAxis(std::int32_t identifier, bool vertical) { chart.GetModel().AddAxis(identifier, vertical); }
@@ -36,15 +34,16 @@ public:
     std::int64_t AddCurve(CChartCurve& curve, std::int32_t horizontalAxis, std::int32_t verticalAxis);
     void RemoveCurves() { chart.RemoveCurves(); }
     void SetScaleMode(bool horizontalLogarithmic, bool verticalLogarithmic);
-    void RecomputeLayout() { chart.RecomputeLayout(); }
-    void ResetZoom() { chart.ResetZoom(); }
+    void RecomputeLayout() override;
+    // Every axis back to its data range; the parent is told.
+    void ResetZoom();
     [[nodiscard]] std::int64_t HitTest(PixelPoint point) const;
     bool GetAxisRange(std::int32_t identifier, double& lo, double& hi) const;
 
     // A MouseMode.
-    void SetMouseMode(std::int32_t mode) { chart.GetInteraction().mode = mode; }
+    void SetMouseMode(std::int32_t mode) { chart.GetInteraction().SetMode(mode); }
     // Null for none; not owned.
-    void SetPickListener(IPickListener* listener) { mouse.SetPickListener(listener); }
+    void SetPickListener(IPickListener* listener) { chart.GetInteraction().SetPickListener(listener); }
 
     // Not owned; it outlives its use here. Lay out and repaint afterwards.
     void SetFont(HFONT labelFont);
@@ -52,27 +51,22 @@ public:
     void SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick);
 
     // The whole window is painted again, later.
-    void Invalidate();
+    void Invalidate() override { Repaint(true); }
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     // Shows the cursor of the current mouse mode. Called at every move and press of the mouse.
-    void SetMouseCursor(ChartCursor cursor) override;
+    virtual void SetMouseCursor(ChartCursor cursor);
 
 private:
-    [[nodiscard]] std::optional<PixelRect> GetClientArea() override;
-    [[nodiscard]] ITextMeasure* GetTextMeasure() override;
-    void CaptureMouse() override;
-    void ReleaseMouse() override;
-    void InvalidateChart(bool erase) override;
-    void UpdateNow() override;
-    void DrawFeedback(std::span<const PixelLine> lines, Colour colour) override;
-    void NotifyZoomChanged() override;
-    [[nodiscard]] std::uint32_t GetMilliseconds() override;
-    void SleepMilliseconds(std::uint32_t milliseconds) override;
-
     void OnPaint();
+    void Apply(const ChartResponse& response);
+    void DrawFeedback(std::span<const PixelLine> lines);
+    void Animate();
+    void ShowZoom(bool erase);
+    void Repaint(bool erase);
+    void NotifyZoomChanged();
 
     CFont ownFont;
     HFONT font;
@@ -83,6 +77,13 @@ private:
     HCURSOR panCursor = nullptr;
     HCURSOR pickCursor = nullptr;
     std::optional<CCaptureScope> capture; // while the mouse drags
-    CChart chart;
-    CChartMouse mouse;
+    CChart chart{*this};
+};
+
+// The chart of the material chooser.
+class CSimpleChartControl final : public CChartControl
+{
+public:
+    ~CSimpleChartControl() override = default;
+    [[nodiscard]] const char* GetRuntimeClassName() const override { return "CSimpleChartControl"; }
 };

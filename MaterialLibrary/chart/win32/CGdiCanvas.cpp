@@ -17,7 +17,7 @@ RECT ToRect(const PixelRect& rect)
 // A thin solid line ends one pixel before its last point.
 bool LeavesOutItsEnd(const Pen& pen)
 {
-    return pen.width <= 1 && (pen.style < PenStyle::dash || pen.style > PenStyle::dashDotDot);
+    return pen.width <= 1 && pen.IsSolid();
 }
 } // namespace
 
@@ -60,8 +60,7 @@ void CGdiCanvas::SelectPen(const Pen& pen)
     {
         return;
     }
-    const bool known = pen.style >= PenStyle::solid && pen.style <= PenStyle::dashDotDot;
-    CPen made(CreatePen(known ? pen.style : PS_SOLID, pen.width, pen.colour));
+    CPen made(CreatePen(pen.IsSolid() ? PS_SOLID : pen.style, pen.width, pen.colour));
     SelectObject(context, made.Get());
     handle = std::move(made);
     selected = pen;
@@ -87,9 +86,7 @@ void CGdiCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour col
 {
     if (background)
     {
-        const PixelSize extent = GetTextExtent(text);
-        FillRectangle({topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height},
-                      *background);
+        FillRectangle(MakeRect(topLeft, GetTextExtent(text)), *background);
     }
     SetTextColor(context, colour);
     TextOutA(context, topLeft.x, topLeft.y, text.data(), static_cast<int>(text.size()));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "chart/CChartControlWrapper.h"
-#include "chart/win32/CSimpleChartControl.h"
+#include "chart/win32/CChartControl.h"
 #include "chooser/MaterialCurves.h"
 #include "framework/CHandle.h"
 

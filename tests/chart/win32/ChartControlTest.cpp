@@ -1,5 +1,5 @@
 #include "chart/CChartControlWrapper.h"
-#include "chart/win32/CSimpleChartControl.h"
+#include "chart/win32/CChartControl.h"
 #include "framework/ModuleResources.h"
 #include "resources/CursorIds.h"
 #include "tests/CPixels.h"
@@ -194,7 +194,7 @@ TEST(ChartControl, LaysOutAgainForANewSizeAndFont)
     window.Send(WM_MOUSEMOVE, {200, 100});
     SetWindowPos(window.chart.GetHandle(), nullptr, 0, 0, 250, 200, SWP_NOMOVE | SWP_NOZORDER);
     EXPECT_LE(window.chart.GetChart().GetModel().frame.plot.right, 250);
-    EXPECT_EQ(window.chart.GetChart().GetInteraction().lastPoint, (PixelPoint{-1, -1}));
+    EXPECT_EQ(window.chart.GetChart().GetInteraction().GetPointer().mouse, (PixelPoint{-1, -1}));
     SetWindowPos(window.chart.GetHandle(), nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOZORDER);
     UpdateWindow(window.chart.GetHandle());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/win32/CSimpleChartControl.h"
+#include "chart/win32/CChartControl.h"
 #include "chooser/ChooserFilterSettings.h"
 #include "chooser/MaterialColumns.h"
 #include "chooser/win32/CMaterialGrid.h"

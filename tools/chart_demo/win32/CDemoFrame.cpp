@@ -1,6 +1,5 @@
 #include "tools/chart_demo/win32/CDemoFrame.h"
 
-#include "chart/SmallestPositiveDouble.h"
 #include "tools/chart_demo/win32/Laminate.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/win32/CSimpleChartControl.h"
+#include "chart/win32/CChartControl.h"
 
 // The demonstration's window: a chart of a laminate, a menu for the mouse mode and the scale, and in the
 // title what the chart tells its owner. The keys 1 to 6 choose a mode, L the scale.
