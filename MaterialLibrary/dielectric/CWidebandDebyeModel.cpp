@@ -77,8 +77,7 @@ bool IsFittable(const PreparedData& data)
 {
     const auto isFinite = [](double x) { return std::isfinite(x); };
     return !data.frequencies.empty() &&
-           std::all_of(data.frequencies.begin(), data.frequencies.end(),
-                       [](double f) { return f > 0.0 && std::isfinite(f); }) &&
+           std::all_of(data.frequencies.begin(), data.frequencies.end(), [](double f) { return f > 0.0; }) &&
            std::all_of(data.realParts.begin(), data.realParts.end(), isFinite) &&
            std::all_of(data.imaginaryParts.begin(), data.imaginaryParts.end(), isFinite);
 }

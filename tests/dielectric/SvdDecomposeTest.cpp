@@ -55,6 +55,7 @@ TEST(SvdDecompose, GivesOrthogonalFactorsOfTheMatrix)
     const Matrix matrices[] = {
         {1, 1, [](int, int) { return -3.0; }},
         {4, 4, [](int i, int k) { return i == k ? 1.0 : 0.0; }},
+        {2, 2, [](int i, int) { return i == 1 ? 1.0 : 0.0; }},
         {3, 3, [](int i, int k) { return k == i + 1 ? 1.0 : 0.0; }}, // nilpotent
         {5, 3, [](int, int) { return 0.0; }},
         {9, 5, [](int i, int k) { return 1.0 * i + k; }}, // rank 2
