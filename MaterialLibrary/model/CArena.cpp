@@ -68,7 +68,7 @@ void* CArena::AllocateBeyondChunk(std::size_t bytes)
 {
     if (bytes >= largeBlockBytes)
     {
-        return reinterpret_cast<std::byte*>(AddChunk(largeBlocks, bytes + headerBytes)) + headerBytes;
+        return AllocateApart(bytes);
     }
     // A part of what is there already: few chunks for a large library, little waste for a small one.
     const std::size_t chunkBytes =
@@ -79,16 +79,25 @@ void* CArena::AllocateBeyondChunk(std::size_t bytes)
     return start + headerBytes;
 }
 
+void* CArena::AllocateApart(std::size_t bytes)
+{
+    return reinterpret_cast<std::byte*>(AddChunk(largeBlocks, bytes + headerBytes)) + headerBytes;
+}
+
+void CArena::TakeBackApart(void* block) noexcept
+{
+    FreeChunk(largeBlocks, reinterpret_cast<Chunk*>(static_cast<std::byte*>(block) - headerBytes));
+}
+
 void CArena::TakeBack(void* block, std::size_t bytes) noexcept
 {
-    auto* const address = static_cast<std::byte*>(block);
     if (bytes >= largeBlockBytes)
     {
-        FreeChunk(largeBlocks, reinterpret_cast<Chunk*>(address - headerBytes));
+        TakeBackApart(block);
     }
-    else if (address + bytes == cursor)
+    else if (static_cast<std::byte*>(block) + bytes == cursor)
     {
-        cursor = address;
+        cursor -= bytes;
     }
 }
 

@@ -32,6 +32,10 @@ public:
         return *::new (Allocate(sizeof(T), alignof(T))) T(std::forward<Arguments>(arguments)...);
     }
 
+    // A block of any alignment that goes back for certain with TakeBackApart: for arrays that grow long.
+    [[nodiscard]] void* AllocateApart(std::size_t bytes);
+    void TakeBackApart(void* block) noexcept;
+
     // Takes back a block that nobody uses any more.
     void TakeBack(void* block, std::size_t bytes) noexcept;
 

@@ -79,12 +79,12 @@ IMaterial* CFakeMaterialLib::ChooseMaterial(IMaterial* current, int materialKind
 
 CMaterial& CFakeMaterialLib::MakeMaterial()
 {
-    return arena.Make<CMaterial>(arena);
+    return arena.Make<CMaterial>(arena, fit);
 }
 
 CMaterial& CFakeMaterialLib::MakeMaterial(const MLLEGACYRECORD& record)
 {
-    return arena.Make<CMaterial>(record, arena);
+    return arena.Make<CMaterial>(record, arena, fit);
 }
 
 void CFakeMaterialLib::AddMaterial(CMaterial& material)
@@ -105,5 +105,6 @@ void CFakeMaterialLib::RemoveAllMaterials() noexcept
     nameCache.Clear();
     unvisited = 0;
     materials.Release(arena);
+    fit.Forget();
     arena.Release();
 }

@@ -3,6 +3,7 @@
 #include "MaterialLibrary/IMatLib.h"
 #include "model/CArena.h"
 #include "model/CCompactArray.h"
+#include "model/CKeptFit.h"
 #include "model/CNameIndex.h"
 
 class CMaterial;
@@ -48,6 +49,7 @@ public:
 
 private:
     CArena arena;
+    CKeptFit fit; // of the material that was asked last
     CCompactArray<IMaterial*> materials;
 
     // Names met so far by look-ups, which walk the materials once, from the last to the first.

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-CMaterial::CMaterial(const MLLEGACYRECORD& record, CArena& materialArena) : CMaterial(materialArena)
+CMaterial::CMaterial(const MLLEGACYRECORD& record, CArena& materialArena, CKeptFit& libraryFit)
+    : CMaterial(materialArena, libraryFit)
 {
     kind = MLMATERIAL_DIELECTRIC;
     technology = record.technology;

@@ -3,19 +3,22 @@
 #include "MaterialLibrary/IMaterial.h"
 #include "model/CCompactArray.h"
 #include "model/CCompactText.h"
+#include "model/CKeptFit.h"
 #include "model/CMaterialTable.h"
 #include "model/IMaterialIO.h"
 #include "model/MLLEGACYRECORD.h"
 
-// One material. What it owns lies in an arena, which outlives it.
+// One material of a library. What it owns lies in the library's arena; the fit is kept for all of them.
 class CMaterial final : public IMaterial, public IMaterialIO
 {
 public:
     // An empty material whose kind is not set.
-    explicit CMaterial(CArena& materialArena) noexcept : arena(&materialArena) {}
+    CMaterial(CArena& materialArena, CKeptFit& libraryFit) noexcept : arena(&materialArena), fit(&libraryFit)
+    {
+    }
 
     // A dielectric with the name, the technology and the present attributes of the record.
-    CMaterial(const MLLEGACYRECORD& record, CArena& materialArena);
+    CMaterial(const MLLEGACYRECORD& record, CArena& materialArena, CKeptFit& libraryFit);
 
     CMaterial(const CMaterial&) = delete;
     CMaterial& operator=(const CMaterial&) = delete;
@@ -61,6 +64,7 @@ private:
                                             int tableKind, double frequency);
 
     CArena* arena;
+    CKeptFit* fit;
     CCompactText name;
     CCompactText typeName;
     CCompactText vendor;

@@ -1,8 +1,5 @@
 #include "model/CMaterialTable.h"
 
-#include "model/PropertyAnswers.h"
-
-#include <cmath>
 #include <stdexcept>
 
 const MLTBLENTRY& CMaterialTable::GetEntry(int index) const
@@ -18,22 +15,4 @@ void CMaterialTable::SetSingleValue(double value)
 {
     entries.Release(*arena);
     AddEntry({singleValueFrequency, value});
-}
-
-void CMaterialTable::AddCachedValue(double frequency, double value)
-{
-    if (std::isnan(frequency)) // equal to nothing, so it would never be found
-    {
-        return;
-    }
-    if (cache == nullptr)
-    {
-        cache = &arena->Make<CCompactArray<MLTBLENTRY>>();
-    }
-    cache->Append(*arena, {frequency, value});
-}
-
-std::optional<double> CMaterialTable::FindCachedValue(double frequency) const noexcept
-{
-    return cache != nullptr ? FindRowValue(cache->GetAll(), frequency) : std::nullopt;
 }

@@ -2,9 +2,9 @@
 
 #include "MaterialLibrary/IMaterialTable.h"
 #include "model/CCompactArray.h"
+#include "model/CValueCache.h"
 #include "model/IMaterialTableIO.h"
 
-#include <optional>
 #include <utility>
 
 // One table of a material, and the values computed for it so far.
@@ -38,15 +38,18 @@ public:
     void AddEntries(std::span<const MLTBLENTRY> rows) { entries.Append(*arena, rows); }
 
     // Keeps a computed value for FindCachedValue.
-    void AddCachedValue(double frequency, double value);
+    void AddCachedValue(double frequency, double value) { cache.Keep(*arena, frequency, value); }
 
     // The value computed last for exactly this frequency.
-    [[nodiscard]] std::optional<double> FindCachedValue(double frequency) const noexcept;
+    [[nodiscard]] std::optional<double> FindCachedValue(double frequency) const noexcept
+    {
+        return cache.Find(frequency);
+    }
 
 private:
     CArena* arena;
     double temperature = defaultTemperature;
-    CCompactArray<MLTBLENTRY>* cache = nullptr; // most tables are never asked between their rows
+    CValueCache cache;
     CCompactArray<MLTBLENTRY> entries;
     int kind;
 };

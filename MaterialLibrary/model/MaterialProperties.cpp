@@ -1,5 +1,4 @@
 // How a material answers a host: what its tables say, and what it keeps of that.
-#include "dielectric/CWidebandDebyeModel.h"
 #include "model/CMaterial.h"
 #include "model/PropertyAnswers.h"
 #include "shared/ModuleState/CModuleState.h"
@@ -34,9 +33,8 @@ IMaterialTable* CMaterial::GetTable(int tableKind, double temperature)
 double CMaterial::FitDielectricValue(CMaterialTable& permittivityTable, CMaterialTable& lossTable,
                                      int tableKind, double frequency)
 {
-    const auto model =
-        CWidebandDebyeModel::Fit(PrepareData(permittivityTable.GetEntries(), lossTable.GetEntries()));
-    if (!model)
+    const CWidebandDebyeModel* const model = fit->Fit(permittivityTable.GetEntries(), lossTable.GetEntries());
+    if (model == nullptr)
     {
         return failedFit;
     }

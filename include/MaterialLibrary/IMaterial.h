@@ -10,8 +10,8 @@ class IMaterialTable;
 // points into the material, is never null, is encoded in the system's multibyte code page, and lives
 // as long as the material.
 //
-// GetTable and GetValue add tables and computed values to the material, so one material must not be
-// asked from two threads at once.
+// GetTable and GetValue add tables and computed values, for which all materials of a library share one
+// storage, so one library must not be asked from two threads at once.
 //
 // The order of the operations is a binary contract: hosts are built with other compilers.
 class IMaterial

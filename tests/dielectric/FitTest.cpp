@@ -51,9 +51,9 @@ TEST(PrepareData, MakesALineOfErAndAnAngleOfTheLossTangent)
         {{{1.0, 4.0}, {1.0, 4.2}}, 4.1},             // also where ln f is 0
         {{{1.0, 4.0}, {1e6, 5.0}, {1.0, 6.0}}, 5.0}, // level on the whole
         {{{1e9, 5.0}, {1.5e9, 4.9}}, 5.0 + 0.1 * std::log(10.0) / std::log(1.5)},
-        {{{1e6, 4.0}, {1e9, 4.2}}, 8.2},             // the sum where it rises,
-        {{{1e3, 9.0}, {1e4, 3.0}}, 12.0},            // where it falls below 0 before 100 GHz,
-        {{{1e-9, 1e-3}, {1e-3, 1e-9}}, 1e-3 + 1e-9}, // and where it starts there
+        {{{1e6, 4.0}, {1e9, 4.2}}, 8.2},                 // the sum where it rises,
+        {{{1e3, 9.0}, {1e4, 3.0}}, 12.0},                // where it falls below 0 before 100 GHz,
+        {{{1e-9, 1e-3}, {1e-3, 1e-9}}, 1e-3 + 1e-9},     // and where it starts there
         {{{1e6, 2.07}, {1e7, 2.07}, {1e9, 2.07}}, 2.07}, // level in spite of rounding
     };
     for (const Row& row : rows)

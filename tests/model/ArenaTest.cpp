@@ -1,6 +1,7 @@
 #include "model/CArena.h"
 #include "model/CCompactArray.h"
 #include "model/CCompactText.h"
+#include "model/CValueCache.h"
 #include "tests/CountingResource.h"
 
 #include <cstdint>
@@ -124,5 +125,30 @@ TEST(CCompactText, CopiesAndReplaces)
     EXPECT_STREQ(text.Get(), "copper");
     text.Set(arena, "");
     EXPECT_STREQ(text.Get(), "");
+}
+TEST(CValueCache, KeepsTheLastValueOfEachFrequencyInLittleMemory)
+{
+    CArena arena;
+    CValueCache cache;
+    EXPECT_EQ(cache.Find(1e9), std::nullopt);
+    constexpr int count = 20'000;
+    for (int round = 0; round < 3; ++round)
+    {
+        for (int i = 0; i < count; ++i)
+        {
+            cache.Keep(arena, i * 1e6, round + i);
+            ASSERT_EQ(cache.Find(i * 1e6), round + i);
+            ASSERT_EQ(cache.Find(i * 1e6 + 1.0), std::nullopt);
+        }
+        EXPECT_LE(arena.GetReservedBytes(), 24u * count);
+    }
+    for (int i = 0; i < count; ++i)
+    {
+        ASSERT_EQ(cache.Find(i * 1e6), 2 + i);
+    }
+    cache.Keep(arena, -0.0, 5.0);
+    EXPECT_EQ(cache.Find(0.0), 5.0);
+    cache.Keep(arena, NAN, 5.0);
+    EXPECT_EQ(cache.Find(NAN), std::nullopt);
 }
 } // namespace

@@ -1,3 +1,4 @@
+#include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
 #include "model/CTechnologyMapProvider.h"
 
@@ -8,8 +9,8 @@ namespace
 {
 TEST(CMaterial, IsEmptyAtFirst)
 {
-    CArena arena;
-    const CMaterial material(arena);
+    CFakeMaterialLib library;
+    const CMaterial& material = library.MakeMaterial();
     double value = 7.0;
     int technology = 7;
     EXPECT_EQ(material.GetKind(), MLMATERIAL_NOT_SET);
@@ -25,10 +26,9 @@ TEST(CMaterial, IsEmptyAtFirst)
 
 TEST(CMaterial, TakesWhatALegacyRecordSaysIsPresent)
 {
-    CArena arena;
-    const CMaterial material(
-        {.name = "record", .hasBulkResistivity = true, .technology = 2, .numbers = {.bulkResistivity = 2.0}},
-        arena);
+    CFakeMaterialLib library;
+    const CMaterial& material = library.MakeMaterial(
+        {.name = "record", .hasBulkResistivity = true, .technology = 2, .numbers = {.bulkResistivity = 2.0}});
     EXPECT_STREQ(material.GetName(), "record");
     EXPECT_EQ(material.GetKind(), MLMATERIAL_DIELECTRIC);
     double value = 0.0;
@@ -39,8 +39,8 @@ TEST(CMaterial, TakesWhatALegacyRecordSaysIsPresent)
 
 TEST(CMaterial, KeepsAttributesByIdentifierButOneTechnologyForAll)
 {
-    CArena arena;
-    CMaterial material(arena);
+    CFakeMaterialLib library;
+    CMaterial& material = library.MakeMaterial();
     material.SetAttribute(MLATTR_THICKNESS, 0.1);
     material.SetAttribute(static_cast<MLATTRIBID>(-77), 5.0);
     material.SetAttribute(MLATTR_THICKNESS, 0.0002);
@@ -59,8 +59,8 @@ TEST(CMaterial, KeepsAttributesByIdentifierButOneTechnologyForAll)
 
 TEST(CMaterial, BothInterfacesSeeTheSameMaterial)
 {
-    CArena arena;
-    CMaterial material(arena);
+    CFakeMaterialLib library;
+    CMaterial& material = library.MakeMaterial();
     IMaterialIO& builder = material;
     IMaterial& reader = material;
     char name[] = "Laminate";
