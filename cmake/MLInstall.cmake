@@ -77,7 +77,6 @@ if(ML_LLVM_DLLTOOL)
 endif()
 
 install(DIRECTORY include/ DESTINATION include)
-install(FILES shared/MessageManager/IManager.h DESTINATION include/shared/MessageManager)
 
 configure_file(cmake/package/MaterialLibrary.pc.in ${packaging}/MaterialLibrary.pc @ONLY)
 install(FILES ${packaging}/MaterialLibrary.pc DESTINATION lib/pkgconfig)

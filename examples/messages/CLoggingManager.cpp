@@ -25,148 +25,62 @@ UINT IconOf(unsigned severity)
     }
 }
 
-int Tell(unsigned severity, const char* text)
+void Log(const msg::MessageRequest& message)
 {
     try
     {
-        LogMessage(severity, text != nullptr ? text : "");
+        LogMessage(message.severity, message.text != nullptr ? message.text : "");
     }
     catch (const std::bad_alloc&)
     {
         // a lost line of the log is no reason to end the host
     }
-    return answerOk;
 }
 
-int AskUser(HWND owner, unsigned severity, const char* text, unsigned buttons, const char* caption)
+HWND OwnerOf(const msg::MessageRequest& message)
 {
-    Tell(severity, text);
-    return MessageBoxA(owner, text, caption != nullptr ? caption : "Example host",
-                       buttons | IconOf(severity));
+    return message.hasOwner ? static_cast<HWND>(message.owner) : GetActiveWindow();
+}
+
+int AskUser(const msg::MessageRequest& message)
+{
+    Log(message);
+    return MessageBoxA(OwnerOf(message), message.text,
+                       message.caption != nullptr ? message.caption : "Example host",
+                       message.buttons | IconOf(message.severity));
 }
 
 // A box for the question and, as a system's box has nothing to tick, one for whether to remember the
 // answer.
-int AskUnlessRemembered(HWND owner, const char* id, unsigned severity, const char* text, unsigned buttons,
-                        const char* caption, const char* check)
+int AskUnlessRemembered(const msg::MessageRequest& message, const char* standardCheckText)
 {
-    if (const auto answer = GetAnswerStore().Find(id))
+    if (const auto answer = GetAnswerStore().Find(message.id))
     {
         return *answer;
     }
-    const int answer = AskUser(owner, severity, text, buttons, caption);
-    const char* const question = check != nullptr ? check : "Remember the answer?";
-    if (MessageBoxA(owner, question, caption, MB_OKCANCEL | MB_DEFBUTTON2) == IDOK)
+    const int answer = AskUser(message);
+    const char* const question = message.checkText != nullptr ? message.checkText : standardCheckText;
+    if (MessageBoxA(OwnerOf(message), question, message.caption, MB_OKCANCEL | MB_DEFBUTTON2) == IDOK)
     {
-        GetAnswerStore().Remember(id, answer);
+        GetAnswerStore().Remember(message.id, answer);
     }
     return answer;
 }
-
-// A message that the user may silence must be seen, or there would be nothing to silence.
-int ShowUnlessSilenced(HWND owner, const char* id, unsigned severity, const char* text, const char* caption,
-                       const char* check)
-{
-    AskUnlessRemembered(owner, id, severity, text, MB_OK, caption,
-                        check != nullptr ? check : "Don't show this message again?");
-    return answerOk;
-}
-
-HWND AsWindow(msg::WindowHandle handle)
-{
-    return static_cast<HWND>(handle);
-}
 } // namespace
 
-int CLoggingManager::Invoke(Callback callback, void* a, void* b, void* c, void* d)
+int CLoggingManager::OnMessage(const msg::MessageRequest& message)
 {
-    return callback(a, b, c, d);
-}
-
-int CLoggingManager::Show(Owner, Text, unsigned severity, Text text, Text)
-{
-    return Tell(severity, text);
-}
-
-int CLoggingManager::ShowGeneric(Owner, unsigned severity, Text text, Text)
-{
-    return Tell(severity, text);
-}
-
-int CLoggingManager::ShowDefaultOwner(Text, unsigned severity, Text text, Text)
-{
-    return Tell(severity, text);
-}
-
-int CLoggingManager::ShowGenericDefaultOwner(unsigned severity, Text text, Text)
-{
-    return Tell(severity, text);
-}
-
-int CLoggingManager::ShowOnce(Owner owner, Text id, Text, unsigned severity, Text text, Text caption,
-                              Text check)
-{
-    return ShowUnlessSilenced(AsWindow(owner), id, severity, text, caption, check);
-}
-
-int CLoggingManager::ShowOnceGeneric(Owner owner, Text id, unsigned severity, Text text, Text caption,
-                                     Text check)
-{
-    return ShowUnlessSilenced(AsWindow(owner), id, severity, text, caption, check);
-}
-
-int CLoggingManager::ShowOnceDefaultOwner(Text id, Text, unsigned severity, Text text, Text caption,
-                                          Text check)
-{
-    return ShowUnlessSilenced(GetActiveWindow(), id, severity, text, caption, check);
-}
-
-int CLoggingManager::ShowOnceGenericDefaultOwner(Text id, unsigned severity, Text text, Text caption,
-                                                 Text check)
-{
-    return ShowUnlessSilenced(GetActiveWindow(), id, severity, text, caption, check);
-}
-
-int CLoggingManager::Ask(Owner owner, Text, unsigned severity, Text text, unsigned buttons, Text caption)
-{
-    return AskUser(AsWindow(owner), severity, text, buttons, caption);
-}
-
-int CLoggingManager::AskGeneric(Owner owner, unsigned severity, Text text, unsigned buttons, Text caption)
-{
-    return AskUser(AsWindow(owner), severity, text, buttons, caption);
-}
-
-int CLoggingManager::AskDefaultOwner(Text, unsigned severity, Text text, unsigned buttons, Text caption)
-{
-    return AskUser(GetActiveWindow(), severity, text, buttons, caption);
-}
-
-int CLoggingManager::AskGenericDefaultOwner(unsigned severity, Text text, unsigned buttons, Text caption)
-{
-    return AskUser(GetActiveWindow(), severity, text, buttons, caption);
-}
-
-int CLoggingManager::AskRemembered(Owner owner, Text id, Text, unsigned severity, Text text, unsigned buttons,
-                                   Text caption, Text check)
-{
-    return AskUnlessRemembered(AsWindow(owner), id, severity, text, buttons, caption, check);
-}
-
-int CLoggingManager::AskRememberedGeneric(Owner owner, Text id, unsigned severity, Text text,
-                                          unsigned buttons, Text caption, Text check)
-{
-    return AskUnlessRemembered(AsWindow(owner), id, severity, text, buttons, caption, check);
-}
-
-int CLoggingManager::AskRememberedDefaultOwner(Text id, Text, unsigned severity, Text text, unsigned buttons,
-                                               Text caption, Text check)
-{
-    return AskUnlessRemembered(GetActiveWindow(), id, severity, text, buttons, caption, check);
-}
-
-int CLoggingManager::AskRememberedGenericDefaultOwner(Text id, unsigned severity, Text text, unsigned buttons,
-                                                      Text caption, Text check)
-{
-    return AskUnlessRemembered(GetActiveWindow(), id, severity, text, buttons, caption, check);
+    switch (message.kind)
+    {
+    case msg::MessageKind::Ask:
+        return AskUser(message);
+    case msg::MessageKind::AskRemembered:
+        return AskUnlessRemembered(message, "Remember the answer?");
+    case msg::MessageKind::ShowOnce: // must be seen, or there would be nothing to silence
+        AskUnlessRemembered(message, "Don't show this message again?");
+        return answerOk;
+    default:
+        Log(message);
+        return answerOk;
+    }
 }

@@ -1,6 +1,6 @@
 #include "MessageLog.h"
 
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/IManager.h"
 
 #include <windows.h>
 

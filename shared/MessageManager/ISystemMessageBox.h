@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/IManager.h"
 
 #include <string>
 

@@ -4,103 +4,84 @@
 #include "shared/Translation/Translate.h"
 
 #include <mutex>
+#include <string>
 
 namespace
 {
-using msg::Message;
+// One message on its way to the user.
+struct Message
+{
+    msg::WindowHandle owner = nullptr;
+    bool hasOwner = false; // false: the application's main window is the owner, or none
+    std::string id;        // what a choice not to show it again is remembered under; empty: not offered
+    unsigned severity = 0;
+    std::string type;
+    std::string text;
+    const char* caption = nullptr;   // null: the application's name
+    const char* checkText = nullptr; // the text of the don't-show-again choice
+    unsigned buttons = 0;            // style bits of a system message box
+    int suppressed = 0;              // 1: not shown, the user asked not to see it again
+    int answerToRemember = 0;        // non-zero: an answer is to be remembered
+};
 
 const char* OrEmpty(const char* text)
 {
     return text != nullptr ? text : "";
 }
 
-Message MakeMessage(const char* type, unsigned severity, const char* text, const char* caption)
+unsigned IconOfSeverity(unsigned severity)
 {
-    Message message;
-    message.type = OrEmpty(type);
-    message.severity = severity;
-    message.text = OrEmpty(text);
-    message.caption = caption;
-    return message;
-}
-
-Message Owned(Message message, msg::WindowHandle owner)
-{
-    message.owner = owner;
-    message.hasOwner = true;
-    return message;
-}
-
-Message Repeatable(Message message, const char* id, const char* checkText)
-{
-    message.id = OrEmpty(id);
-    message.checkText = checkText;
-    return message;
-}
-
-int Question(Message message, unsigned buttons)
-{
-    message.buttons = buttons;
-    return msg::ShowMessage(message);
-}
-
-int RememberedQuestion(Message message, unsigned buttons)
-{
-    if (message.checkText == nullptr)
+    switch (severity)
     {
-        message.checkText =
-            translate(sharedDomain, sharedCatalogue, "Remember answer and don't show this message box again");
+    case msg::severityWarning:
+        return msg::boxIconExclamation;
+    case msg::severityError:
+    case msg::severitySevereError:
+        return msg::boxIconStop;
+    default:
+        return msg::boxIconInformation;
     }
-    return Question(std::move(message), buttons);
+}
+
+// The application's name, or else the running program's file name without its folder and its last extension.
+std::string DefaultCaption()
+{
+    if (std::string name = msg::GetSystemMessageBox().GetApplicationName(); !name.empty())
+    {
+        return name;
+    }
+    std::string name = msg::GetSystemMessageBox().GetExecutablePath();
+    name.erase(0, name.find_last_of("\\/") + 1);
+    if (const std::size_t dot = name.find_last_of('.'); dot != std::string::npos)
+    {
+        name.erase(dot);
+    }
+    return name;
+}
+
+int ShowMessage(const Message& message)
+{
+    msg::ISystemMessageBox& box = msg::GetSystemMessageBox();
+    const unsigned style = (message.buttons & ~msg::boxIconMask) | IconOfSeverity(message.severity);
+    const msg::WindowHandle owner = message.hasOwner ? message.owner : box.FindMainWindow();
+    const std::string caption = message.caption != nullptr ? std::string(message.caption) : DefaultCaption();
+    return box.Show(owner, message.text.c_str(), caption.c_str(), style);
 }
 
 // Two threads with messages of this kind do not load the handler module twice.
-std::mutex& MessageLock()
+msg::IRegistrator* FindRegistrator(msg::CHandlerModule& handler)
 {
     static std::mutex lock;
-    return lock;
-}
-} // namespace
-
-namespace msg
-{
-int ManagerStub::Invoke(Callback callback, void* a, void* b, void* c, void* d)
-{
-    return callback(a, b, c, d);
+    const std::scoped_lock guard(lock);
+    return handler.FindRegistrator();
 }
 
-int ManagerStub::Show(WindowHandle owner, const char* type, unsigned severity, const char* text,
-                      const char* caption)
+int ShowUnlessSuppressed(Message& message, msg::IRegistrator* registrator)
 {
-    return Question(Owned(MakeMessage(type, severity, text, caption), owner), 0);
-}
-
-int ManagerStub::ShowGeneric(WindowHandle owner, unsigned severity, const char* text, const char* caption)
-{
-    return Show(owner, genericType, severity, text, caption);
-}
-
-int ManagerStub::ShowDefaultOwner(const char* type, unsigned severity, const char* text, const char* caption)
-{
-    return Question(MakeMessage(type, severity, text, caption), 0);
-}
-
-int ManagerStub::ShowGenericDefaultOwner(unsigned severity, const char* text, const char* caption)
-{
-    return ShowDefaultOwner(genericType, severity, text, caption);
-}
-
-int ManagerStub::ShowUnlessSuppressed(Message& message)
-{
-    IRegistrator* registrator = nullptr;
-    {
-        const std::scoped_lock lock(MessageLock());
-        registrator = handler.FindRegistrator();
-    }
     if (registrator != nullptr && registrator->IsSuppressed(message.id.c_str()))
     {
         message.suppressed = 1;
-        return answerOk;
+        return msg::answerOk;
     }
     if (message.checkText == nullptr)
     {
@@ -111,83 +92,29 @@ int ManagerStub::ShowUnlessSuppressed(Message& message)
     {
         registrator->Remember(message.id.c_str(), answer);
     }
-    return answerOk;
+    return msg::answerOk;
 }
+} // namespace
 
-int ManagerStub::ShowOnce(WindowHandle owner, const char* id, const char* type, unsigned severity,
-                          const char* text, const char* caption, const char* checkText)
+int msg::ManagerStub::OnMessage(const MessageRequest& request)
 {
-    Message message = Owned(Repeatable(MakeMessage(type, severity, text, caption), id, checkText), owner);
-    return ShowUnlessSuppressed(message);
+    Message message{.owner = request.owner,
+                    .hasOwner = request.hasOwner,
+                    .id = OrEmpty(request.id),
+                    .severity = request.severity,
+                    .type = OrEmpty(request.type),
+                    .text = OrEmpty(request.text),
+                    .caption = request.caption,
+                    .checkText = request.checkText,
+                    .buttons = request.buttons};
+    if (request.kind == MessageKind::ShowOnce)
+    {
+        return ShowUnlessSuppressed(message, FindRegistrator(*handler));
+    }
+    if (request.kind == MessageKind::AskRemembered && message.checkText == nullptr)
+    {
+        message.checkText =
+            translate(sharedDomain, sharedCatalogue, "Remember answer and don't show this message box again");
+    }
+    return ShowMessage(message);
 }
-
-int ManagerStub::ShowOnceGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
-                                 const char* caption, const char* checkText)
-{
-    return ShowOnce(owner, id, genericType, severity, text, caption, checkText);
-}
-
-int ManagerStub::ShowOnceDefaultOwner(const char* id, const char* type, unsigned severity, const char* text,
-                                      const char* caption, const char* checkText)
-{
-    Message message = Repeatable(MakeMessage(type, severity, text, caption), id, checkText);
-    return ShowUnlessSuppressed(message);
-}
-
-int ManagerStub::ShowOnceGenericDefaultOwner(const char* id, unsigned severity, const char* text,
-                                             const char* caption, const char* checkText)
-{
-    return ShowOnceDefaultOwner(id, genericType, severity, text, caption, checkText);
-}
-
-int ManagerStub::Ask(WindowHandle owner, const char* type, unsigned severity, const char* text,
-                     unsigned buttons, const char* caption)
-{
-    return Question(Owned(MakeMessage(type, severity, text, caption), owner), buttons);
-}
-
-int ManagerStub::AskGeneric(WindowHandle owner, unsigned severity, const char* text, unsigned buttons,
-                            const char* caption)
-{
-    return Ask(owner, genericType, severity, text, buttons, caption);
-}
-
-int ManagerStub::AskDefaultOwner(const char* type, unsigned severity, const char* text, unsigned buttons,
-                                 const char* caption)
-{
-    return Question(MakeMessage(type, severity, text, caption), buttons);
-}
-
-int ManagerStub::AskGenericDefaultOwner(unsigned severity, const char* text, unsigned buttons,
-                                        const char* caption)
-{
-    return AskDefaultOwner(genericType, severity, text, buttons, caption);
-}
-
-int ManagerStub::AskRemembered(WindowHandle owner, const char* id, const char* type, unsigned severity,
-                               const char* text, unsigned buttons, const char* caption, const char* checkText)
-{
-    return RememberedQuestion(
-        Owned(Repeatable(MakeMessage(type, severity, text, caption), id, checkText), owner), buttons);
-}
-
-int ManagerStub::AskRememberedGeneric(WindowHandle owner, const char* id, unsigned severity, const char* text,
-                                      unsigned buttons, const char* caption, const char* checkText)
-{
-    return AskRemembered(owner, id, genericType, severity, text, buttons, caption, checkText);
-}
-
-int ManagerStub::AskRememberedDefaultOwner(const char* id, const char* type, unsigned severity,
-                                           const char* text, unsigned buttons, const char* caption,
-                                           const char* checkText)
-{
-    return RememberedQuestion(Repeatable(MakeMessage(type, severity, text, caption), id, checkText), buttons);
-}
-
-int ManagerStub::AskRememberedGenericDefaultOwner(const char* id, unsigned severity, const char* text,
-                                                  unsigned buttons, const char* caption,
-                                                  const char* checkText)
-{
-    return AskRememberedDefaultOwner(id, genericType, severity, text, buttons, caption, checkText);
-}
-} // namespace msg

@@ -1,8 +1,25 @@
 #include "shared/MessageManager/MessageManager.h"
 
+#include "shared/MessageManager/ISystemMessageBox.h"
 #include "shared/MessageManager/ManagerStub.h"
 
 #include <new>
+#include <utility>
+
+namespace
+{
+msg::ISystemMessageBox* replacement = nullptr;
+}
+
+msg::ISystemMessageBox& msg::GetSystemMessageBox()
+{
+    return replacement != nullptr ? *replacement : GetPlatformMessageBox();
+}
+
+msg::ISystemMessageBox* msg::ReplaceSystemMessageBox(ISystemMessageBox* box)
+{
+    return std::exchange(replacement, box);
+}
 
 msg::IManager* GetMessageManager()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/IManager.h"
 
 // The manager through which every message of the module is shown: that of the host's handler module while
 // it is loaded and enabled (asked at every call), otherwise the library's own. Never null, never released.

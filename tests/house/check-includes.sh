@@ -8,7 +8,7 @@ cd "${1:-$(dirname "${BASH_SOURCE[0]}")/../..}"
 # win32 folders may include the same, and framework. docs/architecture.md has the picture.
 declare -A arrows=(
     [include]=""
-    [shared]=""
+    [shared]="include"
     [MaterialLibrary/dielectric]="include"
     [MaterialLibrary/resources]=""
     [MaterialLibrary/model]="include MaterialLibrary/dielectric MaterialLibrary/resources shared"
@@ -23,7 +23,7 @@ declare -A arrows=(
     [tools/matlib]="include shared MaterialLibrary/chart tools/matlib/check"
     [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/resources shared tools/matlib"
     [examples/host]="include"
-    [examples/messages]="shared"
+    [examples/messages]="include"
     [examples/translation]=""
 )
 

@@ -1,5 +1,5 @@
 // The example modules that a host may put beside itself.
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/IManager.h"
 #include "tests/win32/CMessageBoxRobot.h"
 #include "tests/win32/CModule.h"
 #include "tests/win32/CTestFolder.h"

@@ -1,6 +1,6 @@
 // The places of the operations in their interfaces' tables, which hosts of other compilers are built for.
+#include "MaterialLibrary/IManager.h"
 #include "MaterialLibrary/MaterialLibrary.h"
-#include "shared/MessageManager/IManager.h"
 
 #include <bit>
 #include <cstdint>

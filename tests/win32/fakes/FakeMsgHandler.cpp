@@ -1,7 +1,7 @@
 // A message handler that says on the standard output what it is asked for. Variants of it lack an entry
 // point each (CMakeLists.txt). The environment variable ML_FAKE_HANDLER may hold the words "disabled",
 // "nomanager" and "noregistrator".
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/IManager.h"
 #include "tests/win32/Console.h"
 #include "tests/win32/foreign/ForeignManager.h"
 

@@ -1,7 +1,7 @@
 // Compiled to the object format of another C++ compiler, without any library behind it.
 #include "tests/win32/foreign/ForeignManager.h"
 
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/CManagerAdapter.h"
 
 // The destructors' slots refer to it; nothing is ever released here.
 void operator delete(void*) noexcept {}
@@ -60,98 +60,16 @@ private:
     unsigned length = 0;
 };
 
-template <class... Arguments>
-int Say(unsigned slot, Arguments... arguments)
-{
-    CLine("slot").Print(slot, arguments...);
-    return static_cast<int>(100 + slot);
-}
-
 using Text = const char*;
-using Window = msg::WindowHandle;
 
-class CForeignManager final : public msg::IManager
+// Prints each message with the number of its slot, which what came through it tells.
+class CForeignManager final : public msg::CManagerAdapter
 {
 public:
     int Invoke(Callback callback, void* a, void* b, void* c, void* d) override
     {
         Say(0);
-        return callback(a, b, c, d);
-    }
-
-    int Show(Window owner, Text type, unsigned severity, Text text, Text caption) override
-    {
-        return Say(1, owner, type, severity, text, caption);
-    }
-    int ShowGeneric(Window owner, unsigned severity, Text text, Text caption) override
-    {
-        return Say(2, owner, severity, text, caption);
-    }
-    int ShowDefaultOwner(Text type, unsigned severity, Text text, Text caption) override
-    {
-        return Say(3, type, severity, text, caption);
-    }
-    int ShowGenericDefaultOwner(unsigned severity, Text text, Text caption) override
-    {
-        return Say(4, severity, text, caption);
-    }
-
-    int ShowOnce(Window owner, Text id, Text type, unsigned severity, Text text, Text caption,
-                 Text check) override
-    {
-        return Say(5, owner, id, type, severity, text, caption, check);
-    }
-    int ShowOnceGeneric(Window owner, Text id, unsigned severity, Text text, Text caption,
-                        Text check) override
-    {
-        return Say(6, owner, id, severity, text, caption, check);
-    }
-    int ShowOnceDefaultOwner(Text id, Text type, unsigned severity, Text text, Text caption,
-                             Text check) override
-    {
-        return Say(7, id, type, severity, text, caption, check);
-    }
-    int ShowOnceGenericDefaultOwner(Text id, unsigned severity, Text text, Text caption, Text check) override
-    {
-        return Say(8, id, severity, text, caption, check);
-    }
-
-    int Ask(Window owner, Text type, unsigned severity, Text text, unsigned buttons, Text caption) override
-    {
-        return Say(9, owner, type, severity, text, buttons, caption);
-    }
-    int AskGeneric(Window owner, unsigned severity, Text text, unsigned buttons, Text caption) override
-    {
-        return Say(10, owner, severity, text, buttons, caption);
-    }
-    int AskDefaultOwner(Text type, unsigned severity, Text text, unsigned buttons, Text caption) override
-    {
-        return Say(11, type, severity, text, buttons, caption);
-    }
-    int AskGenericDefaultOwner(unsigned severity, Text text, unsigned buttons, Text caption) override
-    {
-        return Say(12, severity, text, buttons, caption);
-    }
-
-    int AskRemembered(Window owner, Text id, Text type, unsigned severity, Text text, unsigned buttons,
-                      Text caption, Text check) override
-    {
-        return Say(13, owner, id, type, severity, text, buttons, caption, check);
-    }
-    int AskRememberedGeneric(Window owner, Text id, unsigned severity, Text text, unsigned buttons,
-                             Text caption, Text check) override
-    {
-        return Say(14, owner, id, severity, text, buttons, caption, check);
-    }
-    int AskRememberedDefaultOwner(Text id, Text type, unsigned severity, Text text, unsigned buttons,
-                                  Text caption, Text check) override
-    {
-        return Say(15, id, type, severity, text, buttons, caption, check);
-    }
-    int AskRememberedGenericDefaultOwner(Text id, unsigned severity, Text text, unsigned buttons,
-                                         Text caption, Text check) override
-    {
-        return Say(16, id, severity, text, buttons, caption, check);
+        return CManagerAdapter::Invoke(callback, a, b, c, d);
     }
 
     void Reserved17() override { Say(17); }
@@ -163,6 +81,24 @@ public:
     void Reserved23() override { Say(23); }
     int Query24() override { return Say(24); }
     void Reserved25() override { Say(25); }
+
+protected:
+    int OnMessage(const msg::MessageRequest& message) override
+    {
+        const bool isGeneric = message.type[0] == msg::genericType[0];
+        const unsigned slot =
+            1 + 4 * static_cast<unsigned>(message.kind) + (message.hasOwner ? 0 : 2) + (isGeneric ? 1 : 0);
+        return Say(slot, message.owner, message.id, message.type, message.severity, message.text,
+                   message.buttons, message.caption, message.checkText);
+    }
+
+private:
+    template <class... Arguments>
+    static int Say(unsigned slot, Arguments... arguments)
+    {
+        CLine("slot").Print(slot, arguments...);
+        return static_cast<int>(100 + slot);
+    }
 };
 
 class CForeignRegistrator final : public msg::IRegistrator

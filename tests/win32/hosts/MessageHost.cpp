@@ -9,7 +9,7 @@
 
 namespace
 {
-msg::WindowHandle const noOwner = nullptr;
+msg::WindowHandle const owner = reinterpret_cast<void*>(77); // no window, and never asked
 
 int Add(void* a, void* b, void* c, void* d)
 {
@@ -42,17 +42,17 @@ void CallEverySlot(msg::IManager& manager)
 {
     int numbers[] = {1, 20, 300, 4000};
     PrintAnswers(
-        {manager.Show(noOwner, "t", 1, "text", "cap"), manager.ShowGeneric(noOwner, 2, "text", "cap"),
+        {manager.Show(owner, "t", 1, "text", "cap"), manager.ShowGeneric(owner, 2, "text", "cap"),
          manager.ShowDefaultOwner("t", 3, "text", "cap"), manager.ShowGenericDefaultOwner(4, "text", nullptr),
-         manager.ShowOnce(noOwner, "id", "t", 5, "text", "cap", "check"),
-         manager.ShowOnceGeneric(noOwner, "suppressed", 6, "text", "cap", nullptr),
+         manager.ShowOnce(owner, "id", "t", 5, "text", "cap", "check"),
+         manager.ShowOnceGeneric(owner, "suppressed", 6, "text", "cap", nullptr),
          manager.ShowOnceDefaultOwner("id", "t", 7, "text", "cap", "check"),
          manager.ShowOnceGenericDefaultOwner("suppressed", 8, "text", "cap", "check"),
-         manager.Ask(noOwner, "t", 1, "text", 4, "cap"), manager.AskGeneric(noOwner, 2, "text", 5, "cap"),
+         manager.Ask(owner, "t", 1, "text", 4, "cap"), manager.AskGeneric(owner, 2, "text", 5, "cap"),
          manager.AskDefaultOwner("t", 3, "text", 6, "cap"),
          manager.AskGenericDefaultOwner(4, "text", 7, "cap"),
-         manager.AskRemembered(noOwner, "id", "t", 5, "text", 8, "cap", "check"),
-         manager.AskRememberedGeneric(noOwner, "id", 6, "text", 9, "cap", "check"),
+         manager.AskRemembered(owner, "id", "t", 5, "text", 8, "cap", "check"),
+         manager.AskRememberedGeneric(owner, "id", 6, "text", 9, "cap", "check"),
          manager.AskRememberedDefaultOwner("id", "t", 7, "text", 10, "cap", "check"),
          manager.AskRememberedGenericDefaultOwner("id", 8, "text", 11, "cap", "check"),
          manager.Invoke(Add, &numbers[0], &numbers[1], &numbers[2], &numbers[3]), CallReservedSlots(manager),

@@ -1,5 +1,5 @@
 // MsgHandler.dll of matlib.exe: hands every message of the material library to the program while it listens.
-#include "shared/MessageManager/IManager.h"
+#include "MaterialLibrary/CManagerAdapter.h"
 #include "tools/matlib/win32/messages/MessageSink.h"
 
 namespace
@@ -7,68 +7,18 @@ namespace
 MessageSink currentSink = nullptr;
 void* sinkContext = nullptr;
 
-int Forward(const char* text)
+class CForwardingManager final : public msg::CManagerAdapter
 {
-    constexpr int answerOk = 1;
-    if (currentSink != nullptr && text != nullptr)
+protected:
+    int OnMessage(const msg::MessageRequest& message) override
     {
-        currentSink(sinkContext, text);
+        constexpr int answerOk = 1;
+        if (currentSink != nullptr && message.text != nullptr)
+        {
+            currentSink(sinkContext, message.text);
+        }
+        return answerOk;
     }
-    return answerOk;
-}
-
-class CForwardingManager final : public msg::IManager
-{
-    using Owner = msg::WindowHandle;
-    using Text = const char*;
-
-public:
-    int Invoke(Callback callback, void* a, void* b, void* c, void* d) override
-    {
-        return callback(a, b, c, d);
-    }
-
-    int Show(Owner, Text, unsigned, Text text, Text) override { return Forward(text); }
-    int ShowGeneric(Owner, unsigned, Text text, Text) override { return Forward(text); }
-    int ShowDefaultOwner(Text, unsigned, Text text, Text) override { return Forward(text); }
-    int ShowGenericDefaultOwner(unsigned, Text text, Text) override { return Forward(text); }
-
-    int ShowOnce(Owner, Text, Text, unsigned, Text text, Text, Text) override { return Forward(text); }
-    int ShowOnceGeneric(Owner, Text, unsigned, Text text, Text, Text) override { return Forward(text); }
-    int ShowOnceDefaultOwner(Text, Text, unsigned, Text text, Text, Text) override { return Forward(text); }
-    int ShowOnceGenericDefaultOwner(Text, unsigned, Text text, Text, Text) override { return Forward(text); }
-
-    int Ask(Owner, Text, unsigned, Text text, unsigned, Text) override { return Forward(text); }
-    int AskGeneric(Owner, unsigned, Text text, unsigned, Text) override { return Forward(text); }
-    int AskDefaultOwner(Text, unsigned, Text text, unsigned, Text) override { return Forward(text); }
-    int AskGenericDefaultOwner(unsigned, Text text, unsigned, Text) override { return Forward(text); }
-
-    int AskRemembered(Owner, Text, Text, unsigned, Text text, unsigned, Text, Text) override
-    {
-        return Forward(text);
-    }
-    int AskRememberedGeneric(Owner, Text, unsigned, Text text, unsigned, Text, Text) override
-    {
-        return Forward(text);
-    }
-    int AskRememberedDefaultOwner(Text, Text, unsigned, Text text, unsigned, Text, Text) override
-    {
-        return Forward(text);
-    }
-    int AskRememberedGenericDefaultOwner(Text, unsigned, Text text, unsigned, Text, Text) override
-    {
-        return Forward(text);
-    }
-
-    void Reserved17() override {}
-    [[nodiscard]] bool Query18() override { return true; }
-    void Reserved19() override {}
-    void Reserved20() override {}
-    void Reserved21() override {}
-    void Reserved22() override {}
-    void Reserved23() override {}
-    [[nodiscard]] int Query24() override { return 0; }
-    void Reserved25() override {}
 };
 } // namespace
 

@@ -14,10 +14,11 @@ inline constexpr unsigned severitySevereError = 4;
 // The type of messages that belong to no particular group.
 inline constexpr const char* genericType = "msgtype.GENERIC";
 
-// Shows messages to the user. The library has a plain implementation (ManagerStub); a host supplies
-// another one through its module "MsgHandler.dll", which may be built with another compiler: texts are
-// `const char*` in the system's multibyte code page, and the order of the operations is a binary
-// contract. No two operations share a name, since compilers order overloads differently.
+// Shows messages to the user. The library has a plain implementation; a host supplies another one through its
+// module "MsgHandler.dll" (CManagerAdapter spares it most of the slots). That module may be built with
+// another compiler: texts are `const char*` in the system's multibyte code page, and the order of the
+// operations is a binary contract. No two operations share a name, since compilers order overloads
+// differently.
 //
 // Every answer is that of a system message box (1 = OK). "Generic" operations have the type
 // `genericType`; "DefaultOwner" operations choose the owner window themselves. `caption` may be null (the
