@@ -8,21 +8,18 @@
 
 namespace
 {
-// The order that undoes `order`. Throws std::invalid_argument unless `order` names 1 ... its size once each.
-std::vector<int> InvertOrder(std::span<const int> order)
+bool NamesEachRowOnce(std::span<const int> order, int rowCount)
 {
-    std::vector<int> inverse(order.size(), 0);
-    for (std::size_t i = 0; i < order.size(); ++i)
+    std::vector<bool> named(static_cast<std::size_t>(rowCount), false);
+    for (const int row : order)
     {
-        const int row = order[i];
-        if (row < 1 || static_cast<std::size_t>(row) > order.size() ||
-            inverse[static_cast<std::size_t>(row) - 1] != 0)
+        if (row < 1 || row > rowCount || named[static_cast<std::size_t>(row) - 1])
         {
-            throw std::invalid_argument("not an order of the rows");
+            return false;
         }
-        inverse[static_cast<std::size_t>(row) - 1] = static_cast<int>(i) + 1;
+        named[static_cast<std::size_t>(row) - 1] = true;
     }
-    return inverse;
+    return order.size() == named.size();
 }
 } // namespace
 
@@ -49,7 +46,6 @@ void CGridModel::SetRowCount(int newRowCount)
     rowCount = newRowCount;
     selection = std::move(newSelection);
     sorted = false;
-    undo.Clear();
     if (newRowCount == 0)
     {
         texts = {};
@@ -75,10 +71,6 @@ void CGridModel::SetCell(int row, int column, GridStyleId style, std::string_vie
     {
         throw std::invalid_argument("the grid has no such style");
     }
-    if (undo.IsRecording())
-    {
-        undo.Record(CGridUndo::CellBefore{{row, column}, cells[index].style, texts.Get(cells[index].text)});
-    }
     const CTextPool::Offset stored = StoreText(index, text);
     texts.Abandon(cells[index].text);
     cells[index] = {stored, style};
@@ -95,11 +87,6 @@ void CGridModel::SetCell(int row, int column, GridStyleId style)
 const GridStyle& CGridModel::GetStyle(int row, int column) const
 {
     return styles[cells[GetCellIndex(row, column)].style];
-}
-
-GridStyleId CGridModel::GetStyleId(int row, int column) const
-{
-    return cells[GetCellIndex(row, column)].style;
 }
 
 const char* CGridModel::GetText(int row, int column) const
@@ -141,16 +128,21 @@ void CGridModel::HideColumn(int column, bool hide)
 
 void CGridModel::PermuteRows(std::span<const int> order)
 {
-    if (order.size() != static_cast<std::size_t>(rowCount))
+    if (!NamesEachRowOnce(order, rowCount))
     {
         throw std::invalid_argument("not an order of the rows");
     }
-    std::vector<int> inverse = InvertOrder(order);
-    MoveRows(order);
-    if (undo.IsRecording())
+    std::vector<Cell> moved(cells.size());
+    auto out = moved.begin();
+    for (const int row : order)
     {
-        undo.Record(std::move(inverse));
+        const auto from = cells.begin() + static_cast<std::ptrdiff_t>(GetCellIndex(row, 1));
+        out = std::copy_n(from, columns.size(), out);
     }
+    selection.Permute(order);
+    cells = std::move(moved);
+    sorted = false;
+    Notify(GRIDCHANGE_CELLS | GRIDCHANGE_ORDER);
 }
 
 void CGridModel::MarkSorted()
@@ -180,32 +172,8 @@ void CGridModel::SetCurrentCell(GridCell cell)
 
 void CGridModel::UnlockRedraw()
 {
-    if (redrawLocks > 0)
-    {
-        --redrawLocks;
-    }
+    --redrawLocks;
     Notify(0);
-}
-
-bool CGridModel::Undo()
-{
-    const std::optional<CGridUndo::Step> step = undo.TakeLast();
-    if (!step)
-    {
-        return false;
-    }
-    const bool wasRecording = undo.IsRecording();
-    undo.SetRecording(false);
-    if (const auto* before = std::get_if<CGridUndo::CellBefore>(&*step))
-    {
-        SetCell(before->cell.row, before->cell.column, before->style, before->text);
-    }
-    else
-    {
-        MoveRows(std::get<CGridUndo::OrderBefore>(*step));
-    }
-    undo.SetRecording(wasRecording);
-    return true;
 }
 
 const CGridModel::Column& CGridModel::GetColumn(int column) const
@@ -268,25 +236,10 @@ void CGridModel::CompactTexts()
     texts = std::move(kept);
 }
 
-void CGridModel::MoveRows(std::span<const int> order)
-{
-    std::vector<Cell> moved(cells.size());
-    auto out = moved.begin();
-    for (const int row : order)
-    {
-        const auto from = cells.begin() + static_cast<std::ptrdiff_t>(GetCellIndex(row, 1));
-        out = std::copy_n(from, columns.size(), out);
-    }
-    selection.Permute(order);
-    cells = std::move(moved);
-    sorted = false;
-    Notify(GRIDCHANGE_CELLS | GRIDCHANGE_ORDER);
-}
-
 void CGridModel::Notify(unsigned changes)
 {
     pendingChanges |= changes;
-    if (pendingChanges != 0 && !IsRedrawLocked())
+    if (pendingChanges != 0 && redrawLocks == 0)
     {
         const unsigned told = pendingChanges;
         pendingChanges = 0;
@@ -313,7 +266,6 @@ void CGridUpdateScope::Finish()
 {
     if (CGridModel* const finished = std::exchange(model, nullptr))
     {
-        finished->SetUndoRecording(wasRecording);
         finished->UnlockRedraw();
     }
 }

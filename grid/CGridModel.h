@@ -2,7 +2,6 @@
 
 #include "grid/CGridSelection.h"
 #include "grid/CGridSortKeys.h"
-#include "grid/CGridUndo.h"
 #include "grid/CTextPool.h"
 #include "grid/GridStyle.h"
 #include "grid/IGridListener.h"
@@ -41,7 +40,6 @@ public:
     void SetCell(int row, int column, GridStyleId style);
 
     [[nodiscard]] const GridStyle& GetStyle(int row, int column) const;
-    [[nodiscard]] GridStyleId GetStyleId(int row, int column) const;
 
     // The text of a cell, or of a header for row 0; never null, valid until the next change.
     [[nodiscard]] const char* GetText(int row, int column) const;
@@ -75,20 +73,9 @@ public:
     void SetCurrentCell(GridCell cell);
     [[nodiscard]] const CGridSelection& GetSelection() const { return selection; }
 
-    // Redraw is locked as often as Lock was called without Unlock.
-    void LockRedraw() { ++redrawLocks; }
-    void UnlockRedraw();
-    [[nodiscard]] bool IsRedrawLocked() const { return redrawLocks > 0; }
-
-    // Whether changes of cells and of the order of rows can be undone; off at first. What was recorded stays
-    // when it is turned off, but it goes with the rows when their number changes.
-    void SetUndoRecording(bool record) { undo.SetRecording(record); }
-    [[nodiscard]] bool IsUndoRecording() const { return undo.IsRecording(); }
-
-    // Takes back the last change that was recorded. False when there is none.
-    bool Undo();
-
 private:
+    friend class CGridUpdateScope;
+
     struct Cell
     {
         CTextPool::Offset text = CTextPool::emptyText;
@@ -107,7 +94,8 @@ private:
     [[nodiscard]] std::size_t GetCellIndex(int row, int column) const;
     [[nodiscard]] CTextPool::Offset StoreText(std::size_t cell, std::string_view text);
     void CompactTexts();
-    void MoveRows(std::span<const int> order);
+    void LockRedraw() { ++redrawLocks; }
+    void UnlockRedraw();
     void Notify(unsigned changes);
 
     IGridListener* listener = nullptr;
@@ -119,21 +107,15 @@ private:
     CGridSortKeys sortKeys;
     bool sorted = false;
     CGridSelection selection;
-    CGridUndo undo;
     int redrawLocks = 0;
     unsigned pendingChanges = 0;
 };
 
-// Locks the redraw of a grid and turns its undo recording off, as long as it lives.
+// Locks the redraw of a grid as long as it lives: the listener waits for its end. Scopes nest.
 class CGridUpdateScope
 {
 public:
-    explicit CGridUpdateScope(CGridModel& gridModel)
-        : model(&gridModel), wasRecording(model->IsUndoRecording())
-    {
-        model->LockRedraw();
-        model->SetUndoRecording(false);
-    }
+    explicit CGridUpdateScope(CGridModel& gridModel) : model(&gridModel) { model->LockRedraw(); }
 
     // For an update that failed; what the listener throws is lost then.
     ~CGridUpdateScope();
@@ -146,5 +128,4 @@ public:
 
 private:
     CGridModel* model; // null after Finish
-    bool wasRecording;
 };

@@ -83,8 +83,8 @@ void SortRows(CGridModel& model, GridTextComparison compare)
     {
         order.push_back(row.row);
     }
-    model.LockRedraw();
+    CGridUpdateScope update(model);
     model.PermuteRows(order);
     model.MarkSorted();
-    model.UnlockRedraw();
+    update.Finish();
 }

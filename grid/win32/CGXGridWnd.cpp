@@ -186,13 +186,13 @@ void CGXGridWnd::FollowSelectionOfList()
     }
     const CFlagScope scope(following);
     const std::vector<int> rows = list.ReadSelectedRows();
-    model.LockRedraw();
+    CGridUpdateScope update(model);
     model.SelectRows(1, model.GetRowCount(), false);
     for (const int row : rows)
     {
         model.SelectRows(row, row, true);
     }
-    model.UnlockRedraw();
+    update.Finish();
 }
 
 void CGXGridWnd::SetCurrentRow(int row)
