@@ -1,15 +1,9 @@
 #include "framework/CDialog.h"
 
 #include "framework/CModalScope.h"
-#include "framework/DialogItems.h"
 #include "framework/ModuleResources.h"
 #include "framework/WindowScopes.h"
-#include "shared/MessageManager/MessageManager.h"
-#include "shared/Misc_String/Decimal.h"
 
-#include <algorithm>
-#include <cmath>
-#include <string_view>
 #include <utility>
 
 namespace
@@ -54,12 +48,6 @@ void KeepScale(HWND dialog)
     }
 }
 
-std::string_view TrimBlanks(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
 } // namespace
 
 int CDialog::DoModal()
@@ -129,27 +117,12 @@ void CDialog::EndModal(int result)
     EndDialog(GetHandle(), result);
 }
 
-std::optional<double> CDialog::ReadNumber(int control)
-{
-    const std::string text = GetItemText(GetHandle(), control);
-    const std::string_view trimmed = TrimBlanks(text);
-    const DecimalResult number = ParseDecimal(trimmed);
-    const bool whole =
-        number.verdict != DecimalVerdict::None && number.stop == trimmed.data() + trimmed.size();
-    if (whole && std::isfinite(number.value))
-    {
-        return number.value;
-    }
-    RefuseNumber(GetDlgItem(GetHandle(), control));
-    return std::nullopt;
-}
-
-// The message and the way back take the focus from controls whose owner validates when they lose it.
-void CDialog::RefuseNumber(HWND control)
+void CDialog::RefuseText(int control, const std::function<void()>& tellUser)
 {
     const bool before = std::exchange(listening, false);
-    ShowWarning(GetHandle(), "Please enter a number.");
-    SetFocus(control);
-    SendMessageW(control, EM_SETSEL, 0, -1);
+    tellUser();
+    const HWND edit = GetDlgItem(GetHandle(), control);
+    SetFocus(edit);
+    SendMessageW(edit, EM_SETSEL, 0, -1);
     listening = before;
 }

@@ -2,7 +2,7 @@
 
 #include "framework/CWnd.h"
 
-#include <optional>
+#include <functional>
 
 // A modal dialog made from a template of the module's resources. Position and sizes come from the template's
 // dialog units and font. Enter, Escape and Tab are the dialog manager's.
@@ -24,7 +24,7 @@ protected:
     virtual bool OnInitDialog() { return true; }
 
     // A control or a menu notifies. True when it was handled; otherwise IDOK and IDCANCEL go to OnOK and
-    // OnCancel. Controls are not listened to during ReadNumber and after EndModal.
+    // OnCancel. Controls are not listened to during RefuseText and after EndModal.
     virtual bool OnCommand(int control, unsigned code);
 
     virtual void OnOK() { EndModal(IDOK); }
@@ -33,15 +33,14 @@ protected:
     // Ends the dialog; DoModal returns `result`.
     void EndModal(int result);
 
-    // The decimal number in an edit control, blanks around it allowed. When it is none, the user is told, the
-    // control gets the focus with its whole text selected, and the answer is nothing.
-    [[nodiscard]] std::optional<double> ReadNumber(int control);
+    // Calls `tellUser` for an edit control whose text will not do, and gives it the focus with the whole text
+    // selected. All that takes the focus from controls, so the dialog does not listen to them meanwhile.
+    void RefuseText(int control, const std::function<void()>& tellUser);
 
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    void RefuseNumber(HWND control);
 
     unsigned identifier;
     bool listening = false; // to the controls

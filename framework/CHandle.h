@@ -2,46 +2,10 @@
 
 #include <windows.h>
 
-#include <utility>
+#include <memory>
 #include <uxtheme.h>
 
-// Owns one handle of the system and gives it back with `Closer` at the end of its life. A null handle is the
-// empty one.
-template <class Value, class Closer>
-class CHandle
-{
-public:
-    CHandle() noexcept = default;
-    explicit CHandle(Value handle) noexcept : value(handle) {}
-    CHandle(CHandle&& other) noexcept : value(other.Release()) {}
-    CHandle& operator=(CHandle&& other) noexcept
-    {
-        Reset(other.Release());
-        return *this;
-    }
-    CHandle(const CHandle&) = delete;
-    CHandle& operator=(const CHandle&) = delete;
-    ~CHandle() { Reset(); }
-
-    [[nodiscard]] Value Get() const noexcept { return value; }
-    explicit operator bool() const noexcept { return value != nullptr; }
-
-    // Gives the handle away; the caller closes it.
-    [[nodiscard]] Value Release() noexcept { return std::exchange(value, nullptr); }
-
-    // Closes the handle and owns `handle` from now on.
-    void Reset(Value handle = nullptr) noexcept
-    {
-        if (const Value old = std::exchange(value, handle))
-        {
-            Closer()(old);
-        }
-    }
-
-private:
-    Value value = nullptr;
-};
-
+// What gives one handle of the system back.
 struct CloseGdiObject
 {
     void operator()(HGDIOBJ object) const noexcept { DeleteObject(object); }
@@ -53,10 +17,6 @@ struct CloseDC
 struct CloseTheme
 {
     void operator()(HTHEME theme) const noexcept { CloseThemeData(theme); }
-};
-struct CloseKey
-{
-    void operator()(HKEY key) const noexcept { RegCloseKey(key); }
 };
 struct CloseActivationContext
 {
@@ -71,6 +31,16 @@ struct DestroyWindowHandle
     void operator()(HWND window) const noexcept { DestroyWindow(window); }
 };
 
+template <class Handle, class Close>
+struct CHandleCloser : Close
+{
+    using pointer = Handle;
+};
+
+// Owns one handle and gives it back at the end of its life. A null handle is the empty one.
+template <class Handle, class Close>
+using CHandle = std::unique_ptr<Handle, CHandleCloser<Handle, Close>>;
+
 using CPen = CHandle<HPEN, CloseGdiObject>;
 using CBrush = CHandle<HBRUSH, CloseGdiObject>;
 using CFont = CHandle<HFONT, CloseGdiObject>;
@@ -78,7 +48,6 @@ using CBitmap = CHandle<HBITMAP, CloseGdiObject>;
 using CRegion = CHandle<HRGN, CloseGdiObject>;
 using CMemoryDC = CHandle<HDC, CloseDC>; // of CreateCompatibleDC
 using CTheme = CHandle<HTHEME, CloseTheme>;
-using CKey = CHandle<HKEY, CloseKey>;
 using CActivationContextHandle = CHandle<HANDLE, CloseActivationContext>;
 using CGlobalMemory = CHandle<HGLOBAL, CloseGlobalMemory>;
 using CWindowHandle = CHandle<HWND, DestroyWindowHandle>;

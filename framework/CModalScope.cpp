@@ -1,13 +1,12 @@
 #include "framework/CModalScope.h"
 
-#include "shared/MessageManager/FatalError.h"
-
 #include <utility>
 
 namespace
 {
-thread_local CModalScope* innermost = nullptr;
-}
+CModalScope* innermost = nullptr;
+CModalScope::UncaughtHandler uncaughtHandler = &std::terminate;
+} // namespace
 
 CModalScope::CModalScope() noexcept : outer(std::exchange(innermost, this)) {}
 
@@ -29,7 +28,8 @@ void CModalScope::KeepCurrentException() noexcept
     CModalScope* const scope = innermost;
     if (scope == nullptr)
     {
-        FatalError("..\\framework\\CModalScope.cpp", __LINE__);
+        uncaughtHandler();
+        std::terminate();
     }
     if (!scope->HasException())
     {
@@ -39,4 +39,9 @@ void CModalScope::KeepCurrentException() noexcept
     {
         EndDialog(scope->dialog, IDCANCEL);
     }
+}
+
+void CModalScope::SetUncaughtHandler(UncaughtHandler handler) noexcept
+{
+    uncaughtHandler = handler;
 }

@@ -24,8 +24,12 @@ public:
     void RaiseKept();
 
     // Keeps the exception that is being handled in the innermost scope of the thread and ends its dialog. The
-    // first one of a scope counts. A window that throws while there is no scope is a fatal error.
+    // first one of a scope counts. Without a scope nobody gets it: the handler below is called.
     static void KeepCurrentException() noexcept;
+
+    // What ends the process when a window throws while there is no scope; std::terminate at first.
+    using UncaughtHandler = void (*)();
+    static void SetUncaughtHandler(UncaughtHandler handler) noexcept;
 
 private:
     CModalScope* outer;

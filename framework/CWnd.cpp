@@ -1,8 +1,8 @@
 #include "framework/CWnd.h"
 
 #include "framework/CModalScope.h"
+#include "framework/CModuleState.h"
 #include "framework/ModuleResources.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -21,7 +21,6 @@ public:
     void Add(CWnd* object) { objects.push_back(object); }
     void Remove(const CWnd* object) noexcept;
     LRESULT PassBelow(const CWnd* object, UINT message, WPARAM wParam, LPARAM lParam);
-    [[nodiscard]] CWnd* GetFirst() const noexcept { return objects.empty() ? nullptr : objects.front(); }
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -165,12 +164,6 @@ void CWnd::Detach() noexcept
         handle = nullptr;
         left->Remove(this);
     }
-}
-
-CWnd* CWnd::FromHandle(HWND window) noexcept
-{
-    const auto found = CMessageChain::Find(window);
-    return found != nullptr ? found->GetFirst() : nullptr;
 }
 
 LRESULT CWnd::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -31,9 +31,6 @@ public:
     // The window, null when there is none or it was destroyed.
     [[nodiscard]] HWND GetHandle() const noexcept { return handle; }
 
-    // The object that was attached to the window first, null when there is none.
-    [[nodiscard]] static CWnd* FromHandle(HWND window) noexcept;
-
     // The name of the object's class. Settings of a window are kept under it; a plain "CWnd" has none.
     [[nodiscard]] virtual const char* GetRuntimeClassName() const { return "CWnd"; }
 

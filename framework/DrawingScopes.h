@@ -42,7 +42,6 @@ public:
     CPaintDC& operator=(const CPaintDC&) = delete;
 
     [[nodiscard]] HDC Get() const noexcept { return paint.hdc; }
-    [[nodiscard]] const RECT& GetDirtyRect() const noexcept { return paint.rcPaint; }
 
 private:
     HWND window;

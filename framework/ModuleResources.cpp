@@ -1,13 +1,13 @@
 #include "framework/ModuleResources.h"
 
+#include "framework/CModuleState.h"
 #include "framework/TextConversion.h"
-
-// The linker's name for the start of the module that this code is part of.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 HINSTANCE GetModuleInstance() noexcept
 {
-    return reinterpret_cast<HINSTANCE>(&__ImageBase);
+    const CModuleState* const state = CurrentModuleState();
+    return state != nullptr && state->instance != nullptr ? static_cast<HINSTANCE>(state->instance)
+                                                          : GetHostInstance();
 }
 
 HINSTANCE GetHostInstance() noexcept

@@ -4,7 +4,8 @@
 
 #include <string>
 
-// The module that this code is linked into: where its dialog templates, cursors and texts are.
+// The module that the current module state names: where its dialog templates, cursors and texts are. The
+// host's program while no state names one.
 [[nodiscard]] HINSTANCE GetModuleInstance() noexcept;
 
 // The program that has loaded the module.

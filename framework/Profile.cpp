@@ -1,17 +1,14 @@
 #include "framework/Profile.h"
 
-#include "framework/CHandle.h"
-#include "shared/ModuleState/CModuleState.h"
+#include "framework/CModuleState.h"
+
+#include <windows.h>
 
 #include <array>
-#include <cstring>
-#include <optional>
-#include <span>
 
 namespace
 {
-constexpr std::size_t longestValue = 4096;
-
+// Empty while the module has no name.
 std::string SectionPath(const char* section)
 {
     const CModuleState& state = OwnModuleState();
@@ -20,71 +17,43 @@ std::string SectionPath(const char* section)
                : "Software\\" + state.registryKey + "\\" + state.applicationName + "\\" + section;
 }
 
-// The bytes of a value of that type, or nothing.
-std::optional<std::span<const char>> ReadValue(const char* section, const char* name, DWORD wantedType,
-                                               std::span<char> buffer)
+// Whether `size` bytes, at most, of a value of that type were read; then `size` is how many.
+bool ReadValue(const char* section, const char* name, DWORD type, void* value, DWORD& size)
 {
     const std::string path = SectionPath(section);
-    HKEY opened = nullptr;
-    if (path.empty() ||
-        RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS)
-    {
-        return std::nullopt;
-    }
-    const CKey key(opened);
-    DWORD type = 0;
-    auto size = static_cast<DWORD>(buffer.size());
-    const LSTATUS status =
-        RegQueryValueExA(key.Get(), name, nullptr, &type, reinterpret_cast<BYTE*>(buffer.data()), &size);
-    if (status != ERROR_SUCCESS || type != wantedType)
-    {
-        return std::nullopt;
-    }
-    return buffer.first(size);
+    return !path.empty() && RegGetValueA(HKEY_CURRENT_USER, path.c_str(), name, type | RRF_NOEXPAND, nullptr,
+                                         value, &size) == ERROR_SUCCESS;
 }
 
-bool WriteValue(const char* section, const char* name, DWORD type, std::span<const char> value)
+bool StoreValue(const char* section, const char* name, DWORD type, const void* value, std::size_t size)
 {
     const std::string path = SectionPath(section);
-    HKEY opened = nullptr;
-    if (path.empty() || RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
-                                        nullptr, &opened, nullptr) != ERROR_SUCCESS)
-    {
-        return false;
-    }
-    const CKey key(opened);
-    return RegSetValueExA(key.Get(), name, 0, type, reinterpret_cast<const BYTE*>(value.data()),
-                          static_cast<DWORD>(value.size())) == ERROR_SUCCESS;
+    return !path.empty() && RegSetKeyValueA(HKEY_CURRENT_USER, path.c_str(), name, type, value,
+                                            static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 } // namespace
 
 int ReadProfileInteger(const char* section, const char* name, int otherwise)
 {
-    std::array<char, longestValue> buffer;
-    const auto bytes = ReadValue(section, name, REG_DWORD, buffer);
-    int value = otherwise;
-    if (bytes && bytes->size() == sizeof value)
-    {
-        std::memcpy(&value, bytes->data(), sizeof value);
-    }
-    return value;
+    int value = 0;
+    DWORD size = sizeof value;
+    return ReadValue(section, name, RRF_RT_REG_DWORD, &value, size) && size == sizeof value ? value
+                                                                                            : otherwise;
 }
 
 std::string ReadProfileString(const char* section, const char* name, const char* otherwise)
 {
-    std::array<char, longestValue> buffer;
-    const auto bytes = ReadValue(section, name, REG_SZ, buffer);
-    return bytes ? std::string(bytes->data(), strnlen(bytes->data(), bytes->size())) : std::string(otherwise);
+    std::array<char, 4096> value;
+    DWORD size = value.size();
+    return ReadValue(section, name, RRF_RT_REG_SZ, value.data(), size) ? value.data() : otherwise;
 }
 
 bool StoreProfileInteger(const char* section, const char* name, int value)
 {
-    std::array<char, sizeof value> bytes;
-    std::memcpy(bytes.data(), &value, sizeof value);
-    return WriteValue(section, name, REG_DWORD, bytes);
+    return StoreValue(section, name, REG_DWORD, &value, sizeof value);
 }
 
 bool StoreProfileString(const char* section, const char* name, const std::string& value)
 {
-    return WriteValue(section, name, REG_SZ, {value.c_str(), value.size() + 1});
+    return StoreValue(section, name, REG_SZ, value.c_str(), value.size() + 1);
 }

@@ -31,7 +31,7 @@ bool LoadCommonControls()
 CThemedControlsScope::CThemedControlsScope() noexcept
 {
     static const CActivationContextHandle context = MakeModuleContext();
-    active = context && ActivateActCtx(context.Get(), &cookie) != FALSE;
+    active = context && ActivateActCtx(context.get(), &cookie) != FALSE;
     [[maybe_unused]] static const bool loaded = LoadCommonControls();
 }
 

@@ -20,12 +20,12 @@ public:
         info.bmiHeader.biPlanes = 1;
         info.bmiHeader.biBitCount = 32;
         void* data = nullptr;
-        bitmap.Reset(CreateDIBSection(context.Get(), &info, DIB_RGB_COLORS, &data, nullptr, 0));
+        bitmap.reset(CreateDIBSection(context.get(), &info, DIB_RGB_COLORS, &data, nullptr, 0));
         bits = static_cast<const std::uint32_t*>(data);
-        scope.emplace(context.Get(), bitmap.Get());
+        scope.emplace(context.get(), bitmap.get());
     }
 
-    [[nodiscard]] HDC GetContext() const { return context.Get(); }
+    [[nodiscard]] HDC GetContext() const { return context.get(); }
 
     [[nodiscard]] std::vector<std::uint32_t> Read() const
     {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "framework/CHandle.h"
-#include "shared/ModuleState/CModuleState.h"
+#include "framework/CModuleState.h"
 
 #include <string>
 
@@ -14,11 +13,10 @@ public:
         OwnModuleState().applicationName = "MaterialLibrary";
         OwnModuleState().registryKey = "Corvane";
         RegDeleteTreeA(HKEY_CURRENT_USER, path);
-        HKEY opened = nullptr;
-        RegCreateKeyExA(HKEY_CURRENT_USER, path, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, nullptr,
-                        &opened, nullptr);
-        root.Reset(opened);
-        RegOverridePredefKey(HKEY_CURRENT_USER, root.Get());
+        HKEY root = nullptr;
+        RegCreateKeyA(HKEY_CURRENT_USER, path, &root);
+        RegOverridePredefKey(HKEY_CURRENT_USER, root);
+        RegCloseKey(root);
     }
     ~CSandboxedProfile()
     {
@@ -30,18 +28,13 @@ public:
     CSandboxedProfile& operator=(const CSandboxedProfile&) = delete;
 
     // Writes a value of any type, also a malformed one.
-    void SetRawValue(const char* section, const char* name, DWORD type, const std::string& bytes)
+    static void SetRawValue(const char* section, const char* name, DWORD type, const std::string& bytes)
     {
-        HKEY opened = nullptr;
-        const std::string keyPath = std::string("Software\\Corvane\\MaterialLibrary\\") + section;
-        RegCreateKeyExA(root.Get(), keyPath.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS,
-                        nullptr, &opened, nullptr);
-        const CKey key(opened);
-        RegSetValueExA(key.Get(), name, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                       static_cast<DWORD>(bytes.size()));
+        const std::string key = std::string("Software\\Corvane\\MaterialLibrary\\") + section;
+        RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), name, type, bytes.data(),
+                        static_cast<DWORD>(bytes.size()));
     }
 
 private:
     static constexpr const char* path = "Software\\MaterialLibraryTest";
-    CKey root;
 };

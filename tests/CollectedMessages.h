@@ -1,7 +1,7 @@
 #pragma once
 
+#include "framework/CModuleState.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <functional>
 #include <string>

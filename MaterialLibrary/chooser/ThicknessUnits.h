@@ -2,7 +2,9 @@
 
 #include "resources/TextIds.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 // In which unit thicknesses are shown; the core knows metres only.
 enum MLUNITS : unsigned
@@ -32,6 +34,9 @@ inline constexpr ThicknessUnit thicknessUnits[] = {
 
 // What stands in cells and edit boxes for ThicknessFromMetres.
 [[nodiscard]] std::string FormatThickness(double metres, unsigned units);
+
+// The number that a user has put into an edit box, blanks around it allowed; nothing when it is none.
+[[nodiscard]] std::optional<double> ParseThickness(std::string_view text);
 
 // A thickness of that unit in metres.
 [[nodiscard]] double ThicknessToMetres(double thickness, unsigned units);

@@ -1,11 +1,11 @@
 #include "MaterialLibrary/MaterialLibrary.h"
 #include "entry/FileQuery.h"
 #include "entry/PathList.h"
+#include "framework/CModuleState.h"
 #include "model/CFakeMaterialLib.h"
 #include "reader/LoadMaterialFile.h"
 #include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <memory>
 #include <string>

@@ -1,9 +1,9 @@
 #include "model/CFakeMaterialLib.h"
 
+#include "framework/CModuleState.h"
 #include "model/CMaterial.h"
 #include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "model/CMaterial.h"
 
-#include "shared/ModuleState/CModuleState.h"
+#include "framework/CModuleState.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // How a material answers a host: what its tables say, and what it keeps of that.
+#include "framework/CModuleState.h"
 #include "model/CMaterial.h"
 #include "model/PropertyAnswers.h"
-#include "shared/ModuleState/CModuleState.h"
 
 namespace
 {

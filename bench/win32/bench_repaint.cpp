@@ -47,19 +47,19 @@ void PaintBare(HWND window, const std::vector<std::vector<POINT>>& curves)
     const CClientDC target(window);
     const CMemoryDC memory(CreateCompatibleDC(target.Get()));
     const CBitmap bitmap(CreateCompatibleBitmap(target.Get(), width, height));
-    const CSelectScope bitmapScope(memory.Get(), bitmap.Get());
-    PatBlt(memory.Get(), 0, 0, width, height, BLACKNESS);
+    const CSelectScope bitmapScope(memory.get(), bitmap.get());
+    PatBlt(memory.get(), 0, 0, width, height, BLACKNESS);
     const CPen pen(CreatePen(PS_SOLID, 0, 0x0000FF));
-    const CSelectScope penScope(memory.Get(), pen.Get());
+    const CSelectScope penScope(memory.get(), pen.get());
     for (const std::vector<POINT>& points : curves)
     {
-        MoveToEx(memory.Get(), points.front().x, points.front().y, nullptr);
+        MoveToEx(memory.get(), points.front().x, points.front().y, nullptr);
         for (const POINT& point : points)
         {
-            LineTo(memory.Get(), point.x, point.y);
+            LineTo(memory.get(), point.x, point.y);
         }
     }
-    BitBlt(target.Get(), 0, 0, width, height, memory.Get(), 0, 0, SRCCOPY);
+    BitBlt(target.Get(), 0, 0, width, height, memory.get(), 0, 0, SRCCOPY);
 }
 
 // Milliseconds of the middle one of many calls.
@@ -86,7 +86,7 @@ void Compare(int points)
     settings.height = height;
     const CWindowHandle window(CreatePlainWindow(settings));
     CSimpleChartControl chart;
-    if (!chart.Attach(window.Get()))
+    if (!chart.Attach(window.get()))
     {
         std::printf("no window\n");
         return;
@@ -106,10 +106,10 @@ void Compare(int points)
     const double ours = Measure(
         [&]
         {
-            InvalidateRect(window.Get(), nullptr, FALSE);
-            UpdateWindow(window.Get());
+            InvalidateRect(window.get(), nullptr, FALSE);
+            UpdateWindow(window.get());
         });
-    const double bare = Measure([&] { PaintBare(window.Get(), pixels); });
+    const double bare = Measure([&] { PaintBare(window.get(), pixels); });
     std::printf(
         "repaint of two curves of %d points: ours %.3f ms, bare LineTo loop %.3f ms, ours/bare %.2f\n",
         points, ours, bare, ours / bare);

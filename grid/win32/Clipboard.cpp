@@ -40,20 +40,20 @@ bool PutOnClipboard(HWND owner, const std::wstring& text)
 {
     const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     CGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
-    void* const characters = memory ? GlobalLock(memory.Get()) : nullptr;
+    void* const characters = memory ? GlobalLock(memory.get()) : nullptr;
     if (characters == nullptr)
     {
         throw std::bad_alloc();
     }
     std::memcpy(characters, text.c_str(), bytes);
-    GlobalUnlock(memory.Get());
+    GlobalUnlock(memory.get());
 
     const CClipboardScope clipboard(owner);
     if (!clipboard.IsOpen() || EmptyClipboard() == FALSE ||
-        SetClipboardData(CF_UNICODETEXT, memory.Get()) == nullptr)
+        SetClipboardData(CF_UNICODETEXT, memory.get()) == nullptr)
     {
         return false;
     }
-    static_cast<void>(memory.Release()); // the clipboard's now
+    static_cast<void>(memory.release()); // the clipboard's now
     return true;
 }

@@ -180,19 +180,19 @@ TEST_F(Mover, MayOutliveItsWindowAndGoBeforeIt)
     for (const bool windowFirst : {true, false})
     {
         CWindowHandle window(CreatePlainWindow({.className = L"MoverTest"}));
-        const LONG_PTR procedure = GetWindowLongPtrW(window.Get(), GWLP_WNDPROC);
+        const LONG_PTR procedure = GetWindowLongPtrW(window.get(), GWLP_WNDPROC);
         CWnd object;
-        object.Attach(window.Get());
+        object.Attach(window.get());
         auto mover = std::make_unique<CCtrlAutoMover>(&object);
         if (windowFirst)
         {
-            window.Reset();
+            window.reset();
         }
         object.Detach();
         mover.reset();
         if (!windowFirst)
         {
-            EXPECT_EQ(GetWindowLongPtrW(window.Get(), GWLP_WNDPROC), procedure);
+            EXPECT_EQ(GetWindowLongPtrW(window.get(), GWLP_WNDPROC), procedure);
         }
     }
 }

@@ -12,27 +12,27 @@ protected:
     SizerGrip()
     {
         RegisterPlainWindowClass(L"SizerGripTest", 0, GetSysColorBrush(COLOR_BTNFACE));
-        window.Reset(CreatePlainWindow({.className = L"SizerGripTest",
+        window.reset(CreatePlainWindow({.className = L"SizerGripTest",
                                         .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                                         .left = 10,
                                         .top = 10,
                                         .width = 300,
                                         .height = 200}));
-        grip = std::make_unique<CSizerGrip>(window.Get());
+        grip = std::make_unique<CSizerGrip>(window.get());
     }
 
     POINT Corner() const
     {
         RECT client{};
-        GetClientRect(window.Get(), &client);
+        GetClientRect(window.get(), &client);
         return {client.right, client.bottom};
     }
 
     LRESULT HitTest(int x, int y) const
     {
         POINT point{x, y};
-        ClientToScreen(window.Get(), &point);
-        return SendMessageW(window.Get(), WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
+        ClientToScreen(window.get(), &point);
+        return SendMessageW(window.get(), WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
     }
 
     const int width = GetSystemMetrics(SM_CXVSCROLL);
@@ -50,7 +50,7 @@ TEST_F(SizerGrip, TheCornerResizesTheWindow)
         EXPECT_EQ(HitTest(corner.x - width, corner.y - height), HTBOTTOMRIGHT);
         EXPECT_EQ(HitTest(corner.x - width - 1, corner.y - 1), HTCLIENT);
         EXPECT_EQ(HitTest(corner.x - 1, corner.y - height - 1), HTCLIENT);
-        MoveWindow(window.Get(), -200, -100, 350, 250, TRUE); // also with negative screen coordinates
+        MoveWindow(window.get(), -200, -100, 350, 250, TRUE); // also with negative screen coordinates
     }
     grip.reset();
     EXPECT_EQ(HitTest(Corner().x - 1, Corner().y - 1), HTCLIENT);
@@ -60,8 +60,8 @@ TEST_F(SizerGrip, FollowsTheTheme)
 {
     const auto readGrip = [&]
     {
-        RedrawWindow(window.Get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-        return ReadWindow(window.Get(), {Corner().x - width, Corner().y - height, Corner().x, Corner().y});
+        RedrawWindow(window.get(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        return ReadWindow(window.get(), {Corner().x - width, Corner().y - height, Corner().x, Corner().y});
     };
     const auto drawReference = [&](auto draw)
     {
@@ -71,18 +71,18 @@ TEST_F(SizerGrip, FollowsTheTheme)
         draw(pixels.GetContext(), rect);
         return pixels.Read();
     };
-    const CTheme theme(OpenThemeData(window.Get(), L"SCROLLBAR"));
+    const CTheme theme(OpenThemeData(window.get(), L"SCROLLBAR"));
     ASSERT_TRUE(theme);
     const auto themed = drawReference([&](HDC dc, const RECT& rect)
-                                      { DrawThemeBackground(theme.Get(), dc, 10, 5, &rect, nullptr); });
+                                      { DrawThemeBackground(theme.get(), dc, 10, 5, &rect, nullptr); });
     const auto classic = drawReference([](HDC dc, RECT& rect)
                                        { DrawFrameControl(dc, &rect, DFC_SCROLL, DFCS_SCROLLSIZEGRIP); });
     ASSERT_NE(themed, classic);
 
     EXPECT_EQ(readGrip(), themed);
-    ASSERT_EQ(SetWindowTheme(window.Get(), L" ", L" "), S_OK); // none; the window gets WM_THEMECHANGED
+    ASSERT_EQ(SetWindowTheme(window.get(), L" ", L" "), S_OK); // none; the window gets WM_THEMECHANGED
     EXPECT_EQ(readGrip(), classic);
-    SetWindowTheme(window.Get(), nullptr, nullptr);
+    SetWindowTheme(window.get(), nullptr, nullptr);
     EXPECT_EQ(readGrip(), themed);
 }
 } // namespace

@@ -58,6 +58,19 @@ TEST(ThicknessUnits, RoundToTheTenthOfAThousandth)
     EXPECT_EQ(&GetThicknessUnit(7), &GetThicknessUnit(MLUNITS_ENGLISH));
 }
 
+TEST(ThicknessUnits, ReadDecimalNumbersOnly)
+{
+    const std::pair<const char*, std::optional<double>> rows[] = {
+        {"-0.25", -0.25},      {" \t+1e3 ", 1000.0},  {"1e-999", 0.0},
+        {"", std::nullopt},    {"  ", std::nullopt},  {"1 2", std::nullopt},
+        {"1mm", std::nullopt}, {"nan", std::nullopt}, {"1e999", std::nullopt},
+    };
+    for (const auto& [text, number] : rows)
+    {
+        EXPECT_EQ(ParseThickness(text), number) << text;
+    }
+}
+
 TEST(ListTypeNames, NamesEachTypeOfTheKindOnceFromTheLast)
 {
     CFakeMaterialLib library;

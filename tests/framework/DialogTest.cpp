@@ -1,8 +1,8 @@
 #include "framework/CDialog.h"
 #include "framework/CHandle.h"
+#include "framework/CModuleState.h"
 #include "framework/DialogItems.h"
 #include "tests/CModalScript.h"
-#include "tests/CollectedMessages.h"
 #include "tests/CountHandles.h"
 
 #include <functional>
@@ -25,7 +25,7 @@ public:
     CTestDialog() : CDialog(500) {}
 
     using CDialog::EndModal;
-    using CDialog::ReadNumber;
+    using CDialog::RefuseText;
 
     void PressEscape() const { PostMessageW(GetHandle(), WM_COMMAND, IDCANCEL, 0); }
 
@@ -63,9 +63,9 @@ protected:
     Dialog()
     {
         RegisterPlainWindowClass(L"DialogTestHost");
-        host.Reset(
+        host.reset(
             CreatePlainWindow({.className = L"DialogTestHost", .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE}));
-        SetActiveWindow(host.Get());
+        SetActiveWindow(host.get());
     }
 
     CWindowHandle host;
@@ -76,17 +76,16 @@ TEST_F(Dialog, BelongsToTheHostsActiveWindow)
 {
     CModalScript script({[&]
                          {
-                             EXPECT_EQ(GetWindow(dialog.GetHandle(), GW_OWNER), host.Get());
-                             EXPECT_FALSE(IsWindowEnabled(host.Get()));
+                             EXPECT_EQ(GetWindow(dialog.GetHandle(), GW_OWNER), host.get());
+                             EXPECT_FALSE(IsWindowEnabled(host.get()));
                              EXPECT_EQ(GetActiveWindow(), dialog.GetHandle());
                              EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), firstEdit));
-                             EXPECT_EQ(CWnd::FromHandle(dialog.GetHandle()), &dialog);
                              dialog.EndModal(77);
                          }});
     EXPECT_EQ(dialog.DoModal(), 77);
     EXPECT_TRUE(script.IsDone());
-    EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_EQ(GetActiveWindow(), host.Get());
+    EXPECT_TRUE(IsWindowEnabled(host.get()));
+    EXPECT_EQ(GetActiveWindow(), host.get());
     EXPECT_EQ(dialog.GetHandle(), nullptr);
 }
 
@@ -106,11 +105,15 @@ TEST_F(Dialog, EndsByItsButtonsAndByTheCloseBox)
     }
 }
 
-TEST_F(Dialog, WithoutATemplateThereIsNone)
+TEST_F(Dialog, IsMadeFromTheTemplateOfTheCurrentStatesModule)
 {
     CDialog missing(501);
     EXPECT_EQ(missing.DoModal(), -1);
-    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    CModuleState other;
+    other.instance = GetModuleHandleW(L"ntdll");
+    const CModuleStateScope scope(other);
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_TRUE(IsWindowEnabled(host.get()));
 }
 
 TEST_F(Dialog, ExceptionsOfEveryMomentReachTheCaller)
@@ -134,7 +137,7 @@ TEST_F(Dialog, ExceptionsOfEveryMomentReachTheCaller)
             {[&] { PostMessageW(dialog.GetHandle(), WM_TIMER, 1, 0); }, [&] { dialog.PressEscape(); }});
         EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("failed")) << moment;
         EXPECT_EQ(dialog.GetHandle(), nullptr);
-        EXPECT_TRUE(IsWindowEnabled(host.Get()));
+        EXPECT_TRUE(IsWindowEnabled(host.get()));
     }
 }
 
@@ -154,60 +157,24 @@ TEST_F(Dialog, AnExceptionPassesThroughNestedDialogs)
     EXPECT_TRUE(script.IsDone());
 }
 
-TEST_F(Dialog, ReadsDecimalNumbersOnly)
+TEST_F(Dialog, ARefusedTextIsSelectedAndNobodyValidatesMeanwhile)
 {
-    CollectedMessages messages;
-    const struct
-    {
-        const char* text;
-        std::optional<double> number;
-    } rows[] = {
-        {"-0.25", -0.25},      {" \t+1e3 ", 1000.0},  {"1e-999", 0.0},
-        {"", std::nullopt},    {"  ", std::nullopt},  {"1 2", std::nullopt},
-        {"1mm", std::nullopt}, {"nan", std::nullopt}, {"1e999", std::nullopt},
-    };
-    const auto readAll = [&]
+    const auto refuse = [&]
     {
         const HWND window = dialog.GetHandle();
-        for (const auto& row : rows)
-        {
-            messages.boxes.clear();
-            SetItemText(window, firstEdit, row.text);
-            SetFocus(GetDlgItem(window, secondEdit));
-            dialog.commands.clear();
-            EXPECT_EQ(dialog.ReadNumber(firstEdit), row.number) << row.text;
-            EXPECT_EQ(GetItemText(window, firstEdit), row.text);
-            ASSERT_EQ(messages.boxes.size(), row.number ? 0U : 1U) << row.text;
-            if (row.number)
-            {
-                continue;
-            }
-            EXPECT_EQ(messages.boxes[0].text, "Please enter a number.");
-            EXPECT_EQ(messages.boxes[0].caption, messages.applicationName);
-            EXPECT_EQ(messages.boxes[0].owner, window);
-            EXPECT_EQ(GetFocus(), GetDlgItem(window, firstEdit));
-            EXPECT_EQ(SendDlgItemMessageW(window, firstEdit, EM_GETSEL, 0, 0),
-                      MAKELONG(0, std::string(row.text).size()));
-            EXPECT_THAT(dialog.commands, testing::IsEmpty())
-                << "the focus that changes must not validate again";
-        }
+        SetItemText(window, firstEdit, "1mm");
+        SetFocus(GetDlgItem(window, secondEdit));
+        dialog.commands.clear();
+        dialog.RefuseText(firstEdit, [&] { SetFocus(nullptr); });
+        EXPECT_EQ(GetFocus(), GetDlgItem(window, firstEdit));
+        EXPECT_EQ(SendDlgItemMessageW(window, firstEdit, EM_GETSEL, 0, 0), MAKELONG(0, 3));
+        EXPECT_THAT(dialog.commands, testing::IsEmpty());
+        SetFocus(GetDlgItem(window, secondEdit));
+        EXPECT_THAT(dialog.commands, testing::Contains(std::pair<int, unsigned>(firstEdit, EN_KILLFOCUS)));
+        dialog.PressEscape();
     };
-    CModalScript script({readAll, [&] { dialog.PressEscape(); }});
+    CModalScript script({refuse});
     dialog.DoModal();
-    EXPECT_TRUE(script.IsDone());
-}
-
-TEST_F(Dialog, AHostsHandlerThatFailsIsNoFailureOfTheDialog)
-{
-    CollectedMessages messages;
-    messages.onShow = [] { throw std::runtime_error("host"); };
-    CModalScript script({[&]
-                         {
-                             EXPECT_EQ(dialog.ReadNumber(firstEdit), std::nullopt);
-                             EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), firstEdit));
-                             PostMessageW(dialog.GetHandle(), WM_COMMAND, IDOK, 0);
-                         }});
-    EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_TRUE(script.IsDone());
 }
 

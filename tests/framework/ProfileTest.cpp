@@ -1,7 +1,7 @@
 #include "framework/Profile.h"
 
 #include "framework/CHandle.h"
-#include "shared/ModuleState/CModuleState.h"
+#include "framework/CModuleState.h"
 #include "tests/CSandboxedProfile.h"
 
 #include <gtest/gtest.h>

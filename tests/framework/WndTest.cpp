@@ -86,14 +86,14 @@ protected:
     Wnd()
     {
         RegisterPlainWindowClass(L"WndTest");
-        window.Reset(CreatePlainWindow({.className = L"WndTest"}));
-        SetProcedure(window.Get(), FirstProcedure);
+        window.reset(CreatePlainWindow({.className = L"WndTest"}));
+        SetProcedure(window.get(), FirstProcedure);
     }
 
     std::string Send()
     {
         seen.clear();
-        EXPECT_EQ(SendMessageW(window.Get(), testMessage, 0, 0), 42);
+        EXPECT_EQ(SendMessageW(window.get(), testMessage, 0, 0), 42);
         return seen;
     }
 
@@ -108,10 +108,9 @@ TEST_F(Wnd, ObjectsLeaveAWindowInAnyOrder)
         std::array<CNamedWnd, 3> objects{CNamedWnd('a'), CNamedWnd('b'), CNamedWnd('c')};
         for (CNamedWnd& object : objects)
         {
-            ASSERT_TRUE(object.Attach(window.Get()));
-            EXPECT_FALSE(object.Attach(window.Get())) << "attached already";
+            ASSERT_TRUE(object.Attach(window.get()));
+            EXPECT_FALSE(object.Attach(window.get())) << "attached already";
         }
-        EXPECT_EQ(CWnd::FromHandle(window.Get()), &objects[0]);
         std::string left = "cba";
         for (const char leaving : order)
         {
@@ -120,8 +119,7 @@ TEST_F(Wnd, ObjectsLeaveAWindowInAnyOrder)
             std::erase(left, leaving);
         }
         EXPECT_EQ(Send(), ".");
-        EXPECT_EQ(ProcedureOf(window.Get()), &FirstProcedure);
-        EXPECT_EQ(CWnd::FromHandle(window.Get()), nullptr);
+        EXPECT_EQ(ProcedureOf(window.get()), &FirstProcedure);
     } while (std::next_permutation(order.begin(), order.end()));
 }
 
@@ -134,7 +132,7 @@ TEST_F(Wnd, ObjectsLeaveWhileAMessageIsOnItsWay)
             std::array<CNamedWnd, 3> objects{CNamedWnd('a'), CNamedWnd('b'), CNamedWnd('c')};
             for (CNamedWnd& object : objects)
             {
-                object.Attach(window.Get());
+                object.Attach(window.get());
             }
             objects[from].onTestMessage = [&] { objects[leaving].Detach(); };
             std::string expected = "cba";
@@ -142,40 +140,40 @@ TEST_F(Wnd, ObjectsLeaveWhileAMessageIsOnItsWay)
             {
                 std::erase(expected, static_cast<char>('a' + leaving));
             }
-            SendMessageW(window.Get(), testMessage, 0, 0);
+            SendMessageW(window.get(), testMessage, 0, 0);
             objects[from].onTestMessage = nullptr;
             std::string rest = "cba.";
             std::erase(rest, static_cast<char>('a' + leaving));
             EXPECT_EQ(Send(), rest) << from << " " << leaving;
         }
-        EXPECT_EQ(ProcedureOf(window.Get()), &FirstProcedure);
+        EXPECT_EQ(ProcedureOf(window.get()), &FirstProcedure);
     }
 }
 
 TEST_F(Wnd, StaysBelowAStrangerWhoNeedsItsProcedure)
 {
     CNamedWnd object('a');
-    object.Attach(window.Get());
-    belowStranger = SetProcedure(window.Get(), StrangersProcedure);
+    object.Attach(window.get());
+    belowStranger = SetProcedure(window.get(), StrangersProcedure);
     EXPECT_EQ(Send(), "sa.");
     object.Detach();
     EXPECT_EQ(Send(), "s.");
     CNamedWnd another('b');
-    another.Attach(window.Get());
+    another.Attach(window.get());
     EXPECT_EQ(Send(), "sb.");
     another.Detach();
-    SetProcedure(window.Get(), belowStranger);
+    SetProcedure(window.get(), belowStranger);
     EXPECT_EQ(Send(), ".");
 }
 
 TEST_F(Wnd, ADestroyedWindowLeavesItsObjectsWithoutOne)
 {
     CNamedWnd object('a');
-    object.Attach(window.Get());
+    object.Attach(window.get());
     auto* const ownOwner = new CNamedWnd('b');
     ownOwner->isDeletedWithWindow = true;
-    ownOwner->Attach(window.Get());
-    window.Reset();
+    ownOwner->Attach(window.get());
+    window.reset();
     EXPECT_EQ(object.GetHandle(), nullptr);
     object.Detach();
     EXPECT_FALSE(object.Attach(nullptr));
@@ -189,8 +187,8 @@ TEST_F(Wnd, AThousandWindowsLeaveNothingBehind)
                                        const CWindowHandle made(CreatePlainWindow({.className = L"WndTest"}));
                                        CNamedWnd object('a');
                                        CNamedWnd another('b');
-                                       object.Attach(made.Get());
-                                       another.Attach(made.Get());
+                                       object.Attach(made.get());
+                                       another.Attach(made.get());
                                        object.Detach();
                                    });
 }
@@ -198,15 +196,26 @@ TEST_F(Wnd, AThousandWindowsLeaveNothingBehind)
 TEST_F(Wnd, ExceptionsAreKeptUntilTheLoopReturns)
 {
     CNamedWnd object('a');
-    object.Attach(window.Get());
+    object.Attach(window.get());
     object.onTestMessage = [] { throw std::runtime_error("first"); };
     CModalScope scope;
-    EXPECT_EQ(SendMessageW(window.Get(), testMessage, 0, 0), 0);
+    EXPECT_EQ(SendMessageW(window.get(), testMessage, 0, 0), 0);
     object.onTestMessage = [] { throw std::runtime_error("second"); };
-    SendMessageW(window.Get(), testMessage, 0, 0);
+    SendMessageW(window.get(), testMessage, 0, 0);
     EXPECT_TRUE(scope.HasException());
     EXPECT_THAT([&] { scope.RaiseKept(); }, testing::ThrowsMessage<std::runtime_error>("first"));
     EXPECT_FALSE(scope.HasException());
     EXPECT_NO_THROW(scope.RaiseKept());
+}
+
+TEST(WndDeathTest, AnExceptionThatNobodyGetsEndsTheProcessAsHandedIn)
+{
+    CModalScope::SetUncaughtHandler([] { std::_Exit(77); });
+    RegisterPlainWindowClass(L"WndTest");
+    const CWindowHandle window(CreatePlainWindow({.className = L"WndTest"}));
+    CNamedWnd object('a');
+    object.Attach(window.get());
+    object.onTestMessage = [] { throw std::runtime_error("nobody's"); };
+    EXPECT_EXIT(SendMessageW(window.get(), testMessage, 0, 0), testing::ExitedWithCode(77), "");
 }
 } // namespace

@@ -4,20 +4,22 @@
 set -euo pipefail
 cd "${1:-$(dirname "${BASH_SOURCE[0]}")/../..}"
 
-# Each room and what its files may include besides the standard library and the room itself. The rooms'
-# win32 folders may include the same, and framework. docs/architecture.md has the picture.
+# Each room, or a file of it that is a room of its own, and what its files may include besides the standard library
+# and the room itself. The rooms' win32 folders may include the same, and framework. docs/architecture.md has the
+# picture.
 declare -A arrows=(
     [include]=""
-    [shared]="include"
+    [framework]="framework/CModuleState.h"
+    [framework/CModuleState.h]=""
+    [shared]="include framework/CModuleState.h"
     [MaterialLibrary/dielectric]="include"
     [MaterialLibrary/resources]=""
-    [MaterialLibrary/model]="include MaterialLibrary/dielectric MaterialLibrary/resources shared"
+    [MaterialLibrary/model]="include framework/CModuleState.h MaterialLibrary/dielectric MaterialLibrary/resources shared"
     [MaterialLibrary/reader]="include MaterialLibrary/model MaterialLibrary/resources shared"
-    [MaterialLibrary/entry]="include MaterialLibrary/model MaterialLibrary/reader MaterialLibrary/resources shared"
+    [MaterialLibrary/entry]="include framework/CModuleState.h MaterialLibrary/model MaterialLibrary/reader MaterialLibrary/resources shared"
     [MaterialLibrary/chart]="MaterialLibrary/resources shared"
     [MaterialLibrary/chooser]="include MaterialLibrary/model MaterialLibrary/chart MaterialLibrary/resources grid shared"
     [grid]="shared"
-    [framework]="shared"
     [tools/chart_demo]="MaterialLibrary/chart"
     [tools/grid_demo]="include MaterialLibrary/chooser shared"
     [tools/matlib]="include shared MaterialLibrary/chart tools/matlib/check"
@@ -32,7 +34,7 @@ room_of()
 {
     local room best=""
     for room in "${!arrows[@]}"; do
-        [[ $1 == "$room"/* && ${#room} -gt ${#best} ]] && best=$room
+        [[ $1/ == "$room"/* && ${#room} -gt ${#best} ]] && best=$room
     done
     echo "$best"
 }
@@ -61,7 +63,7 @@ check_quoted()
     target_room=$(room_of "$target")
     [[ $file == MaterialLibrary/entry/win32/* ]] && return # puts the module together
     allowed=" $room ${arrows[$room]} "
-    [[ $file == */win32/* ]] && allowed+="framework "
+    [[ $file == */win32/* ]] && allowed+="framework framework/CModuleState.h "
     [[ -n $target_room && $allowed == *" $target_room "* ]] ||
         mistake "$file" "$line" "$room does not include ${target_room:-$target}"
 }

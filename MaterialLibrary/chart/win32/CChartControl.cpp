@@ -43,10 +43,10 @@ void CChartControl::RegisterWindowClass()
 }
 
 CChartControl::CChartControl()
-    : ownFont(MakeLabelFont()), font(ownFont.Get()), measure(font),
+    : ownFont(MakeLabelFont()), font(ownFont.get()), measure(font),
       arrowCursor(LoadCursorA(nullptr, IDC_ARROW))
 {
-    background.Reset(CreateSolidBrush(chart.GetStyle().background));
+    background.reset(CreateSolidBrush(chart.GetStyle().background));
     SetCursors(LoadChartCursor(IDC_CHART_ZOOM), LoadChartCursor(IDC_CHART_PAN),
                LoadChartCursor(IDC_CHART_PICK));
 }
@@ -111,7 +111,7 @@ LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORDLG:
     case WM_CTLCOLORSCROLLBAR:
     case WM_CTLCOLORSTATIC:
-        return reinterpret_cast<LRESULT>(background.Get());
+        return reinterpret_cast<LRESULT>(background.get());
     case WM_SIZE:
     {
         const LRESULT answer = Default(message, wParam, lParam);
@@ -151,11 +151,11 @@ void CChartControl::OnPaint()
     {
         return;
     }
-    const CSelectScope bitmapScope(memory.Get(), bitmap.Get());
-    const CSelectScope fontScope(memory.Get(), font);
-    CGdiCanvas canvas(memory.Get());
+    const CSelectScope bitmapScope(memory.get(), bitmap.get());
+    const CSelectScope fontScope(memory.get(), font);
+    CGdiCanvas canvas(memory.get());
     chart.Paint(ToPixelRect(client), canvas);
-    BitBlt(paint.Get(), 0, 0, client.right, client.bottom, memory.Get(), 0, 0, SRCCOPY);
+    BitBlt(paint.Get(), 0, 0, client.right, client.bottom, memory.get(), 0, 0, SRCCOPY);
 }
 
 void CChartControl::SetMouseCursor(ChartCursor cursor)

@@ -23,12 +23,12 @@ bool LeavesOutItsEnd(const Pen& pen)
 
 void CGdiTextMeasure::SetFont(HFONT font)
 {
-    SelectObject(context.Get(), font);
+    SelectObject(context.get(), font);
 }
 
 PixelSize CGdiTextMeasure::GetTextExtent(std::string_view text)
 {
-    return Measure(context.Get(), text);
+    return Measure(context.get(), text);
 }
 
 CGdiCanvas::CGdiCanvas(HDC target) : context(target), savedState(SaveDC(target))
@@ -61,7 +61,7 @@ void CGdiCanvas::SelectPen(const Pen& pen)
         return;
     }
     CPen made(CreatePen(pen.IsSolid() ? PS_SOLID : pen.style, pen.width, pen.colour));
-    SelectObject(context, made.Get());
+    SelectObject(context, made.get());
     handle = std::move(made);
     selected = pen;
 }
@@ -95,7 +95,7 @@ void CGdiCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour col
 void CGdiCanvas::Clip(const PixelRect& area)
 {
     const CRegion region(CreateRectRgn(area.left, area.top, area.right, area.bottom));
-    SelectClipRgn(context, region.Get());
+    SelectClipRgn(context, region.get());
 }
 
 void CGdiCanvas::Unclip()

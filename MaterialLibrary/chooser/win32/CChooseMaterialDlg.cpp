@@ -10,6 +10,7 @@
 #include "framework/WindowScopes.h"
 #include "resources/DialogIds.h"
 #include "resources/Texts.h"
+#include "shared/MessageManager/MessageManager.h"
 
 #include <algorithm>
 #include <utility>
@@ -253,12 +254,8 @@ void CChooseMaterialDlg::ChooseTechnology()
 
 void CChooseMaterialDlg::ApplyThicknessRange()
 {
-    const std::optional<double> minimum = ReadNumber(ML_EDIT_THICKNESS_MINIMUM);
-    if (!minimum)
-    {
-        return;
-    }
-    const std::optional<double> maximum = ReadNumber(ML_EDIT_THICKNESS_MAXIMUM);
+    const std::optional<double> minimum = ReadThickness(ML_EDIT_THICKNESS_MINIMUM);
+    const std::optional<double> maximum = minimum ? ReadThickness(ML_EDIT_THICKNESS_MAXIMUM) : std::nullopt;
     if (!maximum)
     {
         return;
@@ -266,6 +263,16 @@ void CChooseMaterialDlg::ApplyThicknessRange()
     GetChooserFilterSettings().thicknessMinimum = ThicknessToMetres(*minimum, units);
     GetChooserFilterSettings().thicknessMaximum = ThicknessToMetres(*maximum, units);
     RefillGrid();
+}
+
+std::optional<double> CChooseMaterialDlg::ReadThickness(int control)
+{
+    const std::optional<double> thickness = ParseThickness(GetItemText(GetHandle(), control));
+    if (!thickness)
+    {
+        RefuseText(control, [this] { ShowWarning(GetHandle(), "Please enter a number."); });
+    }
+    return thickness;
 }
 
 void CChooseMaterialDlg::ApplyUnits()

@@ -11,6 +11,7 @@
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,8 @@ protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    friend class CChooserFixture; // of the tests, which look at grid and chart
+
     void OnSelectionChange() override;
     IMaterial* GetAssignedMaterial() override { return assigned; }
     bool Accept(IMaterial* material) override { return materialFilter.Accept(material); }
@@ -51,6 +54,8 @@ private:
     void ChooseType();
     void ChooseTechnology();
     void ApplyThicknessRange();
+    // Tells the user where the control holds no number; the answer is nothing then.
+    [[nodiscard]] std::optional<double> ReadThickness(int control);
     void ApplyUnits();
     void RefillGrid();
 

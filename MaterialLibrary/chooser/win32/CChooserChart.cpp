@@ -29,8 +29,8 @@ HFONT CopyFont(HWND window)
 void CChooserChart::Attach(int control, HWND dialog)
 {
     chart.AttachDlgItem(control, dialog);
-    font.Reset(CopyFont(dialog));
-    chart.SetFont(font.Get());
+    font.reset(CopyFont(dialog));
+    chart.SetFont(font.get());
     SetUpAxes();
     chart.RecomputeLayout();
     chart.Invalidate();

@@ -26,6 +26,8 @@ public:
     [[nodiscard]] IHorzVertAxisInfo& GetAxisInfo() { return axisInfo; }
 
 private:
+    friend class CChooserFixture; // of the tests
+
     void SetUpAxes();
 
     int kind;

@@ -1,9 +1,11 @@
 #include "entry/win32/CMaterialLibraryApp.h"
 
 #include "chooser/win32/RunChooser.h"
+#include "framework/CModalScope.h"
+#include "framework/CModuleState.h"
 #include "model/CFakeMaterialLib.h"
+#include "shared/MessageManager/FatalError.h"
 #include "shared/Misc_String/CodePage.h"
-#include "shared/ModuleState/CModuleState.h"
 
 bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
 {
@@ -12,6 +14,7 @@ bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
     state.applicationName = "MaterialLibrary";
     state.registryKey = "Corvane";
     SetLeadByteTest([](unsigned char byte) { return IsDBCSLeadByte(byte) != FALSE; });
+    CModalScope::SetUncaughtHandler([] { FatalError("..\\framework\\CModalScope.cpp", 32); });
     CFakeMaterialLib::SetChooser(&RunChooser);
     return true;
 }

@@ -1,5 +1,5 @@
+#include "framework/CModuleState.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <windows.h>
 

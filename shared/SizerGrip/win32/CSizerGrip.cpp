@@ -45,7 +45,7 @@ LRESULT CSizerGrip::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         }
         break;
     case WM_THEMECHANGED:
-        theme.Reset();
+        theme.reset();
         break;
     default:
         break;
@@ -71,13 +71,13 @@ void CSizerGrip::Paint()
 {
     if (!theme)
     {
-        theme.Reset(OpenThemeData(GetHandle(), L"SCROLLBAR"));
+        theme.reset(OpenThemeData(GetHandle(), L"SCROLLBAR"));
     }
     RECT rect = ToRect(grip);
     const HDC context = GetDCEx(GetHandle(), nullptr, DCX_CACHE | DCX_CLIPCHILDREN);
     if (theme)
     {
-        DrawThemeBackground(theme.Get(), context, SBP_SIZEBOX, bottomRightSizeBox, &rect, nullptr);
+        DrawThemeBackground(theme.get(), context, SBP_SIZEBOX, bottomRightSizeBox, &rect, nullptr);
     }
     else
     {

@@ -62,17 +62,17 @@ struct ChartWindow
         outer.left = outer.top = 0;
         outer.width = 600;
         outer.height = 400;
-        frame.Reset(CreatePlainWindow(outer));
-        EXPECT_TRUE(parent.Attach(frame.Get()));
+        frame.reset(CreatePlainWindow(outer));
+        EXPECT_TRUE(parent.Attach(frame.get()));
         PlainWindowSettings inner{.className = CChartControl::windowClassName,
                                   .style = WS_CHILD | WS_VISIBLE};
         inner.left = inner.top = 20;
         inner.width = 500;
         inner.height = 300;
-        inner.parent = frame.Get();
+        inner.parent = frame.get();
         inner.identifier = 1029;
         EXPECT_NE(CreatePlainWindow(inner), nullptr);
-        EXPECT_TRUE(chart.AttachDlgItem(1029, frame.Get()));
+        EXPECT_TRUE(chart.AttachDlgItem(1029, frame.get()));
         laminate.AddTo(chart.GetChart().GetModel(), 2, false);
         chart.SetMouseMode(mode);
         chart.RecomputeLayout();
@@ -188,7 +188,7 @@ TEST(ChartControl, LaysOutAgainForANewSizeAndFont)
     ChartWindow window;
     const PixelRect plot = window.chart.GetChart().GetModel().frame.plot;
     const CFont large(CreateFontA(-20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "Tahoma"));
-    window.chart.SetFont(large.Get());
+    window.chart.SetFont(large.get());
     window.chart.RecomputeLayout();
     EXPECT_GT(window.chart.GetChart().GetModel().frame.plot.left, plot.left);
     window.Send(WM_MOUSEMOVE, {200, 100});

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "chart/win32/CChartControl.h"
 #include "chooser/ChooserFilterSettings.h"
 #include "chooser/MaterialColumns.h"
-#include "chooser/win32/CMaterialGrid.h"
+#include "chooser/win32/CChooseMaterialDlg.h"
 #include "chooser/win32/RunChooser.h"
 #include "framework/DialogItems.h"
 #include "resources/DialogIds.h"
@@ -28,10 +27,12 @@ protected:
     {
         GetChooserFilterSettings() = {};
         FillLibrary();
+        RegisterGridWindowClass();
+        CChartControl::RegisterWindowClass();
         RegisterPlainWindowClass(L"ChooserTestHost");
-        host.Reset(
+        host.reset(
             CreatePlainWindow({.className = L"ChooserTestHost", .style = WS_OVERLAPPEDWINDOW | WS_VISIBLE}));
-        SetActiveWindow(host.Get());
+        SetActiveWindow(host.get());
     }
 
     // Rows from the first: "No thickness", "Flex", "Prepreg", "Core" at 25 and at 85 °C. Types b, a, b, a.
@@ -63,7 +64,9 @@ protected:
     {
         steps.emplace_back([this] { Press(IDCANCEL); });
         CModalScript script(std::move(steps));
-        IMaterial* const chosen = RunChooser(library, current, kind);
+        CChooseMaterialDlg choosing(library, current, kind);
+        dialog = &choosing;
+        IMaterial* const chosen = choosing.DoModal() == IDOK ? choosing.GetAssigned() : nullptr;
         EXPECT_TRUE(script.IsDone() || closed) << "the script did not come to its end";
         closed = false;
         return chosen;
@@ -81,14 +84,8 @@ protected:
     }
     [[nodiscard]] static HWND Item(int control) { return GetDlgItem(Dialog(), control); }
     [[nodiscard]] static std::string Text(int control) { return GetItemText(Dialog(), control); }
-    [[nodiscard]] static CMaterialGrid& Grid()
-    {
-        return *dynamic_cast<CMaterialGrid*>(CWnd::FromHandle(Item(ML_GRID)));
-    }
-    [[nodiscard]] static CChart& Chart()
-    {
-        return dynamic_cast<CSimpleChartControl*>(CWnd::FromHandle(Item(ML_CHART)))->GetChart();
-    }
+    [[nodiscard]] static CMaterialGrid& Grid() { return *dialog->grid; }
+    [[nodiscard]] static CChart& Chart() { return dialog->chart.chart.GetChart(); }
 
     // A click on a button; OK and Cancel end the script.
     void Press(int control)
@@ -184,4 +181,5 @@ protected:
     CFakeMaterialLib library;
     CWindowHandle host;
     bool closed = false;
+    static inline CChooseMaterialDlg* dialog = nullptr; // of Choose
 };

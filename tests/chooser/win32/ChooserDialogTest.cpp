@@ -112,12 +112,17 @@ TEST_F(Chooser, WhatIsNoThicknessIsRefusedBeforeAnythingChanges)
         Type(ML_EDIT_THICKNESS_MINIMUM, "2 mils");
         ASSERT_EQ(messages.boxes.size(), 1U);
         EXPECT_EQ(messages.boxes[0].text, "Please enter a number.");
+        EXPECT_EQ(messages.boxes[0].caption, messages.applicationName);
+        EXPECT_EQ(messages.boxes[0].owner, Dialog());
         EXPECT_EQ(GetFocus(), Item(ML_EDIT_THICKNESS_MINIMUM));
         EXPECT_EQ(GetChooserFilterSettings().thicknessMinimum, 0.0);
         EXPECT_EQ(Names().size(), 5U);
+        SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "0");
         SetItemText(Dialog(), ML_EDIT_THICKNESS_MAXIMUM, "");
+        messages.onShow = [] { throw std::runtime_error("host"); }; // is no failure of the dialog
         SendMessageW(Dialog(), WM_COMMAND, ML_BUTTON_APPLY, 0);
         EXPECT_EQ(messages.boxes.size(), 2U);
+        EXPECT_EQ(GetFocus(), Item(ML_EDIT_THICKNESS_MAXIMUM));
         EXPECT_EQ(Names().size(), 5U);
     };
     const auto cancelWithNonsense = [&]
@@ -211,14 +216,13 @@ TEST_F(Chooser, DrawsTheOneSelectedMaterial)
 
 TEST_F(Chooser, OpensOverAnEmptyLibrary)
 {
-    CFakeMaterialLib empty;
-    CModalScript script({[&]
-                         {
-                             EXPECT_THAT(Names(), IsEmpty());
-                             Press(ML_BUTTON_ASSIGN);
-                             Press(IDOK);
-                         }});
-    EXPECT_EQ(RunChooser(empty, nullptr, MLMATERIAL_DIELECTRIC), nullptr);
-    EXPECT_TRUE(script.IsDone());
+    library.RemoveAllMaterials();
+    const auto assign = [&]
+    {
+        EXPECT_THAT(Names(), IsEmpty());
+        Press(ML_BUTTON_ASSIGN);
+        Press(IDOK);
+    };
+    EXPECT_EQ(Choose({assign}), nullptr);
 }
 } // namespace

@@ -16,7 +16,7 @@ public:
     {
         RegisterGridWindowClass();
         RegisterPlainWindowClass(L"CGridFixture");
-        frame.Reset(CreatePlainWindow(
+        frame.reset(CreatePlainWindow(
             {.className = L"CGridFixture", .left = 0, .top = 0, .width = 700, .height = 400}));
         control = CreatePlainWindow({.className = gridWindowClass,
                                      .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP,
@@ -24,8 +24,8 @@ public:
                                      .top = 0,
                                      .width = 680,
                                      .height = 300,
-                                     .parent = frame.Get()});
-        ShowWindow(frame.Get(), visible ? SW_SHOW : SW_HIDE);
+                                     .parent = frame.get()});
+        ShowWindow(frame.get(), visible ? SW_SHOW : SW_HIDE);
     }
 
     [[nodiscard]] HWND GetControl() const { return control; }

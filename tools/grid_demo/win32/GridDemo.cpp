@@ -4,10 +4,10 @@
 #include "chooser/CMaterialFilter.h"
 #include "chooser/win32/CMaterialGrid.h"
 #include "framework/CModalScope.h"
+#include "framework/CModuleState.h"
 #include "framework/CWnd.h"
 #include "framework/TextConversion.h"
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
-#include "shared/ModuleState/CModuleState.h"
 
 #include <shellapi.h>
 

@@ -1,8 +1,8 @@
-#include "shared/ModuleState/CModuleState.h"
+#include "framework/CModuleState.h"
 
 namespace
 {
-thread_local CModuleState* currentState = nullptr;
+CModuleState* currentState = nullptr;
 }
 
 CModuleState& OwnModuleState()
