@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: on Linux, on Linux with sanitizers, for Windows under Wine, and of the
+# Builds everything and runs every test: on Linux, optimised, with sanitizers, for Windows under Wine, and of the
 # packages.
 #   test.sh             the tests; the last lines are the summaries
 #   test.sh --coverage  line and branch coverage of the portable code
@@ -12,10 +12,10 @@ run_tests()
     local summaries=() failed=0 preset log
     scripts/packages.sh test
     trap 'cmake/wine-run.sh --end' EXIT
-    for preset in native sanitize windows; do
+    for preset in native release sanitize windows; do
         scripts/build.sh "$preset"
     done
-    for preset in native sanitize windows; do
+    for preset in native release sanitize windows; do
         log=build/$preset-test.log
         ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1
         summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")
@@ -36,7 +36,8 @@ run_coverage()
     find build/coverage -name '*.gcda' -delete
     ctest --preset coverage --parallel "$(nproc)" </dev/null
     gcovr --root . --object-directory build/coverage --filter include/ --filter MaterialLibrary/ --filter shared/ \
-        --filter tools/ --exclude-throw-branches --exclude-unreachable-branches --print-summary build/coverage
+        --filter grid/ --filter tools/ --exclude-throw-branches --exclude-unreachable-branches \
+        --print-summary build/coverage
 }
 
 run_lint()
@@ -44,7 +45,7 @@ run_lint()
     scripts/packages.sh lint
     git ls-files -z --cached --others --exclude-standard -- '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror
     scripts/build.sh clang
-    run-clang-tidy -quiet -p build/clang -j "$(nproc)" "^$PWD/(MaterialLibrary|shared|tools)/" </dev/null
+    run-clang-tidy -quiet -p build/clang -j "$(nproc)" "^$PWD/(MaterialLibrary|shared|grid|tools)/" </dev/null
 }
 
 case ${1:-} in
