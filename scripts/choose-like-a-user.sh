@@ -12,35 +12,7 @@ story=plain
 [[ $1 == --filtered || $1 == --keyboard ]] && story=${1#--} && shift
 pictures=$1
 shift
-mkdir -p "$pictures"
-"$@" &
-command=$!
-trap 'kill "$command" 2>/dev/null || true' EXIT
-
-fail()
-{
-    import -window root "$pictures/failed.png"
-    echo "choose-like-a-user.sh: $1 (see $pictures/failed.png)" >&2
-    exit 1
-}
-
-find_dialog()
-{
-    local attempt
-    for attempt in {1..300}; do
-        window=$(xdotool search --onlyvisible --name '^Select Material Models$' 2>/dev/null | tail -1) || true
-        [[ -n $window ]] && return
-        kill -0 "$command" 2>/dev/null || break
-        sleep 0.2
-    done
-    fail "the dialog did not open"
-}
-
-picture()
-{
-    sleep 0.5
-    import -window root -crop "$((WIDTH + 16))x$((HEIGHT + 40))+$((X - 8))+$((Y - 32))" +repage "$pictures/$1.png"
-}
+source "$repository/scripts/like-a-user.sh"
 
 # The screen position of a point in a control: its identifier, and how far into it in per cent of its size.
 point_in()
@@ -55,16 +27,7 @@ point_in()
 click()
 {
     # shellcheck disable=SC2046 # two words
-    xdotool mousemove --sync $(point_in "$1" "${2:-50}" "${3:-50}")
-    sleep 0.1
-    xdotool click 1
-    sleep 0.3
-}
-
-press()
-{
-    xdotool key --delay 60 "$@"
-    sleep 0.3
+    click_at $(point_in "$1" "${2:-50}" "${3:-50}")
 }
 
 # The combo box drops down; keys choose from it.
@@ -83,22 +46,11 @@ replace_text()
     press Tab
 }
 
+# drag CONTROL FROM-X FROM-Y TO-X TO-Y [PICTURE-ON-THE-WAY]
 drag()
 {
-    local from to step
-    read -ra from < <(point_in "$1" "$2" "$3")
-    read -ra to < <(point_in "$1" "$4" "$5")
-    xdotool mousemove --sync "${from[@]}"
-    sleep 0.1
-    xdotool mousedown 1
-    for step in 1 2 3 4; do
-        sleep 0.1
-        xdotool mousemove --sync $((from[0] + (to[0] - from[0]) * step / 4)) $((from[1] + (to[1] - from[1]) * step / 4))
-    done
-    sleep 0.1
-    [[ -n ${6:-} ]] && picture "$6"
-    xdotool mouseup 1
-    sleep 0.3
+    # shellcheck disable=SC2046 # two words each
+    drag_between $(point_in "$1" "$2" "$3") $(point_in "$1" "$4" "$5") "${6:-}"
 }
 
 # A row, a part of its curves, Assign, OK.
@@ -113,10 +65,7 @@ use_mouse()
     click IDOK
 }
 
-find_dialog
-eval "$(xdotool getwindowgeometry --shell "$window")" # a window with a frame has another position than it says
-eval "$(xdotool mousemove --sync --window "$window" 1 1 getmouselocation --shell)"
-X=$((X - 1)) Y=$((Y - 1))
+open_window '^Select Material Models$' "$@"
 picture 1-opened
 case $story in
 filtered)
@@ -143,10 +92,4 @@ keyboard)
     ;;
 esac
 
-for _ in {1..50}; do
-    kill -0 "$command" 2>/dev/null || break
-    sleep 0.2
-done
-kill -0 "$command" 2>/dev/null && fail "the dialog did not close"
-trap - EXIT
-wait "$command"
+wait_for_end

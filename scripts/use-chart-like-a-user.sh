@@ -5,64 +5,36 @@
 set -euo pipefail
 pictures=$1
 shift
-mkdir -p "$pictures"
+source "$(dirname "${BASH_SOURCE[0]}")/like-a-user.sh"
 
-"$@" >/dev/null 2>&1 &
-program=$!
-trap 'kill "$program" 2>/dev/null || true' EXIT
-for _ in {1..300}; do
-    window=$(xdotool search --onlyvisible --name '^Chart' 2>/dev/null | head -n 1) || true
-    [[ -n $window ]] && break
-    kill -0 "$program" 2>/dev/null || break
-    sleep 0.2
-done
-if [[ -z ${window:-} ]]; then
-    echo "use-chart-like-a-user.sh: no window appeared" >&2
-    exit 1
-fi
-eval "$(xdotool getwindowgeometry --shell "$window")"
-
-# Moves to a place in hundredths of the window.
-go() { xdotool mousemove $((X + WIDTH * $1 / 100)) $((Y + HEIGHT * $2 / 100)) && sleep 0.1; }
-
-picture()
-{
-    sleep 0.4
-    import -window root -crop "$((WIDTH + 16))x$((HEIGHT + 60))+$((X - 8))+$((Y - 52))" +repage "$pictures/$1.png"
-}
-
-press_key() { xdotool key "$1" && sleep 0.3; }
+# The screen position of a place in hundredths of the window.
+at() { echo "$((X + WIDTH * $1 / 100)) $((Y + HEIGHT * $2 / 100))"; }
 
 # drag FROM-X FROM-Y TO-X TO-Y [PICTURE-ON-THE-WAY]
 drag()
 {
-    local step
-    go "$1" "$2"
-    xdotool mousedown 1
-    for step in 1 2 3 4 5; do
-        go $(($1 + ($3 - $1) * step / 5)) $(($2 + ($4 - $2) * step / 5))
-    done
-    [[ -z ${5:-} ]] || picture "$5"
-    xdotool mouseup 1
-    sleep 0.3
+    # shellcheck disable=SC2046 # two words each
+    drag_between $(at "$1" "$2") $(at "$3" "$4") "${5:-}"
 }
 
-go 50 4
-xdotool click 1
-press_key 1
-go 40 40
+open_window '^Chart' "$@"
+# shellcheck disable=SC2046 # two words
+click_at $(at 50 4)
+press 1
+# shellcheck disable=SC2046 # two words
+move_to $(at 40 40)
 picture 1-shown
 drag 10 12 40 60 2-zooming-in
 picture 3-zoomed-in
-press_key 5
+press 5
 drag 50 50 58 44
 picture 4-panned
-press_key 2
+press 2
 drag 30 30 60 60 5-zooming-out
 picture 6-zoomed-out
 xdotool click --repeat 2 --delay 60 1
-press_key l
+press l
 picture 7-reset-and-logarithmic
-press_key 3
+press 3
 drag 30 30 60 60 8-zooming-horizontally
 picture 9-zoomed-horizontally
