@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,34 @@ public:
         {
             calls.push_back({.kind = Kind::Xor, .colour = colour, .points = {line.from, line.to}});
         }
+    }
+
+    // A row for the calls of one kind and colour that follow each other, or several where they are many.
+    [[nodiscard]] std::string Describe() const
+    {
+        constexpr const char* kinds[] = {"fill", "lines", "text", "clip", "unclip", "xor"};
+        std::string text;
+        std::string previous;
+        for (const Call& call : calls)
+        {
+            std::ostringstream head;
+            std::ostringstream body;
+            head << '\n'
+                 << kinds[static_cast<std::size_t>(call.kind)] << ' ' << std::hex << call.colour << ':';
+            for (const PixelPoint& point : call.points)
+            {
+                body << (&point == call.points.data() ? ' ' : '-') << point.x << ',' << point.y;
+            }
+            if (call.points.empty())
+            {
+                body << call.text << ' ' << call.rect.left << ',' << call.rect.top << '-' << call.rect.right
+                     << ',' << call.rect.bottom;
+            }
+            const bool goesOn = head.str() == previous && text.size() - text.rfind('\n') < 90;
+            text += (goesOn ? "" : head.str()) + body.str();
+            previous = head.str();
+        }
+        return text;
     }
 
     [[nodiscard]] std::vector<Call> Find(const std::function<bool(const Call&)>& wanted) const

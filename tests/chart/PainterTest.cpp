@@ -58,148 +58,83 @@ protected:
     }
 };
 
-TEST_F(Painter, PaintsInOrderWithTheFirstCurveOnTop)
+// Every call of a small picture: two linear axes with all that belongs to the mouse, and a decade with two
+// vertical axes.
+TEST_F(Painter, PaintsTheWholePictureInOrder)
 {
+    client = {0, 0, 120, 120};
+    Axis(0).axisColour = 0x0A0A0A;
+    model.SetAxisTitle(1, "Er", "");
     model.GetLegend().push_back({0x0000AA, "entry"});
+    LayOutChart(model, client, canvas);
     pointer.labelledCurve = 1;
-    pointer.mouse = {300, 100};
+    pointer.labelPosition = pointer.mouse = {60, 30};
     Paint();
-    const Call order[] = {{.kind = Kind::Fill},
-                          {.kind = Kind::Lines, .colour = 0x808080},
-                          {.kind = Kind::Clip},
-                          {.kind = Kind::Lines, .colour = 0x00BB00},
-                          {.kind = Kind::Lines, .colour = 0x0000AA},
-                          {.kind = Kind::Unclip},
-                          {.kind = Kind::Text, .colour = 0x00BB00, .text = "second"},
-                          {.kind = Kind::Text, .colour = 0xFFFFFF, .text = "entry"}};
-    auto place = canvas.calls.begin();
-    for (const Call& wanted : order)
-    {
-        const auto isWanted = [&](const Call& call)
-        { return call.kind == wanted.kind && call.colour == wanted.colour && call.text == wanted.text; };
-        const auto found = std::ranges::find_if(canvas.calls, isWanted);
-        EXPECT_TRUE(found >= place && found != canvas.calls.end()) << wanted.text << wanted.colour;
-        place = found;
-    }
-    EXPECT_EQ(canvas.calls.front().rect, client);
-    EXPECT_NE(canvas.calls.back().text.find(", "), std::string::npos); // a read-out
-    EXPECT_EQ(place + 3, canvas.calls.end());                          // its background and its text
-}
-
-TEST_F(Painter, FramesASingleAxisOnBothSidesAndSeveralInTurn)
-{
-    const PixelRect plot = model.frame.plot;
-    const auto hasLine = [this](PixelLine line)
-    {
-        const auto lines = canvas.GetLines(0x111111);
-        return std::ranges::find(lines, line) != lines.end();
-    };
-    const PixelLine left = {{plot.left, plot.top}, {plot.left, plot.bottom}};
-    const PixelLine right = {{plot.right, plot.top}, {plot.right, plot.bottom}};
-    const PixelLine top = {{plot.left, plot.top}, {plot.right, plot.top}};
-    const PixelLine bottom = {{plot.left, plot.bottom}, {plot.right, plot.bottom}};
-    Axis(0).gridColour = Axis(1).gridColour = 0x111111;
-    for (const std::int32_t identifier : {0, 1}) // its only tick is shifted out
-    {
-        Axis(identifier).visibleMax = Axis(identifier).visibleMin;
-        Axis(identifier).pixelShift = identifier == 0 ? -1 : 1;
-        Axis(identifier).minorTicks = 0;
-    }
-    Paint();
-    EXPECT_TRUE(hasLine(left) && hasLine(right) && hasLine(top) && hasLine(bottom));
+    EXPECT_EQ(canvas.Describe(), R"(
+fill 0: 0,0-120,120
+lines 808080: 33,12-102,12 33,72-102,72 102,12-102,72 33,12-33,72 33,12-33,72
+text a0a0a: 0  24,75-42,87
+lines 808080: 42,12-42,15 42,69-42,72 50,12-50,15 50,69-50,72 59,12-59,15 59,69-59,72 68,12-68,72
+text a0a0a: 50  56,75-80,87
+lines 808080: 76,12-76,15 76,69-76,72 85,12-85,15 85,69-85,72 93,12-93,15 93,69-93,72 102,12-102,72
+text a0a0a: 100  87,75-117,87
+lines a0a0a: 33,12-33,72
+lines 808080: 33,72-102,72
+text ffffff: 0  14,66-32,78
+lines 808080: 33,64-36,64 99,64-102,64 33,57-36,57 99,57-102,57 33,49-36,49 99,49-102,49 33,42-102,42
+text ffffff: 50  8,36-32,48
+lines 808080: 33,34-36,34 99,34-102,34 33,27-36,27 99,27-102,27 33,19-36,19 99,19-102,19 33,12-102,12
+text ffffff: 100  2,6-32,18
+lines ffffff: 33,72-102,72
+text ffffff:Er 33,0-45,12
+clip 0: 0,0-120,120
+lines bb00: 102,72-33,12
+lines aa: 102,12-68,24-33,72
+unclip 0: 0,0-0,0
+text bb00:second 62,16-98,28
+fill aa: 33,97-42,106
+text ffffff:entry 45,96-75,108
+fill 0: 33,87-93,97
+text ffffff:38.571, 70 33,85-93,97)");
     model.AddAxis(2, true);
-    model.AddAxis(3, false);
-    Axis(2).gridColour = Axis(3).gridColour = 0x222222;
-    Axis(2).tickStep = Axis(3).tickStep = 1;
-    Axis(2).scale = Axis(3).scale = 1;
-    Paint();
-    EXPECT_TRUE(hasLine(left) && hasLine(bottom));
-    EXPECT_FALSE(hasLine(right) || hasLine(top));
-}
-
-TEST_F(Painter, TicksGridLabelsAndZeroLine)
-{
-    Axis(0).axisColour = 0x0A0A0A;
-    Axis(0).gridColour = 0x0B0B0B;
-    Paint();
-    const PixelRect plot = model.frame.plot;
-    const int intervals = CountTickIntervals(Axis(0), model.GetScale(Direction::Horizontal));
-    std::vector<int> expected;
-    for (int i = 0; i <= intervals; ++i)
-    {
-        expected.push_back(plot.left + static_cast<int>(std::lround(i * Axis(0).tickStep * Axis(0).scale)));
-    }
-    EXPECT_EQ(GetUprights(0x0B0B0B), expected);
-    EXPECT_EQ(GetUprights(0x0A0A0A), std::vector<int>{plot.left}); // the zero line
-    const std::vector<Call> labels = canvas.FindTexts(" 50 ");
-    ASSERT_FALSE(labels.empty());
-    EXPECT_EQ(labels[0].colour, 0x0A0A0Au);
-    EXPECT_EQ(labels[0].rect.left, GetPixel({50, 0}).x - 12);
-    EXPECT_GE(labels[0].rect.top, plot.bottom);
-    const std::vector<Call> upright =
-        canvas.Find([&](const Call& call) { return call.text == " 50 " && call.rect.right <= plot.left; });
-    ASSERT_EQ(upright.size(), 1u);
-    EXPECT_EQ((upright[0].rect.top + upright[0].rect.bottom) / 2, GetPixel({0, 50}).y);
-
-    Axis(0).visibleMin = 10; // no zero in the plot
-    Axis(0).visibleMax = 110;
-    Paint();
-    EXPECT_TRUE(GetUprights(0x0A0A0A).empty());
-}
-
-// Marks of a quarter of a line's height at both edges of the plot.
-TEST_F(Painter, LinearMinorTicksStandOnBothSides)
-{
-    Axis(0).gridColour = 0x0B0B0B;
-    Paint();
-    const PixelRect plot = model.frame.plot;
-    const CAxisMapping mapping(model, Direction::Horizontal, Axis(0));
-    std::vector<PixelLine> expected;
-    for (int i = 0; i < CountTickIntervals(Axis(0), GetScale(false)); ++i)
-    {
-        for (const double part : ListMinorParts(Axis(0), GetScale(false)))
-        {
-            const int x = mapping.GetMinorTickPixel(GetMinorTick(Axis(0), GetScale(false), i, part));
-            expected.push_back({{x, plot.top}, {x, plot.top + 3}});
-            expected.push_back({{x, plot.bottom - 3}, {x, plot.bottom}});
-        }
-    }
-    std::vector<PixelLine> marks = canvas.GetLines(0x0B0B0B);
-    std::erase_if(marks, [&](const PixelLine& line)
-                  { return line.from.y == line.to.y || line.to.y - line.from.y == plot.GetHeight(); });
-    ASSERT_FALSE(expected.empty());
-    EXPECT_EQ(marks, expected);
-    Axis(0).minorTicks = 0;
-    const std::size_t withMinor = canvas.calls.size();
-    Paint();
-    EXPECT_EQ(canvas.calls.size(), withMinor - expected.size());
-}
-
-TEST_F(Painter, ADecadesLinesAreInTheAxisColourAndItsMinorLinesInTheGridColour)
-{
-    first.points = {{1, 0}, {1000, 100}};
-    second.points = {{1, 100}, {1000, 0}};
-    first.UpdateBounds();
-    second.UpdateBounds();
+    model.SetAxisTitle(2, "x", "");
+    Axis(2).minorTicks = 0;
+    first = MakeCurve({{1, 0}, {10, 100}});
+    second = MakeCurve({{1, 100}, {10, 0}});
     Axis(0).lowerLimit = 1e-9;
-    Axis(0).axisColour = 0x0A0A0A;
-    Axis(0).gridColour = 0x0B0B0B;
     model.RebuildDataRanges();
     model.SetScaleMode(true, false);
     LayOutChart(model, client, canvas);
+    pointer = {};
     Paint();
-    const int left = model.frame.plot.left;
-    const double scale = Axis(0).scale; // about 180 pixels: minor lines at 2, 4, 6 and 8
-    EXPECT_EQ(GetUprights(0x0A0A0A).size(), 4u);
-    std::vector<int> minor;
-    for (int decade = 0; decade < 3; ++decade)
-    {
-        for (const double multiple : {2.0, 4.0, 6.0, 8.0})
-        {
-            minor.push_back(left + static_cast<int>(std::lround((decade + std::log10(multiple)) * scale)));
-        }
-    }
-    EXPECT_EQ(GetUprights(0x0B0B0B), minor);
+    EXPECT_EQ(canvas.Describe(), R"(
+fill 0: 0,0-120,120
+lines 808080: 45,12-85,12 45,60-85,60 85,12-85,60 45,12-45,60
+lines a0a0a: 45,12-45,60
+text a0a0a: 1000m  24,63-66,75
+lines 808080: 73,12-73,60
+lines a0a0a: 85,12-85,60
+lines 808080: 45,60-85,60
+text ffffff: -500m  78,54-120,66
+lines 808080: 45,36-85,36
+text ffffff: 0  86,30-104,42
+lines 808080: 45,12-85,12
+text ffffff: 500m  84,6-120,18
+lines ffffff: 45,36-85,36
+text ffffff:x 79,0-85,12
+lines 808080: 45,60-85,60
+text ffffff: 0  26,54-44,66
+lines 808080: 45,54-48,54 82,54-85,54 45,48-48,48 82,48-85,48 45,42-48,42 82,42-85,42 45,36-85,36
+text ffffff: 50  20,30-44,42
+lines 808080: 45,30-48,30 82,30-85,30 45,24-48,24 82,24-85,24 45,18-48,18 82,18-85,18 45,12-85,12
+text ffffff: 100  14,6-44,18
+lines ffffff: 45,60-85,60
+text ffffff:Er 45,0-57,12
+clip 0: 0,0-120,120
+lines ff: 85,60-45,12 85,12-45,60
+unclip 0: 0,0-0,0
+fill aa: 45,85-54,94
+text ffffff:e... 57,84-81,96)");
 }
 
 // A shifted axis draws the ticks that stand in the plot.
