@@ -3,7 +3,6 @@
 #include "reader/LoadMaterialFile.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "tools/matlib/LibraryMessages.h"
-#include "tools/matlib/check/CMaterialFileParser.h"
 #include "tools/matlib/check/FindWarnings.h"
 
 #include <algorithm>
@@ -51,8 +50,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string text(reinterpret_cast<const char*>(data), size);
     CFakeMaterialLib library;
     const bool loaded = LoadMaterialText(library, text.data(), "fuzz.mat");
-    const ParsedFile first = CMaterialFileParser::Parse(text.data(), AfterError::stop);
-    const ParsedFile whole = CMaterialFileParser::Parse(text.data(), AfterError::goOn);
+    const ParsedFile first = ParseMaterialFile(text.c_str(), AfterError::stop);
+    const ParsedFile whole = ParseMaterialFile(text.c_str(), AfterError::goOn);
     Require(text == std::string(reinterpret_cast<const char*>(data), size));
     Require(first.errors.size() == (loaded ? 0 : 1));
     Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);

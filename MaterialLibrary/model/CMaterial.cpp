@@ -89,7 +89,7 @@ CMaterialTable& CMaterial::AppendTable(CMaterialTable& table)
     return table;
 }
 
-IMaterialTableIO* CMaterial::AddTable(int tableKind)
+CMaterialTable& CMaterial::MakeTable(int tableKind)
 {
-    return &AppendTable(arena->Make<CMaterialTable>(*arena, tableKind));
+    return AppendTable(arena->Make<CMaterialTable>(*arena, tableKind));
 }

@@ -37,13 +37,20 @@ public:
 
     [[nodiscard]] IMaterialTableIO* GetTableIO(int index) override;
     void SetKind(int newKind) override { kind = newKind; }
-    void SetName(const char* newName) override { SetText(name, newName); }
-    void SetTypeName(const char* newTypeName) override { SetText(typeName, newTypeName); }
-    void SetVendor(const char* newVendor) override { SetText(vendor, newVendor); }
-    void SetComment(const char* newComment) override { SetText(comment, newComment); }
+    void SetName(const char* newName) override { SetName(ViewOf(newName)); }
+    void SetTypeName(const char* newTypeName) override { SetTypeName(ViewOf(newTypeName)); }
+    void SetVendor(const char* newVendor) override { SetVendor(ViewOf(newVendor)); }
+    void SetComment(const char* newComment) override { SetComment(ViewOf(newComment)); }
     void SetIntAttribute(MLATTRIBID id, int value) override;
     void SetAttribute(MLATTRIBID id, double value) override;
-    IMaterialTableIO* AddTable(int tableKind) override;
+    IMaterialTableIO* AddTable(int tableKind) override { return &MakeTable(tableKind); }
+
+    // The same for callers that know the classes.
+    void SetName(std::string_view text) { name.Set(*arena, text); }
+    void SetTypeName(std::string_view text) { typeName.Set(*arena, text); }
+    void SetVendor(std::string_view text) { vendor.Set(*arena, text); }
+    void SetComment(std::string_view text) { comment.Set(*arena, text); }
+    CMaterialTable& MakeTable(int tableKind);
 
     // Enters one measurement: Er and loss tangent at `frequency` in Hz and `temperature` in °C, each
     // appended to the material's table for that temperature, which is made when there is none.
@@ -56,7 +63,7 @@ private:
         double value;
     };
 
-    void SetText(CCompactText& text, const char* value) { text.Set(*arena, value != nullptr ? value : ""); }
+    [[nodiscard]] static std::string_view ViewOf(const char* text) { return text != nullptr ? text : ""; }
     CMaterialTable& AppendTable(CMaterialTable& table);
     [[nodiscard]] CMaterialTable* FindOrDeriveTable(int tableKind, double temperature);
     CMaterialTable& NeedTable(int tableKind, double temperature);

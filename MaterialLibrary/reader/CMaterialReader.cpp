@@ -2,7 +2,7 @@
 
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
-#include "reader/CTokenScanner.h"
+#include "reader/IReadObserver.h"
 #include "reader/ReadError.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 
@@ -19,7 +19,7 @@ constexpr std::string_view metalWord = "METAL";
 // What the value of a record is and where it goes.
 struct TextValue
 {
-    void (IMaterialIO::*set)(const char*);
+    void (CMaterial::*set)(std::string_view);
 };
 struct NumberValue
 {
@@ -32,12 +32,6 @@ struct TableValue
 {
     int tableKind;
 };
-
-// Whether the token is that one character; cheaper than comparing texts, and most tokens are brackets.
-bool IsSign(std::string_view token, char sign)
-{
-    return token.size() == 1 && token.front() == sign;
-}
 } // namespace
 
 struct MLRECORDKEY
@@ -49,73 +43,118 @@ struct MLRECORDKEY
 namespace
 {
 constexpr MLRECORDKEY dielectricKeys[] = {
-    {"NAME", TextValue{&IMaterialIO::SetName}},
-    {"TYPE", TextValue{&IMaterialIO::SetTypeName}},
+    {"NAME", TextValue{&CMaterial::SetName}},
+    {"TYPE", TextValue{&CMaterial::SetTypeName}},
     {"TECHNOLOGY", TechnologyValue{}},
-    {"VENDOR", TextValue{&IMaterialIO::SetVendor}},
-    {"COMMENT", TextValue{&IMaterialIO::SetComment}},
+    {"VENDOR", TextValue{&CMaterial::SetVendor}},
+    {"COMMENT", TextValue{&CMaterial::SetComment}},
     {"THICKNESS", NumberValue{MLATTR_THICKNESS}},
     {"ER", TableValue{MLTABLE_ER}},
     {"LOSSTANGENT", TableValue{MLTABLE_LOSS_TANGENT}},
 };
 
 constexpr MLRECORDKEY metalKeys[] = {
-    {"NAME", TextValue{&IMaterialIO::SetName}},         {"TYPE", TextValue{&IMaterialIO::SetTypeName}},
-    {"VENDOR", TextValue{&IMaterialIO::SetVendor}},     {"COMMENT", TextValue{&IMaterialIO::SetComment}},
+    {"NAME", TextValue{&CMaterial::SetName}},           {"TYPE", TextValue{&CMaterial::SetTypeName}},
+    {"VENDOR", TextValue{&CMaterial::SetVendor}},       {"COMMENT", TextValue{&CMaterial::SetComment}},
     {"RB", NumberValue{MLATTR_BULK_RESISTIVITY}},       {"ROUGHTOP", TableValue{MLTABLE_ROUGHNESS_TOP}},
     {"ROUGHBTM", TableValue{MLTABLE_ROUGHNESS_BOTTOM}},
 };
 } // namespace
 
-CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner)
-    : CLexReader(tokenScanner), technologies(&GetTechnologyMap())
+CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner, IReadObserver* readObserver)
+    : CLexReader(tokenScanner), technologies(&GetTechnologyMap()), observer(readObserver)
 {
 }
 
-void CMaterialReader::NeedToken(std::string_view& token)
+void CMaterialReader::Tell(void (IReadObserver::*event)(std::string_view, Place), std::string_view what)
 {
-    if (!scanner->NextToken(token))
+    if (observer != nullptr)
     {
-        throw CParseError(MLTEXT_MISSING_VALUE);
+        (observer->*event)(what, scanner->GetPlaceOf(what));
+    }
+}
+
+void CMaterialReader::NoteError(MLTEXTID reason)
+{
+    if (observer != nullptr)
+    {
+        observer->OnError(reason, {scanner->GetLine() + 1, scanner->GetColumn()});
+    }
+}
+
+void CMaterialReader::Refuse(MLTEXTID reason)
+{
+    NoteError(reason);
+    throw CParseError(reason);
+}
+
+// Whether `read` got to its end; false where it did not but the observer wants more.
+template <class Read>
+bool CMaterialReader::Attempt(Read read)
+{
+    try
+    {
+        read();
+        return true;
+    }
+    catch (const CParseError&)
+    {
+        if (observer == nullptr || !observer->GoesOn())
+        {
+            throw;
+        }
+        return false;
+    }
+}
+
+void CMaterialReader::NeedToken()
+{
+    if (!NextToken())
+    {
+        Refuse(MLTEXT_MISSING_VALUE);
     }
 }
 
 void CMaterialReader::NeedSign(char expected, MLTEXTID reason)
 {
-    std::string_view token;
-    if (!scanner->NextToken(token) || !IsSign(token, expected))
+    if (!NextToken() || !IsSign(expected))
     {
-        throw CParseError(reason);
+        Refuse(reason);
     }
 }
 
 void CMaterialReader::NeedThisToken(std::string_view expected, MLTEXTID reason)
 {
-    std::string_view token;
-    if (!scanner->NextToken(token) || token != expected)
+    if (!NextToken() || token != expected)
     {
-        throw CParseError(reason);
+        Refuse(reason);
     }
 }
 
-const char* CMaterialReader::NeedQuoted()
+std::string_view CMaterialReader::NeedQuoted()
 {
     std::string_view quoted;
     if (!scanner->ReadQuoted(quoted))
     {
-        throw CParseError(MLTEXT_MISSING_VALUE);
+        Refuse(MLTEXT_MISSING_VALUE);
     }
-    return quoted.data();
+    return quoted;
 }
 
-double CMaterialReader::NeedNumber()
+double CMaterialReader::NeedNumber(MLTEXTID reason)
 {
     double value = 0.0;
     if (!scanner->ReadNumber(value))
     {
-        throw CParseError(MLTEXT_BAD_NUMBER);
+        Refuse(reason);
     }
     return value;
+}
+
+double CMaterialReader::NeedAssignedNumber()
+{
+    NeedSign('=', MLTEXT_EQUALS_EXPECTED);
+    return NeedNumber(MLTEXT_BAD_NUMBER);
 }
 
 void CMaterialReader::ReadHeader()
@@ -134,165 +173,209 @@ void CMaterialReader::ReadVersion()
     }
     if (!scanner->ReadInteger(MajorVersion()))
     {
-        throw CParseError(MLTEXT_BAD_HEADER);
+        Refuse(MLTEXT_BAD_HEADER);
     }
     NeedThisToken(".", MLTEXT_BAD_HEADER);
     if (!scanner->ReadInteger(MinorVersion()))
     {
-        throw CParseError(MLTEXT_BAD_HEADER);
+        Refuse(MLTEXT_BAD_HEADER);
     }
     NeedThisToken("}", MLTEXT_BAD_HEADER);
     if (major > newestMajor || (major == newestMajor && minor > newestMinor))
     {
-        throw CParseError(MLTEXT_NEWER_VERSION);
+        Refuse(MLTEXT_NEWER_VERSION);
     }
 }
 
 void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
 {
     scanner->SetDelimiters("{}()=.");
-    ReadHeader();
-    ReadVersion();
-    scanner->SetDelimiters("{}()="); // in the body a point is part of a number or of a word
-    std::string_view token;
-    while (scanner->NextToken(token))
-    {
-        if (!IsSign(token, '{'))
+    const bool hasHeader = Attempt(
+        [this]
         {
-            throw CParseError(MLTEXT_BRACKET_EXPECTED);
+            ReadHeader();
+            ReadVersion();
+        });
+    scanner->SetDelimiters("{}()="); // in the body a point is part of a number or of a word
+    if (!hasHeader)
+    {
+        observer->GoToFirstBlock(token);
+        if (NextToken())
+        {
+            ReadBlock(library);
         }
-        NeedToken(token);
-        ReadBlock(library, token);
+    }
+    while (NextToken())
+    {
+        const auto readBlock = [&]
+        {
+            if (!IsSign('{'))
+            {
+                Refuse(MLTEXT_BRACKET_EXPECTED);
+            }
+            NeedToken();
+            ReadBlock(library);
+        };
+        if (!Attempt(readBlock))
+        {
+            observer->GoToNextBlock(token);
+        }
     }
 }
 
-void CMaterialReader::ReadBlock(CFakeMaterialLib& library, std::string_view word)
+// Stands behind the block's word.
+void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
 {
-    const bool isDielectric = word == dielectricWord;
-    if (!isDielectric && word != metalWord)
+    const bool isDielectric = token == dielectricWord;
+    if (!isDielectric && token != metalWord)
     {
         return; // the word of an unknown block is passed over
     }
+    Tell(&IReadObserver::OnBlock, token);
     const std::string_view known = isDielectric ? dielectricWord : metalWord;
-    if (!blockWord.empty() && blockWord != known)
+    if (blockWord.empty())
     {
-        throw CParseError(MLTEXT_MIXED_KINDS);
+        blockWord = known;
     }
-    blockWord = known;
+    if (blockWord != known)
+    {
+        static_cast<void>(Attempt([this] { Refuse(MLTEXT_MIXED_KINDS); })); // read it all the same
+    }
     CMaterial& material = library.MakeMaterial();
-    if (isDielectric)
+    if (isDielectric ? ReadDielectric(material) : ReadMetal(material))
     {
-        ReadDielectric(material);
-    }
-    else
-    {
-        ReadMetal(material);
-    }
-    library.AddMaterial(material);
-}
-
-void CMaterialReader::ReadRecords(IMaterialIO& material, std::span<const MLRECORDKEY> keys)
-{
-    std::string_view token;
-    for (NeedToken(token); !IsSign(token, '}'); NeedToken(token))
-    {
-        if (!IsSign(token, '('))
+        library.AddMaterial(material);
+        if (observer != nullptr)
         {
-            throw CParseError(MLTEXT_BRACKET_EXPECTED);
+            observer->OnMaterial(material);
         }
-        NeedToken(token);
-        ReadRecord(material, keys, token);
     }
 }
 
-void CMaterialReader::ReadRecord(IMaterialIO& material, std::span<const MLRECORDKEY> keys,
-                                 std::string_view word)
+bool CMaterialReader::ReadDielectric(CMaterial& material)
 {
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [word](const MLRECORDKEY& each)
-                                  { return each.word.front() == word.front() && each.word == word; });
-    if (key == keys.end())
+    material.SetKind(MLMATERIAL_DIELECTRIC);
+    return ReadRecords(material, dielectricKeys);
+}
+
+bool CMaterialReader::ReadMetal(CMaterial& material)
+{
+    material.SetKind(MLMATERIAL_METAL);
+    return ReadRecords(material, metalKeys);
+}
+
+// Reads up to the "}" of the block. Whether the material is without an error.
+bool CMaterialReader::ReadRecords(CMaterial& material, std::span<const MLRECORDKEY> keys)
+{
+    bool isWhole = true;
+    bool isOpen = true;
+    while (isOpen)
     {
-        NeedSign(')', MLTEXT_BRACKET_EXPECTED); // a word alone, "(FOO)", passes
-        return;
+        if (!Attempt([&] { isOpen = ReadRecord(material, keys); }))
+        {
+            isWhole = false;
+            isOpen = observer->GoToNextRecord(token);
+        }
     }
-    if (const auto* table = std::get_if<TableValue>(&key->value))
+    return isWhole;
+}
+
+// False at the "}" of the block.
+bool CMaterialReader::ReadRecord(CMaterial& material, std::span<const MLRECORDKEY> keys)
+{
+    NeedToken();
+    if (IsSign('}'))
     {
-        ReadTable(*material.AddTable(table->tableKind));
+        return false;
+    }
+    if (!IsSign('('))
+    {
+        Refuse(MLTEXT_BRACKET_EXPECTED);
+    }
+    NeedToken();
+    Tell(&IReadObserver::OnRecord, token);
+    const auto key = std::find_if(keys.begin(), keys.end(),
+                                  [this](const MLRECORDKEY& each)
+                                  { return each.word.front() == token.front() && each.word == token; });
+    if (key != keys.end())
+    {
+        if (const auto* const table = std::get_if<TableValue>(&key->value))
+        {
+            Tell(&IReadObserver::OnTable, token);
+            ReadTable(material.MakeTable(table->tableKind));
+            return true;
+        }
+        ReadValue(material, *key);
+    }
+    NeedSign(')', MLTEXT_BRACKET_EXPECTED); // a word alone, "(FOO)", passes
+    return true;
+}
+
+void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
+{
+    if (const auto* number = std::get_if<NumberValue>(&key.value))
+    {
+        material.SetAttribute(number->attribute, NeedAssignedNumber());
         return;
     }
     NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-    if (const auto* text = std::get_if<TextValue>(&key->value))
+    if (const auto* text = std::get_if<TextValue>(&key.value))
     {
-        (material.*text->set)(NeedQuoted());
-    }
-    else if (const auto* number = std::get_if<NumberValue>(&key->value))
-    {
-        material.SetAttribute(number->attribute, NeedNumber());
+        const std::string_view quoted = NeedQuoted();
+        Tell(&IReadObserver::OnText, quoted);
+        (material.*text->set)(quoted);
     }
     else
     {
-        std::string_view technology;
-        NeedToken(technology);
-        material.SetIntAttribute(MLATTR_TECHNOLOGY, technologies->GetTechnologyId(technology.data()));
-    }
-    NeedSign(')', MLTEXT_BRACKET_EXPECTED);
-}
-
-void CMaterialReader::ReadDielectric(IMaterialIO& material)
-{
-    material.SetKind(MLMATERIAL_DIELECTRIC);
-    ReadRecords(material, dielectricKeys);
-}
-
-void CMaterialReader::ReadMetal(IMaterialIO& material)
-{
-    material.SetKind(MLMATERIAL_METAL);
-    ReadRecords(material, metalKeys);
-}
-
-// Leaves the first token that is no row's frequency in `token`, none at the end of the text.
-void CMaterialReader::ReadRows(IMaterialTableIO& table, std::string_view& token)
-{
-    MLTBLENTRY row{};
-    while (scanner->NextToken(token) && !IsSign(token, ')') && ParseEngineeringNumber(token, &row.frequency))
-    {
-        if (!scanner->ReadNumber(row.value))
-        {
-            throw CParseError(MLTEXT_FREQUENCY_WITHOUT_VALUE);
-        }
-        table.AddEntry(row);
+        NeedToken();
+        Tell(&IReadObserver::OnTechnology, token);
+        material.SetIntAttribute(MLATTR_TECHNOLOGY,
+                                 technologies->GetTechnologyId(std::string(token).c_str()));
     }
 }
 
-void CMaterialReader::ReadTable(IMaterialTableIO& table)
+// Reads the body of a table up to its ")" or the end of the text.
+void CMaterialReader::ReadTable(CMaterialTable& table)
 {
-    table.SetTemperature(CMaterialTable::defaultTemperature);
-    std::string_view token;
-    bool found = scanner->NextToken(token);
-    while (found && !IsSign(token, ')'))
+    bool isOpen = NextToken();
+    while (isOpen && !IsSign(')'))
     {
         if (token == "TABLE")
         {
             NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-            ReadRows(table, token);
-            found = !token.empty();
+            isOpen = ReadRows(table);
             continue;
         }
         if (token == "TEMPERATURE")
         {
-            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-            table.SetTemperature(NeedNumber());
+            table.SetTemperature(NeedAssignedNumber());
         }
         else if (token == "VALUE")
         {
-            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-            table.SetSingleValue(NeedNumber());
+            Tell(&IReadObserver::OnSingleValue, token);
+            table.SetSingleValue(NeedAssignedNumber());
         }
         else
         {
-            throw CParseError(MLTEXT_UNKNOWN_TABLE_ITEM);
+            Refuse(MLTEXT_UNKNOWN_TABLE_ITEM);
         }
-        found = scanner->NextToken(token);
+        isOpen = NextToken();
     }
+}
+
+// Reads up to the first token that is no row's frequency; false at the end of the text.
+bool CMaterialReader::ReadRows(CMaterialTable& table)
+{
+    MLTBLENTRY row{};
+    while (NextToken())
+    {
+        if (IsSign(')') || !ParseEngineeringNumber(token, &row.frequency))
+        {
+            return true;
+        }
+        Tell(&IReadObserver::OnRow, token);
+        row.value = NeedNumber(MLTEXT_FREQUENCY_WITHOUT_VALUE);
+        table.AddEntry(row);
+    }
+    return false;
 }

@@ -2,14 +2,15 @@
 
 #include "model/ITechnologyMapProvider.h"
 #include "reader/CLexReader.h"
+#include "reader/CTokenScanner.h"
 #include "resources/TextIds.h"
 
 #include <span>
-#include <string_view>
 
 class CFakeMaterialLib;
-class IMaterialIO;
-class IMaterialTableIO;
+class CMaterial;
+class CMaterialTable;
+class IReadObserver;
 struct MLRECORDKEY;
 
 // Reads material libraries: a header and blocks of dielectrics or of metals (docs/file-format.md). Every
@@ -18,7 +19,8 @@ struct MLRECORDKEY;
 class CMaterialReader : public CLexReader
 {
 public:
-    explicit CMaterialReader(CTokenScanner& tokenScanner);
+    // `readObserver` may be null.
+    explicit CMaterialReader(CTokenScanner& tokenScanner, IReadObserver* readObserver = nullptr);
     virtual ~CMaterialReader() = default;
     CMaterialReader(const CMaterialReader&) = delete;
     CMaterialReader& operator=(const CMaterialReader&) = delete;
@@ -30,29 +32,37 @@ public:
     // once its block was read completely.
     void ReadLibrary(CFakeMaterialLib& library);
 
-    // Read the records of one material up to the "}" of its block.
-    void ReadDielectric(IMaterialIO& material);
-    void ReadMetal(IMaterialIO& material);
-
-    // Reads the body of a table up to its ")" or the end of the text.
-    void ReadTable(IMaterialTableIO& table);
-
 private:
     void ReadHeader();
     void ReadVersion();
-    void ReadBlock(CFakeMaterialLib& library, std::string_view word);
-    void ReadRecords(IMaterialIO& material, std::span<const MLRECORDKEY> keys);
-    void ReadRecord(IMaterialIO& material, std::span<const MLRECORDKEY> keys, std::string_view word);
-    void ReadRows(IMaterialTableIO& table, std::string_view& token);
+    void ReadBlock(CFakeMaterialLib& library);
+    [[nodiscard]] bool ReadDielectric(CMaterial& material);
+    [[nodiscard]] bool ReadMetal(CMaterial& material);
+    [[nodiscard]] bool ReadRecords(CMaterial& material, std::span<const MLRECORDKEY> keys);
+    [[nodiscard]] bool ReadRecord(CMaterial& material, std::span<const MLRECORDKEY> keys);
+    void ReadValue(CMaterial& material, const MLRECORDKEY& key);
+    void ReadTable(CMaterialTable& table);
+    [[nodiscard]] bool ReadRows(CMaterialTable& table);
 
-    void NeedToken(std::string_view& token);
+    [[nodiscard]] bool NextToken() { return scanner->NextToken(token); }
+    [[nodiscard]] bool IsSign(char sign) const { return token.size() == 1 && token.front() == sign; }
+    void NeedToken();
     void NeedSign(char expected, MLTEXTID reason);
     void NeedThisToken(std::string_view expected, MLTEXTID reason);
-    [[nodiscard]] const char* NeedQuoted();
-    [[nodiscard]] double NeedNumber();
+    [[nodiscard]] std::string_view NeedQuoted();
+    [[nodiscard]] double NeedNumber(MLTEXTID reason);
+    [[nodiscard]] double NeedAssignedNumber();
+
+    void Tell(void (IReadObserver::*event)(std::string_view, Place), std::string_view what);
+    void NoteError(MLTEXTID reason);
+    [[noreturn]] void Refuse(MLTEXTID reason);
+    template <class Read>
+    [[nodiscard]] bool Attempt(Read read);
 
     std::uint32_t major = 0;
     std::uint32_t minor = 0;
     ITechnologyMapProvider* technologies;
+    IReadObserver* observer;
+    std::string_view token;     // the last one; empty at the end of the text
     std::string_view blockWord; // of the first block; a file holds blocks of one word only
 };

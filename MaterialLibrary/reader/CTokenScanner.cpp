@@ -24,18 +24,12 @@ CTokenScanner::CTokenScanner()
     Reclassify();
 }
 
-void CTokenScanner::Attach(char* text)
+void CTokenScanner::Attach(const char* text)
 {
-    Detach();
     cursor = text;
     textEnd = text + std::strlen(text);
     lineStart = text;
     line = 0;
-}
-
-void CTokenScanner::Detach()
-{
-    PutBackSavedChar();
 }
 
 void CTokenScanner::SetDelimiters(const char* set)
@@ -84,26 +78,6 @@ bool CTokenScanner::IsQuote(char character) const
     return character != '\0' && std::strchr(quoteChars, character) != nullptr;
 }
 
-void CTokenScanner::PutBackSavedChar()
-{
-    if (savedChar != '\0')
-    {
-        *cursor = savedChar;
-        savedChar = '\0';
-        cursor += inClosingQuote ? 1 : 0;
-        inClosingQuote = false;
-    }
-}
-
-void CTokenScanner::EndToken()
-{
-    savedChar = *cursor;
-    if (savedChar != '\0')
-    {
-        *cursor = '\0';
-    }
-}
-
 void CTokenScanner::SkipLineBreak()
 {
     if (*cursor == '\r')
@@ -120,7 +94,6 @@ void CTokenScanner::SkipLineBreak()
 
 bool CTokenScanner::NextToken(std::string_view& token)
 {
-    PutBackSavedChar();
     token = {};
     // What stands before the token.
     for (;;)
@@ -159,13 +132,11 @@ bool CTokenScanner::NextToken(std::string_view& token)
         break;
     }
     token = {start, static_cast<std::size_t>(cursor - start)};
-    EndToken();
     return true;
 }
 
 bool CTokenScanner::SkipBlanks()
 {
-    PutBackSavedChar();
     while (ClassOf(*cursor) == blank)
     {
         ++cursor;
@@ -204,7 +175,6 @@ bool CTokenScanner::ReadInteger(std::uint32_t& value)
     {
         value = std::numeric_limits<std::uint32_t>::max();
     }
-    EndToken();
     return true;
 }
 
@@ -293,7 +263,6 @@ bool CTokenScanner::ReadNumber(double& value)
     }
     if (TakeOrdinaryNumber(value))
     {
-        EndToken();
         return true;
     }
     const char* const start = cursor;
@@ -306,7 +275,6 @@ bool CTokenScanner::ReadNumber(double& value)
         return false;
     }
     value = ParseDecimal({start, static_cast<std::size_t>(cursor - start)}).value;
-    EndToken();
     return true;
 }
 
@@ -319,8 +287,6 @@ bool CTokenScanner::ReadQuoted(std::string_view& value)
     ++cursor;
     const std::size_t length = std::strcspn(cursor, quoteChars);
     value = {cursor, length};
-    cursor += length;
-    EndToken();
-    inClosingQuote = savedChar != '\0';
+    cursor += length + (cursor[length] != '\0' ? 1 : 0);
     return true;
 }

@@ -1,22 +1,28 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstdint>
 #include <string_view>
 
-// Cuts a NUL-terminated text into tokens in place: a token handed out ends with a NUL written over the
-// character behind it, which the next operation puts back. No operation reads past the text's NUL.
+// Where something stands in a text, both counted from 1.
+struct Place
+{
+    unsigned line = 1;
+    unsigned column = 1;
+
+    friend auto operator<=>(const Place&, const Place&) = default;
+};
+
+// Cuts a NUL-terminated text into tokens. The text must stay as it is while the scanner or a token is in use.
+// No operation reads past the text's NUL.
 class CTokenScanner
 {
 public:
     CTokenScanner();
 
-    // Puts the scanner at the start of `text`, which must stay valid and writable until it is detached or
-    // another text is attached.
-    void Attach(char* text);
-
-    // Gives the text its last character back; the position stays readable.
-    void Detach();
+    // Puts the scanner at the start of `text`.
+    void Attach(const char* text);
 
     // The sets of characters that the scanner goes by; each must stay valid while it is in use.
     void SetDelimiters(const char* set);   // each is a token by itself; at first "{}()=,."
@@ -25,7 +31,7 @@ public:
     void SetQuoteChars(const char* set);   // open and close a quoted text; at first the double quote
 
     // The next token; false at the end of the text. Comments and line breaks (CR, LF, CR LF) separate
-    // tokens like blanks. The token is valid until the next operation.
+    // tokens like blanks.
     [[nodiscard]] bool NextToken(std::string_view& token);
 
     // The three operations below skip blanks, but no line break: what they read stands on the line of what
@@ -39,20 +45,22 @@ public:
     // the number ends before the letter but reading goes on behind it.
     [[nodiscard]] bool ReadNumber(double& value);
 
-    // A text in quotes, without escapes, possibly over several lines. The end of the text closes it too. The
-    // text ends with a NUL and is valid until the next operation.
+    // A text in quotes, without escapes, possibly over several lines. The end of the text closes it too.
     [[nodiscard]] bool ReadQuoted(std::string_view& value);
 
-    // Where the next operation goes on; what is before that is not looked at again.
-    [[nodiscard]] const char* GetPosition() const { return cursor; }
+    // Has NextToken give the token, the last that it gave, once more.
+    void GoBackTo(std::string_view token) { cursor = token.data(); }
 
     // Line breaks passed, 0 on the first line. Those inside quotes do not count.
     [[nodiscard]] std::uint32_t GetLine() const { return line; }
 
     // Characters consumed since the start of the line.
-    [[nodiscard]] std::uint32_t GetColumn() const
+    [[nodiscard]] std::uint32_t GetColumn() const { return static_cast<std::uint32_t>(cursor - lineStart); }
+
+    // Where the last token begins.
+    [[nodiscard]] Place GetPlaceOf(std::string_view token) const
     {
-        return static_cast<std::uint32_t>(cursor - lineStart) + (inClosingQuote ? 1 : 0);
+        return {line + 1, static_cast<unsigned>(token.data() - lineStart) + 1};
     }
 
 private:
@@ -72,8 +80,6 @@ private:
     }
     [[nodiscard]] bool IsQuote(char character) const;
     void Reclassify();
-    void PutBackSavedChar();
-    void EndToken();
     [[nodiscard]] bool SkipBlanks();
     void SkipLineBreak();
     [[nodiscard]] bool TakeOrdinaryNumber(double& value);
@@ -85,11 +91,9 @@ private:
     const char* whitespace = " \t";
     const char* commentChars = "*";
     const char* quoteChars = "\"";
-    char* cursor = nullptr;
+    const char* cursor = nullptr;
     const char* textEnd = nullptr;
-    char savedChar = '\0';
-    bool inClosingQuote = false; // the saved character is a closing quote, consumed already
+    const char* lineStart = nullptr;
     std::uint32_t line = 0;
-    char* lineStart = nullptr;
     std::array<Class, 256> classes{};
 };

@@ -18,7 +18,7 @@ std::string DescribeParseError(const char* path, const CTokenScanner& scanner, c
 }
 } // namespace
 
-bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
+bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path)
 {
     CTokenScanner scanner;
     scanner.Attach(text);
@@ -26,12 +26,10 @@ bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path)
     try
     {
         reader.ReadLibrary(library);
-        scanner.Detach();
         return true;
     }
     catch (const CParseError& error)
     {
-        scanner.Detach();
         ShowWarning(DescribeParseError(path, scanner, error).c_str());
         library.RemoveAllMaterials();
         return false;

@@ -8,6 +8,5 @@ class CFakeMaterialLib;
 // exhausted.
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path);
 
-// The same for a text in memory that ends with NUL; `path` is what the message calls it. The text is
-// changed while it is read and the same again afterwards, unless std::bad_alloc passes.
-bool LoadMaterialText(CFakeMaterialLib& library, char* text, const char* path);
+// The same for a text in memory that ends with NUL; `path` is what the message calls it.
+bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path);

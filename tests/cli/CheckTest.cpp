@@ -3,7 +3,7 @@
 #include "reader/LoadMaterialFile.h"
 #include "tests/CollectedMessages.h"
 #include "tools/matlib/LibraryMessages.h"
-#include "tools/matlib/check/CMaterialFileParser.h"
+#include "tools/matlib/check/ParsedFile.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ std::string RefusalOfLibrary(std::string text)
 
 std::string RefusalOfCheck(std::string text, AfterError afterError)
 {
-    const ParsedFile file = CMaterialFileParser::Parse(text.data(), afterError);
+    const ParsedFile file = ParseMaterialFile(text.c_str(), afterError);
     if (file.errors.empty())
     {
         return {};
@@ -64,7 +64,7 @@ TEST(Check, RefusesCutAndDamagedFilesWhereTheLibraryDoes)
 TEST(Check, GoesOnBehindABrokenHeader)
 {
     std::string text = "{MATFILE}{DIELECTRIC(NAME=\"A\")(FOO=1)}{DIELECTRIC(NAME=\"B\")}";
-    const ParsedFile file = CMaterialFileParser::Parse(text.data(), AfterError::goOn);
+    const ParsedFile file = ParseMaterialFile(text.c_str(), AfterError::goOn);
     ASSERT_EQ(file.errors.size(), 2U);
     EXPECT_EQ(file.errors[1].place, (Place{1, 35}));
     ASSERT_EQ(file.materials.size(), 1U);

@@ -12,12 +12,9 @@ namespace
 {
 const std::string header = "{MAT_FILE}\n{VERSION=1.0}\n";
 
-bool Load(CFakeMaterialLib& library, std::string text)
+bool Load(CFakeMaterialLib& library, const std::string& text)
 {
-    const std::string before = text;
-    const bool loaded = LoadMaterialText(library, text.data(), "x.mat");
-    EXPECT_EQ(text, before); // every character is back
-    return loaded;
+    return LoadMaterialText(library, text.c_str(), "x.mat");
 }
 
 std::string Expect(MLTEXTID reason, unsigned line, unsigned column)

@@ -51,21 +51,7 @@ TEST(NextToken, CutsAtBlanksBreaksCommentsAndDelimiters)
         }
         EXPECT_EQ(scan.Next(), "<end>") << row.text;
         EXPECT_EQ(scan.Next(), "<end>") << row.text;
-        EXPECT_EQ(scan.text, row.text); // every character is back
     }
-}
-
-TEST(NextToken, TokensEndWithNulInPlaceUntilTheNextOperation)
-{
-    Scan scan("NAME=5");
-    std::string_view token;
-    ASSERT_TRUE(scan.scanner.NextToken(token));
-    EXPECT_STREQ(token.data(), "NAME");
-    EXPECT_EQ(scan.text[4], '\0');
-    std::string other = "x";
-    scan.scanner.Attach(other.data());
-    EXPECT_EQ(scan.text, "NAME=5");
-    EXPECT_EQ(scan.Next(), "x");
 }
 
 TEST(NextToken, CountsLinesAndColumns)

@@ -24,6 +24,20 @@ bool TakeUnsigned(std::string_view& text, unsigned& number)
 }
 } // namespace
 
+std::string_view GetLibraryText(MLTEXTID wanted)
+{
+    switch (static_cast<unsigned>(wanted))
+    {
+#define ML_TEXT(identifier, text)                                                                            \
+    case identifier:                                                                                         \
+        return text;
+#include "resources/Texts.inc"
+#undef ML_TEXT
+    default:
+        return {};
+    }
+}
+
 std::optional<FileProblem> FindFileProblem(std::string_view message, std::string_view path)
 {
     std::string_view rest = message;

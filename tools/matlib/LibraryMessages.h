@@ -1,8 +1,13 @@
 #pragma once
 
+#include "resources/TextIds.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
+
+// The library's own text. It is compiled in: the library's string table is in the library, if that is a DLL.
+[[nodiscard]] std::string_view GetLibraryText(MLTEXTID identifier);
 
 // Why the library refused a file.
 struct FileProblem

@@ -1,6 +1,7 @@
 #include "tools/matlib/Wording.h"
 
 #include "MaterialLibrary/IMaterial.h"
+#include "tools/matlib/LibraryMessages.h"
 
 #include <algorithm>
 #include <charconv>
@@ -100,19 +101,24 @@ std::string_view KindWord(const IMaterial& material)
     }
 }
 
+std::string_view TechnologyWord(int technology)
+{
+    switch (technology)
+    {
+    case MLTECHNOLOGY_CORE:
+        return GetLibraryText(MLTEXT_CORE);
+    case MLTECHNOLOGY_PREPREG:
+        return GetLibraryText(MLTEXT_PREPREG);
+    case MLTECHNOLOGY_FLEXCORE:
+        return GetLibraryText(MLTEXT_FLEXCORE);
+    default:
+        return "";
+    }
+}
+
 std::string_view TechnologyWord(const IMaterial& material)
 {
     int technology = MLTECHNOLOGY_UNKNOWN;
     material.GetIntAttribute(MLATTR_TECHNOLOGY, &technology);
-    switch (technology)
-    {
-    case MLTECHNOLOGY_CORE:
-        return "Core";
-    case MLTECHNOLOGY_PREPREG:
-        return "Prepreg";
-    case MLTECHNOLOGY_FLEXCORE:
-        return "Flexcore";
-    default:
-        return "";
-    }
+    return TechnologyWord(technology);
 }

@@ -54,5 +54,8 @@ inline constexpr PropertyWords properties[] = {
 // "dielectric", "metal" or "unknown".
 [[nodiscard]] std::string_view KindWord(const IMaterial& material);
 
-// "Core", "Prepreg", "Flexcore", or empty when the file gave none.
+// The library's word for the technology, as files write it; empty for every other number.
+[[nodiscard]] std::string_view TechnologyWord(int technology);
+
+// The word of the material's technology; empty when the file gave none.
 [[nodiscard]] std::string_view TechnologyWord(const IMaterial& material);

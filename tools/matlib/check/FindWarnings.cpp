@@ -18,7 +18,9 @@ constexpr double mostLossTangent = 0.2;
 constexpr double mostThickness = 0.01;    // metres; the chooser's range before the user changes it
 constexpr double leastFitFrequency = 1e4; // Hz; losses below do not enter the model
 constexpr double sameTemperature = 0.1;   // °C; nearer tables belong together
-constexpr std::array<std::string_view, 3> technologyWords = {"Core", "Prepreg", "Flexcore"};
+const std::array<std::string_view, 3> technologyWords = {TechnologyWord(MLTECHNOLOGY_CORE),
+                                                         TechnologyWord(MLTECHNOLOGY_PREPREG),
+                                                         TechnologyWord(MLTECHNOLOGY_FLEXCORE)};
 
 using Findings = std::vector<Finding>;
 
@@ -213,7 +215,9 @@ void CheckMaterial(Findings& findings, const ParsedMaterial& material)
         std::ranges::find(technologyWords, material.technology->text) == technologyWords.end())
     {
         Warn(findings, material.technology->place, "technology",
-             Quote(material.technology->text) + " is no technology. Core, Prepreg and Flexcore are.");
+             Quote(material.technology->text) + " is no technology. " + std::string(technologyWords[0]) +
+                 ", " + std::string(technologyWords[1]) + " and " + std::string(technologyWords[2]) +
+                 " are.");
     }
     for (const ParsedTable& table : material.tables)
     {

@@ -52,3 +52,14 @@ struct ParsedFile
     std::vector<Place> textsOverLines;     // records whose text in quotes runs past the end of its line
     std::vector<Finding> errors;
 };
+
+// Whether reading goes on behind an error, at the next record or material.
+enum class AfterError
+{
+    stop,
+    goOn
+};
+
+// Reads a material file for its author, by the library's own reader: it is refused for the same reason at the
+// same place. The text ends with NUL.
+[[nodiscard]] ParsedFile ParseMaterialFile(const char* text, AfterError afterError);

@@ -5,7 +5,6 @@
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
-#include "tools/matlib/check/CMaterialFileParser.h"
 #include "tools/matlib/check/FindWarnings.h"
 #include "tools/matlib/commands/Commands.h"
 
@@ -34,7 +33,7 @@ std::vector<Finding> FindAll(const std::string& path, AfterError afterError)
 {
     std::ifstream stream(path, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    ParsedFile file = CMaterialFileParser::Parse(text.data(), afterError);
+    ParsedFile file = ParseMaterialFile(text.c_str(), afterError);
     std::vector<Finding> findings = FindWarnings(file);
     std::ranges::move(file.errors, std::back_inserter(findings));
     std::ranges::stable_sort(findings, {}, &Finding::place);
