@@ -58,7 +58,7 @@ use_mouse()
 {
     click ML_GRID 30 32
     picture 4-selected
-    drag ML_CHART 30 20 70 50 5-zooming
+    drag ML_CHART 7 9 45 61 5-zooming
     picture 6-zoomed
     click ML_BUTTON_ASSIGN
     picture 7-assigned

@@ -16,7 +16,7 @@ for document in *.md docs/*.md; do
         shown=$(awk -v mark="<!-- $file -->" '$0 == mark { wanted = 1; next } wanted && /^```$/ { exit }
             wanted && !/^```/ { print }' "$document")
         diff -u <(cat "$file") <(echo "$shown") || mistake "$document shows another $file"
-    done < <(sed -n 's/^<!-- \(.*\) -->$/\1/p' "$document")
+    done < <(sed -n '/^<!-- saved as /!s/^<!-- \(.*\) -->$/\1/p' "$document")
     while IFS= read -r target; do
         [[ -e $(dirname "$document")/$target ]] || mistake "$document links $target, which is not there"
     done < <(grep -o ']([^)#]*' "$document" | sed 's/^](//' | grep -v '^https\?:' | grep . || true)
