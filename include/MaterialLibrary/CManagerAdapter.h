@@ -4,32 +4,32 @@
 
 namespace msg
 {
-// What a message wants from the user.
+// What a message asks of the user.
 enum class MessageKind
 {
-    Show,         // that it is read
-    ShowOnce,     // the same; the user may ask not to see it again, and the answer is always 1
-    Ask,          // an answer
-    AskRemembered // an answer; the user may have it remembered
+    Show,         // to read it
+    ShowOnce,     // to read it; the user may ask not to see it again, and the result is always 1
+    Ask,          // to answer
+    AskRemembered // to answer; the user may have the answer stored
 };
 
-// A message as it came through one of the slots 1 to 16 of IManager. What the slot does not have is as here;
-// the texts live as long as the call.
+// A message that arrived through one of the slots 1 to 16 of IManager. Members that the slot does not have
+// keep these defaults. The texts live as long as the call.
 struct MessageRequest
 {
-    MessageKind kind = MessageKind::Show; // what it wants from the user
+    MessageKind kind = MessageKind::Show; // what it asks of the user
     bool hasOwner = false;                // false: the manager chooses the owner window
     WindowHandle owner = nullptr;         // null: the message has none
-    const char* id = nullptr;             // what the user's choice is remembered under
+    const char* id = nullptr;             // key under which the user's choice is stored
     const char* type = genericType;       // the group that the message belongs to
-    unsigned severity = 0;                // severityInformation and its like
-    const char* text = nullptr;           // what the user is told
-    unsigned buttons = 0;                 // style bits of a system message box that choose its buttons
+    unsigned severity = 0;                // severityInformation and others
+    const char* text = nullptr;           // the message itself
+    unsigned buttons = 0;                 // style bits that select the buttons of a system message box
     const char* caption = nullptr;        // null: the application's name
-    const char* checkText = nullptr;      // the text of the choice that is remembered; null: a standard text
+    const char* checkText = nullptr;      // label of the check box; null: a standard text
 };
 
-// A message manager with one operation in place of sixteen slots: derive from it and answer OnMessage.
+// A message manager with one operation in place of sixteen slots. Derive from it and implement OnMessage.
 class CManagerAdapter : public IManager
 {
 public:
@@ -140,8 +140,8 @@ public:
     void Reserved25() override {}
 
 protected:
-    // Shows the message and returns the button that was pressed, as a system message box does (1 = OK). The
-    // library may have been built with another compiler: let no exception out.
+    // Shows the message and returns the pressed button as a system message box does (1 = OK). Must not throw,
+    // since the library may have been built with another compiler.
     virtual int OnMessage(const MessageRequest& message) = 0;
 };
 } // namespace msg

@@ -5,7 +5,7 @@ namespace msg
 // A window handle of the system, or null.
 using WindowHandle = void*;
 
-// How a message is meant. Any other value is information.
+// Severities of a message. Any other value counts as information.
 inline constexpr unsigned severityInformation = 1;
 inline constexpr unsigned severityWarning = 2;
 inline constexpr unsigned severityError = 3;
@@ -14,15 +14,15 @@ inline constexpr unsigned severitySevereError = 4;
 // The type of messages that belong to no particular group.
 inline constexpr const char* genericType = "msgtype.GENERIC";
 
-// Shows messages to the user. The library has a plain implementation; a host supplies another one through its
-// module "MsgHandler.dll" (CManagerAdapter spares it most of the slots). That module may be built with
+// Shows messages to the user. The library has a plain implementation. A host can supply another one in its
+// module "MsgHandler.dll" (CManagerAdapter implements most of the slots). That module may be built with
 // another compiler: texts are `const char*` in the system's multibyte code page, and the order of the
 // operations is a binary contract. No two operations share a name, since compilers order overloads
 // differently.
 //
-// Every answer is that of a system message box (1 = OK). "Generic" operations have the type
-// `genericType`; "DefaultOwner" operations choose the owner window themselves. `caption` may be null (the
-// application's name is used), so may `checkText` (a standard text is used).
+// Results are those of a system message box (1 = OK). "Generic" operations use the type `genericType`.
+// "DefaultOwner" operations choose the owner window themselves. A null `caption` stands for the
+// application's name, and a null `checkText` for a standard text.
 class IManager
 {
 public:
@@ -43,7 +43,7 @@ public:
     // ShowDefaultOwner with the type `genericType`.
     virtual int ShowGenericDefaultOwner(unsigned severity, const char* text, const char* caption) = 0;
 
-    // Show a message that the user may ask not to see again; `id` is what is remembered. Always 1.
+    // Show a message that the user may ask not to see again; the choice is stored under `id`. Always 1.
     virtual int ShowOnce(WindowHandle owner, const char* id, const char* type, unsigned severity,
                          const char* text, const char* caption, const char* checkText) = 0;
     // ShowOnce with the type `genericType`.
@@ -56,7 +56,7 @@ public:
     virtual int ShowOnceGenericDefaultOwner(const char* id, unsigned severity, const char* text,
                                             const char* caption, const char* checkText) = 0;
 
-    // Ask a question; `buttons` are the style bits of a system message box that choose its buttons.
+    // Ask a question; `buttons` are the style bits that select the buttons of a system message box.
     virtual int Ask(WindowHandle owner, const char* type, unsigned severity, const char* text,
                     unsigned buttons, const char* caption) = 0;
     // Ask with the type `genericType`.
@@ -69,7 +69,7 @@ public:
     virtual int AskGenericDefaultOwner(unsigned severity, const char* text, unsigned buttons,
                                        const char* caption) = 0;
 
-    // Ask a question whose answer the user may have remembered under `id`.
+    // Ask a question. The user may have the answer stored under `id`.
     virtual int AskRemembered(WindowHandle owner, const char* id, const char* type, unsigned severity,
                               const char* text, unsigned buttons, const char* caption,
                               const char* checkText) = 0;
@@ -100,11 +100,11 @@ public:
     virtual ~IManager() = default;
 };
 
-// Stores the choices not to show a message again. Supplied by the host's handler module.
+// Stores users' choices not to see a message again. The host's handler module supplies it.
 class IRegistrator
 {
 public:
-    // Remembers `answer` for the message `id`.
+    // Stores `answer` for the message `id`.
     virtual void Remember(const char* id, int answer) = 0;
     virtual void Reserved1() = 0; // the handler's own
     virtual void Reserved2() = 0; // the handler's own

@@ -4,10 +4,10 @@
 
 class IMaterial;
 
-// A library of materials, made by CreateMaterialLibrary and released by FreeMaterialLibrary.
+// A library of materials, created by CreateMaterialLibrary and released by FreeMaterialLibrary.
 //
-// All calls belong on the host's user-interface thread. Apart from std::bad_alloc when memory is
-// exhausted no exception leaves an operation.
+// Make all calls on the host's user-interface thread. Operations throw std::bad_alloc when memory is
+// exhausted, and nothing else.
 //
 // The order of the operations is a binary contract: hosts are built with other compilers.
 class IMatLib
@@ -16,21 +16,21 @@ public:
     // Number of materials, 0 or more.
     [[nodiscard]] virtual int GetMaterialCount() const = 0;
 
-    // The material at `index`, 0 ... GetMaterialCount() - 1, in the order of loading; null for any
-    // other index.
+    // The material at `index`, 0 ... GetMaterialCount() - 1, in the order of loading. Null for any other
+    // index.
     [[nodiscard]] virtual IMaterial* GetMaterial(int index) const = 0;
 
-    // The material of that name (compared byte by byte, so case-sensitive); the one loaded last where
-    // several share it. Null when there is none or the name is empty. `name` must not be null.
+    // The material with that name, compared byte by byte and so case-sensitive. If several share the
+    // name, the one loaded last. Null if there is none or if the name is empty or null.
     [[nodiscard]] virtual IMaterial* FindMaterial(const char* name) = 0;
 
-    // Opens the dialog "Select Material Models" over the host's active window and waits for its end.
-    // `current` is the material assigned so far (may be null), `materialKind` is MLMATERIAL_DIELECTRIC
-    // or MLMATERIAL_METAL. Returns the material that the user assigned, or null when the user cancelled,
-    // assigned none, or the dialog could not be shown.
+    // Opens the dialog "Select Material Models" over the host's active window and returns when it closes.
+    // `current` is the material assigned so far, or null. `materialKind` is MLMATERIAL_DIELECTRIC or
+    // MLMATERIAL_METAL. Returns the material that the user assigned. Null if the user cancelled or
+    // assigned none, or if the dialog could not be shown.
     [[nodiscard]] virtual IMaterial* ChooseMaterial(IMaterial* current, int materialKind) = 0;
 
-    // The last slot: destroys the library as FreeMaterialLibrary does. Only for hosts built with the
-    // compiler of the library; every other host calls FreeMaterialLibrary.
+    // The last slot: destroys the library as FreeMaterialLibrary does. Only hosts built with the library's
+    // compiler may call it. All others call FreeMaterialLibrary.
     virtual ~IMatLib() = default;
 };

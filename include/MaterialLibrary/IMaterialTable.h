@@ -2,12 +2,11 @@
 
 #include "MaterialLibrary/MLTypes.h"
 
-// One property of a material at one temperature: rows of (frequency, value) in the order of the
-// material's file, unsorted, the same frequency possibly several times.
+// One property of a material at one temperature: rows of frequency and value in the order of the file.
+// They are not sorted, and a frequency may occur more than once.
 //
-// A table with one row holds a property that does not depend on frequency; a table without rows
-// holds nothing. Tables belong to their material and live as long as it does; they cannot be
-// released by a host.
+// A table with one row holds a property that does not depend on frequency. A table may be empty. Tables
+// belong to their material and live as long as it does. A host cannot release them.
 //
 // The order of the operations is a binary contract: hosts are built with other compilers.
 class IMaterialTable
@@ -22,9 +21,9 @@ public:
     // Number of rows, 0 or more.
     [[nodiscard]] virtual int GetEntryCount() const = 0;
 
-    // The row at `index`, 0 ... GetEntryCount() - 1. The reference stays valid as long as the table.
-    // Any other index throws std::invalid_argument. A host built with another compiler cannot catch
-    // that exception and must stay in range.
+    // The row at `index`, 0 ... GetEntryCount() - 1. The reference stays valid as long as the table lives.
+    // Any other index throws std::invalid_argument, which a host built with another compiler cannot
+    // catch.
     [[nodiscard]] virtual const MLTBLENTRY& GetEntry(int index) const = 0;
 
 protected:

@@ -3,7 +3,7 @@
 // Everything here has the same layout under every C++ compiler for 64-bit Windows and Linux.
 #pragma once
 
-// Which attribute of a material IMaterial::GetAttribute and IMaterial::GetIntAttribute read.
+// Attributes of a material: IMaterial::GetAttribute, IMaterial::GetIntAttribute.
 enum MLATTRIBID : int
 {
     MLATTR_THICKNESS = 0,       // double, layer thickness in metres (dielectrics)
@@ -11,7 +11,7 @@ enum MLATTRIBID : int
     MLATTR_BULK_RESISTIVITY = 2 // double, bulk resistivity in ohm metres (metals)
 };
 
-// What a material is: IMaterial::GetKind, IMatLib::ChooseMaterial.
+// Kinds of material: IMaterial::GetKind, IMatLib::ChooseMaterial.
 enum MLMATERIALKIND : int
 {
     MLMATERIAL_NOT_SET = -1,
@@ -19,8 +19,8 @@ enum MLMATERIALKIND : int
     MLMATERIAL_METAL = 1
 };
 
-// Which property a table holds: IMaterialTable::GetTableKind, IMaterial::GetValue.
-// All four properties are dimensionless.
+// Properties that a table can hold: IMaterialTable::GetTableKind, IMaterial::GetValue. All four are
+// dimensionless.
 enum MLTABLEKIND : int
 {
     MLTABLE_ALL = -1,            // only as argument of IMaterial::CountTables
@@ -30,7 +30,7 @@ enum MLTABLEKIND : int
     MLTABLE_ROUGHNESS_BOTTOM = 3 // roughness factor of the bottom face (metals)
 };
 
-// How a dielectric layer is made: the value of MLATTR_TECHNOLOGY.
+// Technology of a dielectric layer: the value of MLATTR_TECHNOLOGY.
 enum MLTECHNOLOGY : int
 {
     MLTECHNOLOGY_UNKNOWN = -1,

@@ -8,16 +8,16 @@
 
 extern "C"
 {
-    // Makes a library from the material files named in `fileList`: paths in the system's multibyte code
-    // page, separated by ";". Null gives the built-in sample library.
+    // Creates a library from the material files in `fileList`: paths in the system's multibyte code page,
+    // separated by ";". Null gives the built-in sample library.
     //
-    // Paths that do not exist or name a directory are skipped. A file that cannot be read shows one
-    // message and empties the library of everything read before it; the files after it are still read.
-    // A list that yields no dielectric shows one message. In all these cases a library is returned, which
-    // may be empty; it is never null. Throws std::bad_alloc when memory is exhausted, nothing else.
+    // Paths that do not exist or name a directory are skipped. A file that cannot be read causes one
+    // message and removes everything that was read before it. The files after it are still read. If the
+    // files contain no dielectric, there is one message at the end. The result is never null but may be
+    // an empty library. Throws std::bad_alloc when memory is exhausted, and nothing else.
     IMatLib* CreateMaterialLibrary(const char* fileList);
 
-    // Releases the library with everything it handed out. Null does nothing.
+    // Releases the library and everything obtained from it. Null does nothing.
     void FreeMaterialLibrary(IMatLib* library);
 
     // The type of CreateMaterialLibrary, for GetProcAddress.

@@ -1,12 +1,13 @@
 #pragma once
 
-// The version of the library that these headers belong to. Resource scripts and the build read it here too.
+// The version of the library that these headers belong to. The build and the resource scripts read it here
+// too.
 
-// Stays while hosts that were built before go on working.
+// Changes only if existing hosts have to be rebuilt.
 #define MATERIALLIBRARY_VERSION_MAJOR 1
-// Counts what was added.
+// Increases with each addition.
 #define MATERIALLIBRARY_VERSION_MINOR 0
-// Counts what was mended.
+// Increases with each correction.
 #define MATERIALLIBRARY_VERSION_PATCH 0
 // The three numbers as a text.
 #define MATERIALLIBRARY_VERSION "1.0.0"
