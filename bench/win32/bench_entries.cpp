@@ -42,8 +42,8 @@ std::string MakeManyLaminates(int count)
     std::string text = "{MAT_FILE}\n{VERSION=1.0}\n";
     for (int i = 0; i < count; ++i)
     {
-        text += "{DIELECTRIC (NAME = \"Laminate " + std::to_string(i) +
-                "\") (ER TABLE = 1MHz 4.6" + std::to_string(i % 10) + // no two neighbours alike: each needs a fit
+        text += "{DIELECTRIC (NAME = \"Laminate " + std::to_string(i) + "\") (ER TABLE = 1MHz 4.6" +
+                std::to_string(i % 10) + // no two neighbours alike: each needs a fit
                 " 100MHz 4.4 10GHz 4.2) (LOSSTANGENT TABLE = 1MHz 0.01 1GHz 0.02)}\n";
     }
     return text;
