@@ -54,7 +54,7 @@ private:
 // attached to: by itself it does nothing but the system's default. Registering twice does no harm. Windows of
 // a class without a cursor show what was set last.
 void RegisterPlainWindowClass(const wchar_t* name, UINT style = CS_DBLCLKS, HBRUSH background = nullptr,
-                              HCURSOR cursor = LoadCursorA(nullptr, IDC_ARROW));
+                              HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW));
 
 // What CreatePlainWindow needs to know.
 struct PlainWindowSettings

@@ -21,6 +21,20 @@ private:
     HWND window;
 };
 
+// Sets a flag as long as the scope lasts.
+class CFlagScope
+{
+public:
+    explicit CFlagScope(bool& raised) noexcept : flag(&raised), before(raised) { raised = true; }
+    ~CFlagScope() { *flag = before; }
+    CFlagScope(const CFlagScope&) = delete;
+    CFlagScope& operator=(const CFlagScope&) = delete;
+
+private:
+    bool* flag;
+    bool before;
+};
+
 // Keeps a visible window from repainting while much of it changes, then repaints it once.
 class CRedrawLock
 {
@@ -52,7 +66,7 @@ private:
 class CWaitCursor
 {
 public:
-    CWaitCursor() noexcept : previous(SetCursor(LoadCursorA(nullptr, IDC_WAIT))) {}
+    CWaitCursor() noexcept : previous(SetCursor(LoadCursor(nullptr, IDC_WAIT))) {}
     ~CWaitCursor() { SetCursor(previous); }
     CWaitCursor(const CWaitCursor&) = delete;
     CWaitCursor& operator=(const CWaitCursor&) = delete;

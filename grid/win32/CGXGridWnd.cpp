@@ -1,21 +1,9 @@
 #include "grid/win32/CGXGridWnd.h"
 
+#include "framework/WindowScopes.h"
+
 namespace
 {
-// Sets a flag as long as the scope lasts.
-class CFlagScope
-{
-public:
-    explicit CFlagScope(bool& raised) : flag(raised), before(raised) { flag = true; }
-    ~CFlagScope() { flag = before; }
-    CFlagScope(const CFlagScope&) = delete;
-    CFlagScope& operator=(const CFlagScope&) = delete;
-
-private:
-    bool& flag;
-    bool before;
-};
-
 bool IsControlKeyDown()
 {
     return GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
@@ -173,7 +161,10 @@ void CGXGridWnd::OnKeyDown(WORD key)
     }
     else if (IsControlKeyDown() && (key == 'C' || key == VK_INSERT))
     {
-        list.Copy(model.GetSelection().GetRows());
+        if (const std::vector<int> rows = model.GetSelection().GetRows(); !rows.empty())
+        {
+            list.Copy(rows);
+        }
     }
 }
 

@@ -79,7 +79,7 @@ void CGridList::Create(HWND parent, HFONT font)
 void CGridList::Show(unsigned changes)
 {
     const CRedrawLock lock(GetHandle());
-    updating = true;
+    const CFlagScope scope(updating);
     if ((changes & GRIDCHANGE_COLUMNS) != 0)
     {
         ShowColumns();
@@ -101,7 +101,6 @@ void CGridList::Show(unsigned changes)
         ShowSelection();
     }
     tip.Forget();
-    updating = false;
 }
 
 void CGridList::ShowColumns()
@@ -183,16 +182,14 @@ void CGridList::ShowRowCount()
 void CGridList::ShowSelection()
 {
     const CGridSelection& selection = model->GetSelection();
-    SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
-    if (selection.GetSelectedCount() == model->GetRowCount())
+    // All rows at once take the list no longer than one does.
+    const bool most = selection.GetSelectedCount() > model->GetRowCount() / 2;
+    SetItemState(-1, most ? LVIS_SELECTED : 0, LVIS_SELECTED | LVIS_FOCUSED);
+    for (int row = 1; row <= model->GetRowCount(); ++row)
     {
-        SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    }
-    else if (selection.GetSelectedCount() > 0)
-    {
-        for (const int row : selection.GetRows())
+        if (selection.IsSelected(row) != most)
         {
-            SetItemState(row - 1, LVIS_SELECTED, LVIS_SELECTED);
+            SetItemState(row - 1, most ? 0 : LVIS_SELECTED, LVIS_SELECTED);
         }
     }
     if (const int current = selection.GetCurrentCell().row; current != 0)
@@ -439,6 +436,9 @@ void CGridList::PointTipAt(POINT point)
     }
     RECT area{};
     ListView_GetSubItemRect(GetHandle(), hit.iItem, hit.iSubItem, LVIR_LABEL, &area);
+    RECT client{};
+    GetClientRect(GetHandle(), &client);
+    IntersectRect(&area, &area, &client); // what the window's edge cuts is cut off too
     const CMeasureScope measure(GetHandle());
     const char* const text = model->GetText(cell.row, cell.column);
     const int textWidth = MeasureText(measure.Get(), text);

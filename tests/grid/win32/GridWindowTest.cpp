@@ -1,8 +1,31 @@
 #include "grid/SortRows.h"
 #include "tests/grid/win32/CGridFixture.h"
 
+#include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <gmock/gmock.h>
+#include <new>
+
+namespace
+{
+int allocationsBeforeFailure = -1; // negative: none fails
+}
+
+void* operator new(std::size_t size)
+{
+    void* const memory =
+        allocationsBeforeFailure >= 0 && allocationsBeforeFailure-- == 0 ? nullptr : std::malloc(size);
+    return memory != nullptr ? memory : throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept
+{
+    std::free(memory);
+}
 
 namespace
 {
@@ -156,11 +179,13 @@ TEST_F(GridWindow, CopiesTheSelectedRowsInTheOrderOfTheColumnsOnTheScreen)
     const HWND list = grid.GetList();
     int order[] = {1, 0};
     ListView_SetColumnOrderArray(list, 2, order);
-    CGridFixture::PressKey(list, 'C', true);
-    EXPECT_EQ(CGridFixture::GetClipboardText(), L"Name\tNo.\r\n") << "nothing is selected";
     grid.GetModel().SelectRows(1, 2, true);
     CGridFixture::PressKey(list, VK_INSERT, true);
-    EXPECT_EQ(CGridFixture::GetClipboardText(), L"Name\tNo.\r\na b\t1\r\n\u20AC\t2\r\n");
+    constexpr const wchar_t* copied = L"Name\tNo.\r\na b\t1\r\n\u20AC\t2\r\n";
+    EXPECT_EQ(CGridFixture::GetClipboardText(), copied);
+    grid.GetModel().SelectRows(1, 2, false);
+    CGridFixture::PressKey(list, 'C', true);
+    EXPECT_EQ(CGridFixture::GetClipboardText(), copied) << "nothing is selected";
 }
 
 TEST_F(GridWindow, FindsRowsByTheFirstLettersOfTheirNames)
@@ -214,39 +239,75 @@ TEST_F(GridWindow, ShowsTheWholeTextOfACutOffCell)
     EXPECT_EQ(textOver(1), std::wstring(2000, L'n') + L"\u2026");
     grid.GetModel().SetCell(2, 3, 0, "short now");
     EXPECT_EQ(textOver(1), L"");
+    ListView_SetColumnWidth(list, 0, 640);
+    EXPECT_EQ(textOver(0), L"short") << "the window's edge cuts it off";
 }
 
-// Counts the cells that the list view asks for.
-class CCellCounter final : public CWnd
+// Counts the messages of a window that `counts` picks.
+class CMessageCounter final : public CWnd
 {
 public:
-    int asked = 0;
+    explicit CMessageCounter(std::function<bool(UINT message, LPARAM lParam)> picks)
+        : counts(std::move(picks))
+    {
+    }
+    int count = 0;
 
 protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        const bool asks =
-            message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_GETDISPINFOW;
-        asked += asks ? 1 : 0;
+        count += counts(message, lParam) ? 1 : 0;
         return CWnd::HandleMessage(message, wParam, lParam);
     }
+
+private:
+    std::function<bool(UINT, LPARAM)> counts;
 };
 
 TEST_F(GridWindow, AsksForTheRowsThatItPaintsOnly)
 {
-    CCellCounter counter;
-    ASSERT_TRUE(counter.Attach(grid.GetHandle()));
+    CMessageCounter asked(
+        [](UINT message, LPARAM lParam)
+        { return message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_GETDISPINFOW; });
+    ASSERT_TRUE(asked.Attach(grid.GetHandle()));
     const auto paint = [&]
     {
-        counter.asked = 0;
+        asked.count = 0;
         RedrawWindow(grid.GetList(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-        return counter.asked;
+        return asked.count;
     };
     grid.Fill(std::vector<const char*>(30, "name"));
     const int few = paint();
     EXPECT_GT(few, 0);
     grid.Fill(std::vector<const char*>(100000, "name"));
     EXPECT_LE(paint(), few);
+}
+
+TEST_F(GridWindow, RestoresALargeSelectionByWhatItLacks)
+{
+    grid.Fill(std::vector<const char*>(1000, "name"));
+    grid.GetModel().SelectRows(1, 998, true);
+    CMessageCounter changed([](UINT message, LPARAM) { return message == LVM_SETITEMSTATE; });
+    ASSERT_TRUE(changed.Attach(grid.GetList()));
+    CGridFixture::ClickHeader(grid.GetList(), 0);
+    EXPECT_EQ(grid.GetListSelection().size(), 998U);
+    EXPECT_LT(changed.count, 10);
+}
+
+TEST_F(GridWindow, FollowsItsUserAgainAfterMemoryRanOut)
+{
+    grid.Fill({"a", "b", "c"});
+    grid.GetModel().SetCurrentCell({1, 1});
+    const std::string header(100, 'h'); // the model moves it, the list copies it
+    for (int allocations = 1; allocations < 5; ++allocations)
+    {
+        std::string moved = header + std::to_string(allocations);
+        allocationsBeforeFailure = allocations;
+        EXPECT_THROW(grid.GetModel().SetHeaderText(3, std::move(moved)), std::bad_alloc) << allocations;
+        allocationsBeforeFailure = -1;
+        CGridFixture::PressKey(grid.GetList(), allocations % 2 != 0 ? VK_DOWN : VK_UP);
+        EXPECT_EQ(grid.GetModel().GetSelection().GetOnlyRow(), allocations % 2 != 0 ? 2 : 1) << allocations;
+    }
 }
 
 TEST(GridWindowLife, GridAndControlGoInAnyOrder)
