@@ -4,12 +4,35 @@
 #include "grid/CGridSortKeys.h"
 #include "grid/CTextPool.h"
 #include "grid/GridStyle.h"
-#include "grid/IGridListener.h"
 
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// What changed in a grid: any of these, or-ed.
+enum GRIDCHANGE : unsigned
+{
+    GRIDCHANGE_COLUMNS = 1,    // their number, or which are hidden
+    GRIDCHANGE_HEADERS = 2,    // texts of headers
+    GRIDCHANGE_ROWS = 4,       // their number
+    GRIDCHANGE_CELLS = 8,      // texts or styles of cells
+    GRIDCHANGE_ORDER = 16,     // the order of the rows, or which column they are sorted by
+    GRIDCHANGE_SELECTION = 32, // which rows are selected, or what stands for the selection
+    GRIDCHANGE_CURRENT = 64    // the current cell
+};
+
+// Is told after a grid has changed; while the grid's redraw is locked it waits and is told everything at
+// once.
+class IGridListener
+{
+public:
+    // `changes` is a combination of GRIDCHANGE.
+    virtual void OnGridChanged(unsigned changes) = 0;
+
+protected:
+    ~IGridListener() = default;
+};
 
 // The cells of a grid without a window. Columns are numbered from 1 and rows from 1; row 0 is the header. A
 // cell takes eight bytes and its text, which it shares with the cell above when that has the same.

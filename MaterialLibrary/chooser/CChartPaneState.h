@@ -3,8 +3,8 @@
 // How the controls of the chooser follow its window.
 enum class ChooserLayout
 {
-    withChart,   // the chart takes what the user adds or takes away
-    withoutChart // the grid does
+    WithChart,   // the chart takes what the user adds or takes away
+    WithoutChart // the grid does
 };
 
 // What the chooser remembers about its chart while the user resizes the window. Showing the chart makes the
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] ChooserLayout GetLayout() const
     {
-        return sizingState > 0 ? ChooserLayout::withChart : ChooserLayout::withoutChart;
+        return sizingState > 0 ? ChooserLayout::WithChart : ChooserLayout::WithoutChart;
     }
 
 private:

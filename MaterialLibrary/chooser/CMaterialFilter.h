@@ -3,6 +3,11 @@
 #include "chooser/ChooserFilterSettings.h"
 #include "chooser/IMaterialFilter.h"
 
+#include <string>
+#include <vector>
+
+class IMatLib;
+
 // Accepts the materials of one kind that fit the filter settings. The type narrows metals only, technology
 // and thickness dielectrics only: hosts rely on a dielectric chooser showing every type.
 class CMaterialFilter final : public IMaterialFilter
@@ -21,3 +26,7 @@ private:
     const ChooserFilterSettings* settings;
     std::string allTypes;
 };
+
+// The type names of the library's materials of that kind, each once, in the order of their first appearance
+// from the last material to the first.
+[[nodiscard]] std::vector<std::string> ListTypeNames(const IMatLib& library, int materialKind);

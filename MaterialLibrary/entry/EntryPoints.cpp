@@ -1,6 +1,5 @@
 #include "MaterialLibrary/MaterialLibrary.h"
 #include "entry/FileQuery.h"
-#include "entry/PathList.h"
 #include "framework/CModuleState.h"
 #include "model/CFakeMaterialLib.h"
 #include "reader/LoadMaterialFile.h"
@@ -9,9 +8,27 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace
 {
+// The non-empty pieces of a list separated by ";", in their order. They point into `list`.
+std::vector<std::string_view> SplitPathList(std::string_view list)
+{
+    std::vector<std::string_view> pieces;
+    while (!list.empty())
+    {
+        const std::string_view piece = list.substr(0, list.find(';'));
+        if (!piece.empty())
+        {
+            pieces.push_back(piece);
+        }
+        list.remove_prefix(piece.size() < list.size() ? piece.size() + 1 : piece.size());
+    }
+    return pieces;
+}
+
 void LoadFiles(CFakeMaterialLib& library, const char* fileList)
 {
     for (const std::string_view piece : SplitPathList(fileList))

@@ -1,6 +1,5 @@
 #include "chooser/CMaterialFilter.h"
 #include "chooser/ThicknessUnits.h"
-#include "chooser/TypeNames.h"
 #include "tests/chooser/MakeLibrary.h"
 
 #include <cmath>

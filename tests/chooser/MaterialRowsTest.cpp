@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace
 {
@@ -122,22 +123,25 @@ TEST_F(MaterialRows, ShowMetalsInColumnsOfTheirOwn)
 
 TEST_F(MaterialRows, ChangeUnitsExceptInTheLastRow)
 {
-    for (const char* const name : {"c", "b", "a"})
+    constexpr std::optional<double> thicknesses[] = {0.0001, std::nullopt, 0.0, -0.0001, 0.0001};
+    for (const std::optional<double>& thickness : thicknesses)
     {
-        CMaterial& material = AddMaterial(library, MLMATERIAL_DIELECTRIC, name);
+        const std::string name = std::to_string(library.GetMaterialCount());
+        CMaterial& material = AddMaterial(library, MLMATERIAL_DIELECTRIC, name.c_str());
         AddTable(material, MLTABLE_ER, 25.0, {4.0});
-        if (*name != 'b')
+        if (thickness)
         {
-            material.SetAttribute(MLATTR_THICKNESS, 0.0001);
+            material.SetAttribute(MLATTR_THICKNESS, *thickness);
         }
     }
     rows.SetUp(MLMATERIAL_DIELECTRIC);
     EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness"));
+    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("3.937", "N/A", "N/A", "N/A", "3.937"));
     rows.SetUnits(MLUNITS_METRIC);
     EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness (um)"));
-    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "3.937"));
+    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "N/A", "N/A", "3.937"));
     rows.Refill();
-    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "100"));
+    EXPECT_THAT(Column(COLUMNKEY_THICKNESS), ElementsAre("100", "N/A", "N/A", "N/A", "100"));
     rows.SetUnits(MLUNITS_ENGLISH);
     EXPECT_THAT(Texts(0, {COLUMNKEY_THICKNESS}), ElementsAre("Thickness (mils)"));
 }

@@ -4,7 +4,6 @@
 #include "MaterialLibrary/IMaterial.h"
 #include "chooser/ChooserFilterSettings.h"
 #include "chooser/ThicknessUnits.h"
-#include "chooser/TypeNames.h"
 #include "framework/DialogItems.h"
 #include "framework/Profile.h"
 #include "framework/WindowScopes.h"
@@ -45,6 +44,36 @@ constexpr int bottomControls[] = {
 
 constexpr int editsWithEnter[] = {ML_EDIT_MATERIAL_FILTER, ML_EDIT_LIBRARY_FILTER, ML_EDIT_THICKNESS_MINIMUM,
                                   ML_EDIT_THICKNESS_MAXIMUM};
+
+// An edit control of a dialog in which Enter does something of its own instead of pressing the default
+// button.
+class CEnterEdit final : public CWnd
+{
+public:
+    explicit CEnterEdit(std::function<void()> pressed) : onEnter(std::move(pressed)) {}
+
+protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_GETDLGCODE && wParam == VK_RETURN)
+        {
+            return CWnd::HandleMessage(message, wParam, lParam) | DLGC_WANTMESSAGE;
+        }
+        if (message == WM_KEYDOWN && wParam == VK_RETURN)
+        {
+            onEnter();
+            return 0;
+        }
+        if (message == WM_CHAR && wParam == VK_RETURN)
+        {
+            return 0; // the control would beep
+        }
+        return CWnd::HandleMessage(message, wParam, lParam);
+    }
+
+private:
+    std::function<void()> onEnter;
+};
 
 SIZE GetWindowSize(HWND window)
 {
@@ -315,7 +344,7 @@ void CChooseMaterialDlg::CreateMover()
 void CChooseMaterialDlg::LayOutControls()
 {
     mover->RemoveAllGroups();
-    const bool withChart = chartPane.GetLayout() == ChooserLayout::withChart;
+    const bool withChart = chartPane.GetLayout() == ChooserLayout::WithChart;
     const int groups[] = {
         mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
         mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),

@@ -4,7 +4,6 @@
 #include "chooser/CMaterialFilter.h"
 #include "chooser/ISelectionChangeNotifier.h"
 #include "chooser/win32/CChooserChart.h"
-#include "chooser/win32/CEnterEdit.h"
 #include "chooser/win32/CMaterialGrid.h"
 #include "framework/CDialog.h"
 #include "framework/CHandle.h"
@@ -81,7 +80,7 @@ private:
     std::unique_ptr<CMaterialGrid> grid; // goes before the chart's curves
     std::unique_ptr<CCtrlAutoMover> mover;
     CChartPaneState chartPane;
-    std::vector<std::unique_ptr<CEnterEdit>> edits;
+    std::vector<std::unique_ptr<CWnd>> edits; // those in which Enter applies
     int gapAboveChart = 0;
     int gapBelowChart = 0;
     bool changingSize = false; // the dialog itself, not its user

@@ -7,11 +7,6 @@
 namespace
 {
 constexpr int bottomRightSizeBox = 5; // the state of the scroll bar's part SBP_SIZEBOX
-
-RECT ToRect(const GripRect& grip)
-{
-    return {grip.left, grip.top, grip.right, grip.bottom};
-}
 } // namespace
 
 CSizerGrip::CSizerGrip(HWND window)
@@ -56,15 +51,14 @@ LRESULT CSizerGrip::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 void CSizerGrip::Follow(int clientWidth, int clientHeight)
 {
     InvalidateGrip();
-    grip =
-        PlaceGrip(clientWidth, clientHeight, GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL));
+    grip = {clientWidth - GetSystemMetrics(SM_CXVSCROLL), clientHeight - GetSystemMetrics(SM_CYHSCROLL),
+            clientWidth, clientHeight};
     InvalidateGrip();
 }
 
 void CSizerGrip::InvalidateGrip() const
 {
-    const RECT rect = ToRect(grip);
-    InvalidateRect(GetHandle(), &rect, TRUE);
+    InvalidateRect(GetHandle(), &grip, TRUE);
 }
 
 void CSizerGrip::Paint()
@@ -73,15 +67,14 @@ void CSizerGrip::Paint()
     {
         theme.reset(OpenThemeData(GetHandle(), L"SCROLLBAR"));
     }
-    RECT rect = ToRect(grip);
     const HDC context = GetDCEx(GetHandle(), nullptr, DCX_CACHE | DCX_CLIPCHILDREN);
     if (theme)
     {
-        DrawThemeBackground(theme.get(), context, SBP_SIZEBOX, bottomRightSizeBox, &rect, nullptr);
+        DrawThemeBackground(theme.get(), context, SBP_SIZEBOX, bottomRightSizeBox, &grip, nullptr);
     }
     else
     {
-        DrawFrameControl(context, &rect, DFC_SCROLL, DFCS_SCROLLSIZEGRIP);
+        DrawFrameControl(context, &grip, DFC_SCROLL, DFCS_SCROLLSIZEGRIP);
     }
     ReleaseDC(GetHandle(), context);
 }
@@ -90,5 +83,5 @@ bool CSizerGrip::IsHit(LPARAM screenPoint) const
 {
     POINT point{static_cast<short>(LOWORD(screenPoint)), static_cast<short>(HIWORD(screenPoint))};
     ScreenToClient(GetHandle(), &point);
-    return grip.Contains(point.x, point.y);
+    return PtInRect(&grip, point) != FALSE;
 }

@@ -2,7 +2,6 @@
 
 #include "framework/CHandle.h"
 #include "framework/CWnd.h"
-#include "shared/SizerGrip/GripRect.h"
 
 // The grip in the bottom right corner of a resizable window: drawn there, and dragging it resizes the window.
 class CSizerGrip final : public CWnd
@@ -20,6 +19,6 @@ private:
     void Paint();
     [[nodiscard]] bool IsHit(LPARAM screenPoint) const;
 
-    GripRect grip;
+    RECT grip{};  // in client pixels
     CTheme theme; // opened when it is first needed, null without visual styles
 };
