@@ -19,13 +19,14 @@ CAmplitudeSearch::CAmplitudeSearch(std::span<const double> basis_, std::span<con
     : basis(basis_), target(target_), termCount(termCount_), pointCount(static_cast<int>(target_.size()))
 {
     const std::size_t n = static_cast<std::size_t>(termCount);
-    const std::size_t systemSize = (target.size() + n) * n;
+    const std::size_t height = target.size() + n;
     const std::size_t solutionSize = n * n + 3 * n;
     solutions.resize(std::max(n, leastSolutions));
-    storage.resize(systemSize + n + solutions.size() * solutionSize);
+    storage.resize(height * n + height + (n + height) + solutions.size() * solutionSize);
     system = storage.data();
-    offDiagonal = system + systemSize;
-    double* free = offDiagonal + n;
+    systemTarget = system + height * n;
+    scratch = systemTarget + height;
+    double* free = scratch + n + height;
     for (Solution& solution : solutions)
     {
         solution.singularValues = free;
@@ -112,6 +113,8 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::FindDecomposition(ColumnMask activ
 void CAmplitudeSearch::BuildSystem(ColumnMask activeColumns)
 {
     const int height = pointCount + termCount;
+    // The target of the smoothing rows is 0.
+    std::fill(std::copy(target.begin(), target.end(), systemTarget), systemTarget + height, 0.0);
     for (int k = 0; k < termCount; ++k)
     {
         double* const column = MatrixOfColumns{system, height}.Column(k);
@@ -139,12 +142,10 @@ void CAmplitudeSearch::BuildSystem(ColumnMask activeColumns)
 bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
 {
     BuildSystem(activeColumns);
-    const int height = pointCount + termCount;
-    const MatrixOfColumns u{system, height};
-    const MatrixOfColumns v{solution.right, termCount};
-    // The target of the smoothing rows is 0: their part of U is of no use.
     const std::size_t n = static_cast<std::size_t>(termCount);
-    if (!SvdDecompose(u, pointCount, {solution.singularValues, n}, v, {offDiagonal, n}))
+    const std::size_t height = target.size() + n;
+    if (!SvdDecompose({system, static_cast<int>(height)}, {systemTarget, height},
+                      {solution.singularValues, n}, {solution.right, termCount}, {scratch, n + height}))
     {
         return false;
     }
@@ -153,12 +154,7 @@ bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
     solution.largestValue = *std::max_element(solution.singularValues, solution.singularValues + termCount);
     for (int j = 0; j < termCount; ++j)
     {
-        double product = 0.0;
-        for (int i = 0; i < pointCount; ++i)
-        {
-            product += u(i, j) * target[static_cast<std::size_t>(i)];
-        }
-        solution.coefficients[j] = product / solution.singularValues[j];
+        solution.coefficients[j] = systemTarget[j] / solution.singularValues[j];
     }
     Truncate(solution, 0);
     return true;

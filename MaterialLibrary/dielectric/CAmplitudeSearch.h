@@ -60,8 +60,9 @@ private:
     int termCount;
     int pointCount;
     std::vector<double> storage;
-    double* system;      // (pointCount + termCount) x termCount, column by column
-    double* offDiagonal; // Scratch space of the decomposition.
+    double* system; // (pointCount + termCount) x termCount, column by column
+    double* systemTarget;
+    double* scratch; // Of the decomposition.
     // At least as many as one ratio can ask for; the oldest makes room for a new one.
     std::vector<Solution> solutions;
     std::size_t nextSolution = 0;

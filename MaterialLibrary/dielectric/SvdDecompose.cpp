@@ -8,9 +8,10 @@ namespace
 class CGolubReinsch
 {
 public:
-    CGolubReinsch(MatrixOfColumns a_, int n_, int rowsOfU_, double* w_, MatrixOfColumns v_,
-                  double* offDiagonal)
-        : a(a_), v(v_), m(a_.height), n(n_), rowsOfU(rowsOfU_), w(w_), e(offDiagonal)
+    CGolubReinsch(MatrixOfColumns a_, std::span<double> target_, std::span<double> w_, MatrixOfColumns v_,
+                  std::span<double> scratch)
+        : a(a_), v(v_), m(a_.height), n(static_cast<int>(w_.size())), target(target_.data()), w(w_.data()),
+          e(scratch.data()), products(e + n)
     {
     }
 
@@ -19,7 +20,6 @@ public:
     {
         Bidiagonalise();
         AccumulateRight();
-        AccumulateLeft();
         for (int k = n - 1; k >= 0; --k)
         {
             if (!Converge(k))
@@ -85,14 +85,30 @@ private:
         a(i, i) = f - g;
         for (int j = i + 1; j < n; ++j)
         {
-            const double factor = ColumnProduct(i, i, j) / h;
-            AddColumn(i, factor, i, j);
+            Reflect(i, h, a.Column(j));
         }
+        Reflect(i, h, target);
         for (int k = i; k < m; ++k)
         {
             a(k, i) *= scale;
         }
         return scale * g;
+    }
+
+    // Reflects a column of numbers at the vector in column i.
+    void Reflect(int i, double h, double* column) const
+    {
+        const double* const vector = a.Column(i);
+        double s = 0.0;
+        for (int k = i; k < m; ++k)
+        {
+            s += vector[k] * column[k];
+        }
+        const double factor = s / h;
+        for (int k = i; k < m; ++k)
+        {
+            column[k] += factor * vector[k];
+        }
     }
 
     // Householder reflection that clears row i right of the element beside the diagonal.
@@ -121,16 +137,20 @@ private:
         {
             e[k] = a(i, k) / h;
         }
-        for (int j = i + 1; j < m; ++j)
+        // Down the columns, each row's product growing by one column after the other.
+        std::fill_n(products, m, 0.0);
+        for (int k = i + 1; k < n; ++k)
         {
-            s = 0.0;
-            for (int k = i + 1; k < n; ++k)
+            for (int j = i + 1; j < m; ++j)
             {
-                s += a(j, k) * a(i, k);
+                products[j] += a(j, k) * a(i, k);
             }
-            for (int k = i + 1; k < n; ++k)
+        }
+        for (int k = i + 1; k < n; ++k)
+        {
+            for (int j = i + 1; j < m; ++j)
             {
-                a(j, k) += s * e[k];
+                a(j, k) += products[j] * e[k];
             }
         }
         for (int k = i + 1; k < n; ++k)
@@ -138,24 +158,6 @@ private:
             a(i, k) *= scale;
         }
         return scale * g;
-    }
-
-    double ColumnProduct(int from, int i, int j) const
-    {
-        double s = 0.0;
-        for (int k = from; k < m; ++k)
-        {
-            s += a(k, i) * a(k, j);
-        }
-        return s;
-    }
-
-    void AddColumn(int from, double factor, int i, int j)
-    {
-        for (int k = from; k < m; ++k)
-        {
-            a(k, j) += factor * a(k, i);
-        }
     }
 
     void AccumulateRight()
@@ -187,37 +189,6 @@ private:
                 v(i, j) = v(j, i) = 0.0;
             }
             v(i, i) = 1.0;
-        }
-    }
-
-    void AccumulateLeft()
-    {
-        for (int i = n - 1; i >= 0; --i)
-        {
-            for (int j = i + 1; j < n; ++j)
-            {
-                a(i, j) = 0.0;
-            }
-            if (w[i] == 0.0)
-            {
-                for (int k = i; k < m; ++k)
-                {
-                    a(k, i) = 0.0;
-                }
-            }
-            else
-            {
-                for (int j = i + 1; j < n; ++j)
-                {
-                    const double factor = ColumnProduct(i + 1, i, j) / a(i, i) / w[i];
-                    AddColumn(i, factor, i, j);
-                }
-                for (int k = i; k < m; ++k)
-                {
-                    a(k, i) /= w[i];
-                }
-            }
-            a(i, i) += 1.0;
         }
     }
 
@@ -281,7 +252,7 @@ private:
             w[i] = Hypotenuse(f, g);
             c = g / w[i];
             s = -f / w[i];
-            Rotate(a, rowsOfU, l - 1, i, c, s);
+            Rotate(target[l - 1], target[i], c, s);
         }
     }
 
@@ -304,7 +275,10 @@ private:
             g = g * c - x * s;
             h = y * s;
             y = y * c;
-            Rotate(v, n, j, j + 1, c, s);
+            for (int i = 0; i < n; ++i)
+            {
+                Rotate(v(i, j), v(i, j + 1), c, s);
+            }
             w[j] = Hypotenuse(f, h);
             if (w[j] != 0.0)
             {
@@ -313,7 +287,7 @@ private:
             }
             f = c * g + s * y;
             x = c * y - s * g;
-            Rotate(a, rowsOfU, j, j + 1, c, s);
+            Rotate(target[j], target[j + 1], c, s);
         }
         e[l] = 0.0;
         e[k] = f;
@@ -332,30 +306,28 @@ private:
         return ((x - z) * (x + z) + h * (y / (f < 0.0 ? f - root : f + root) - h)) / x;
     }
 
-    static void Rotate(MatrixOfColumns matrix, int rows, int i, int j, double c, double s)
+    static void Rotate(double& first, double& second, double c, double s)
     {
-        for (int k = 0; k < rows; ++k)
-        {
-            const double x = matrix(k, i);
-            const double y = matrix(k, j);
-            matrix(k, i) = x * c + y * s;
-            matrix(k, j) = y * c - x * s;
-        }
+        const double x = first;
+        const double y = second;
+        first = x * c + y * s;
+        second = y * c - x * s;
     }
 
     MatrixOfColumns a;
     MatrixOfColumns v;
     int m;
     int n;
-    int rowsOfU;
+    double* target;
     double* w;
-    double* e; // e[i] stands beside w[i], in its column; e[0] is 0.
+    double* e;        // e[i] stands beside w[i], in its column; e[0] is 0.
+    double* products; // of one row with all others
     double norm = 0.0;
 };
 } // namespace
 
-bool SvdDecompose(MatrixOfColumns a, int rowsOfU, std::span<double> w, MatrixOfColumns v,
+bool SvdDecompose(MatrixOfColumns a, std::span<double> target, std::span<double> w, MatrixOfColumns v,
                   std::span<double> scratch)
 {
-    return CGolubReinsch(a, static_cast<int>(w.size()), rowsOfU, w.data(), v, scratch.data()).Decompose();
+    return CGolubReinsch(a, target, w, v, scratch).Decompose();
 }

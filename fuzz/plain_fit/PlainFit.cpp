@@ -73,26 +73,20 @@ bool PlainFit::Prepare(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTR
     return true;
 }
 
-bool PlainFit::Solve(const PlainMatrix& system, const std::vector<double>& target, double ratio,
-                     const PlainDecompose& decompose, std::vector<double>& amplitudes)
+bool PlainFit::Solve(PlainMatrix system, std::vector<double> target, double ratio,
+                     std::vector<double>& amplitudes)
 {
     const std::size_t n = amplitudes.size();
-    PlainMatrix u = system;
     PlainMatrix v(n, std::vector<double>(n));
     std::vector<double> w(n), c(n);
-    if (!decompose(u, w, v))
+    if (!DecomposePlainly(system, target, w, v))
     {
         return false;
     }
     const double largest = *std::max_element(w.begin(), w.end());
     for (std::size_t j = 0; j < n; ++j)
     {
-        double product = 0.0;
-        for (std::size_t i = 0; i < target.size(); ++i)
-        {
-            product += u[i][j] * target[i];
-        }
-        c[j] = product / w[j];
+        c[j] = target[j] / w[j];
     }
     // A value that counts as zero takes its vector with it, which may be past all numbers on absurd data.
     for (std::size_t k = 0; k < n; ++k)
@@ -162,7 +156,7 @@ PlainMatrix PlainFit::System(const std::vector<double>& corner) const
     return full;
 }
 
-bool PlainFit::Fit(const PlainDecompose& decompose)
+bool PlainFit::Fit()
 {
     const auto finite = [](double x) { return std::isfinite(x); };
     bool sane = ready;
@@ -190,7 +184,7 @@ bool PlainFit::Fit(const PlainDecompose& decompose)
         double smallest = 1e99;
         for (std::size_t attempt = 0; attempt < n - 1; ++attempt)
         {
-            if (!Solve(system, target, ratio, decompose, x))
+            if (!Solve(system, target, ratio, x))
             {
                 ready = false;
                 return false;

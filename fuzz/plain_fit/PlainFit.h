@@ -4,7 +4,6 @@
 
 #include "MaterialLibrary/MLTypes.h"
 
-#include <functional>
 #include <span>
 #include <vector>
 
@@ -15,11 +14,9 @@ struct PlainTerm
 
 using PlainMatrix = std::vector<std::vector<double>>;
 
-// Replaces `a` by U and fills w and v, so that the former a = U * diag(w) * v^T; false: not converged.
-using PlainDecompose = std::function<bool(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)>;
-
-// Golub and Reinsch, Numer. Math. 14 (1970), with scaled Householder vectors.
-bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v);
+// Golub and Reinsch, Numer. Math. 14 (1970), with scaled Householder vectors. Fills w and v and replaces the
+// target by U^T * target, so that the former a = U * diag(w) * v^T; false: not converged.
+bool DecomposePlainly(PlainMatrix& a, std::vector<double>& target, std::vector<double>& w, PlainMatrix& v);
 
 struct PlainFit
 {
@@ -30,7 +27,7 @@ struct PlainFit
     double epsInf = 0.0;
 
     bool Prepare(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss);
-    bool Fit(const PlainDecompose& decompose = DecomposePlainly);
+    bool Fit();
     bool Evaluate(double frequency, double& real, double& imaginary) const;
 
     // The steps of Fit.
@@ -40,6 +37,6 @@ struct PlainFit
 
 private:
     bool PrepareTrend(std::span<const MLTBLENTRY> er);
-    bool Solve(const PlainMatrix& system, const std::vector<double>& target, double ratio,
-               const PlainDecompose& decompose, std::vector<double>& amplitudes);
+    static bool Solve(PlainMatrix system, std::vector<double> target, double ratio,
+                      std::vector<double>& amplitudes);
 };

@@ -16,13 +16,14 @@ double Hypotenuse(double a, double b)
 }
 } // namespace
 
-bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
+bool DecomposePlainly(PlainMatrix& a, std::vector<double>& target, std::vector<double>& w, PlainMatrix& v)
 {
     const int m = static_cast<int>(a.size()), n = static_cast<int>(w.size());
     const auto A = [&](int i, int j) -> double&
     { return a[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]; };
     const auto V = [&](int i, int j) -> double&
     { return v[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]; };
+    const auto T = [&](int i) -> double& { return target[static_cast<std::size_t>(i)]; };
     const auto W = [&](int i) -> double& { return w[static_cast<std::size_t>(i)]; };
     std::vector<double> off(static_cast<std::size_t>(n));
     const auto E = [&](int i) -> double& { return off[static_cast<std::size_t>(i)]; };
@@ -61,6 +62,8 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 const double s = sum(i, m, [&](int k) { return A(k, i) * A(k, j); });
                 each(i, m, [&](int k) { A(k, j) += s / h * A(k, i); });
             }
+            const double t = sum(i, m, [&](int k) { return A(k, i) * T(k); });
+            each(i, m, [&](int k) { T(k) += t / h * A(k, i); });
             each(i, m, [&](int k) { A(k, i) *= scale; });
         }
         W(i) = scale * g;
@@ -101,21 +104,6 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
         g = E(i);
     }
 
-    for (int i = n - 1; i >= 0; --i)
-    {
-        each(i + 1, n, [&](int j) { A(i, j) = 0.0; });
-        if (W(i) != 0.0)
-        {
-            for (int j = i + 1; j < n; ++j)
-            {
-                const double f = sum(i + 1, m, [&](int k) { return A(k, i) * A(k, j); }) / A(i, i) / W(i);
-                each(i, m, [&](int k) { A(k, j) += f * A(k, i); });
-            }
-        }
-        each(i, m, [&](int j) { A(j, i) = W(i) != 0.0 ? A(j, i) / W(i) : 0.0; });
-        A(i, i) += 1.0;
-    }
-
     const auto negligible = [&](double x) { return std::fabs(x) + norm == norm; };
     const auto rotate = [](double& x, double& y, double c, double s)
     {
@@ -147,7 +135,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                     W(i) = Hypotenuse(f, g);
                     c = g / W(i);
                     s = -f / W(i);
-                    each(0, m, [&](int j) { rotate(A(j, l - 1), A(j, i), c, s); });
+                    rotate(T(l - 1), T(i), c, s);
                 }
             }
             const double last = W(k);
@@ -193,7 +181,7 @@ bool DecomposePlainly(PlainMatrix& a, std::vector<double>& w, PlainMatrix& v)
                 }
                 f = c * g + s * y;
                 x = c * y - s * g;
-                each(0, m, [&](int i) { rotate(A(i, j), A(i, j + 1), c, s); });
+                rotate(T(j), T(j + 1), c, s);
             }
             E(l) = 0.0;
             E(k) = f;

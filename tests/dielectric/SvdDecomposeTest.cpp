@@ -44,10 +44,25 @@ double Ragged(int i, int k)
     return (i * 37 + k * 11 + i * k * 5) % 17 - 8;
 }
 
-bool Decompose(Matrix& a, std::vector<double>& w, Matrix& v)
+// Fills w and v and, one target after the other, u.
+bool Decompose(const Matrix& a, Matrix& u, std::vector<double>& w, Matrix& v)
 {
-    std::vector<double> scratch(w.size());
-    return SvdDecompose(a.Columns(), a.m, w, v.Columns(), scratch);
+    std::vector<double> scratch(static_cast<std::size_t>(a.m + a.n));
+    for (int row = 0; row < a.m; ++row)
+    {
+        Matrix copy = a;
+        std::vector<double> target(static_cast<std::size_t>(a.m));
+        target[static_cast<std::size_t>(row)] = 1.0;
+        if (!SvdDecompose(copy.Columns(), target, w, v.Columns(), scratch))
+        {
+            return false;
+        }
+        for (int j = 0; j < a.n; ++j)
+        {
+            u.Columns()(row, j) = target[static_cast<std::size_t>(j)];
+        }
+    }
+    return true;
 }
 
 TEST(SvdDecompose, GivesOrthogonalFactorsOfTheMatrix)
@@ -74,7 +89,7 @@ TEST(SvdDecompose, GivesOrthogonalFactorsOfTheMatrix)
         Matrix u = matrix;
         Matrix v(matrix.n, matrix.n);
         std::vector<double> w(static_cast<std::size_t>(matrix.n), -1.0);
-        ASSERT_TRUE(Decompose(u, w, v));
+        ASSERT_TRUE(Decompose(matrix, u, w, v));
         const double largest = *std::max_element(w.begin(), w.end());
         EXPECT_GE(*std::min_element(w.begin(), w.end()), 0.0);
         for (int j = 0; j < matrix.n; ++j)
@@ -108,7 +123,7 @@ TEST(SvdDecompose, GivesUpOnNumbersThatAreNotFinite)
             Matrix v(3, 3);
             std::vector<double> w(3);
             a.elements[where] = bad;
-            EXPECT_TRUE(!Decompose(a, w, v) ||
+            EXPECT_TRUE(!Decompose(a, a, w, v) ||
                         std::any_of(w.begin(), w.end(), [](double x) { return !std::isfinite(x); }));
         }
     }
@@ -116,6 +131,6 @@ TEST(SvdDecompose, GivesUpOnNumbersThatAreNotFinite)
     Matrix tiny(3, 3, [](int i, int k) { return 1e-200 * (1 + (i * 5 + k * 2) % 7); });
     Matrix v(3, 3);
     std::vector<double> w(3);
-    EXPECT_FALSE(Decompose(tiny, w, v));
+    EXPECT_FALSE(Decompose(tiny, tiny, w, v));
 }
 } // namespace
