@@ -6,6 +6,22 @@
 #include <string>
 #include <vector>
 
+// Takes the user's arguments after `defaults`, with all benchmarks in turn: what else the machine does then
+// meets them all alike. False: an argument is unknown.
+[[nodiscard]] inline bool InitializeInterleaved(int argc, char** argv, std::vector<std::string> defaults)
+{
+    defaults.insert(defaults.begin(), {argv[0], "--benchmark_enable_random_interleaving=true"});
+    defaults.insert(defaults.end(), argv + 1, argv + argc);
+    std::vector<char*> pointers;
+    for (std::string& argument : defaults)
+    {
+        pointers.push_back(argument.data());
+    }
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+    return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
+}
+
 // Shows the runs as they come and keeps their times, so that ratios between runs of one process can be
 // printed at the end.
 class RatioTable : public benchmark::ConsoleReporter
