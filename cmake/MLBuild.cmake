@@ -31,7 +31,8 @@ if(NOT ML_COVERAGE)
     if(CMAKE_CROSSCOMPILING) # nor on whether a compiler cache names the files relative to the build folder
         file(RELATIVE_PATH relative_source ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
         file(RELATIVE_PATH relative_usr ${PROJECT_BINARY_DIR} /usr)
-        add_compile_options(-ffile-prefix-map=${relative_source}= -ffile-prefix-map=${relative_usr}=/usr)
+        add_compile_options(-ffile-prefix-map=${PROJECT_BINARY_DIR}/= -ffile-prefix-map=${relative_source}=
+            -ffile-prefix-map=${relative_usr}=/usr)
     endif()
 endif()
 if(ML_SANITIZE)
