@@ -57,7 +57,10 @@ double GetAxisTick(const CAxis& axis, const IScale& scale, int index)
 
 TickRange GetDrawnTicks(const CChartModel& model, Direction direction, const CAxis& axis)
 {
-    const int intervals = CountTickIntervals(axis, model.GetScale(direction));
+    // A layout in the middle of a pan leaves the axis with a step that is too fine for its range.
+    const double room = model.frame.plot.GetLength(direction) / (axis.tickStep * axis.scale);
+    const int intervals =
+        std::min(CountTickIntervals(axis, model.GetScale(direction)), std::max(ToPixel(room), 0) + 1);
     // A shift to the right or upwards moves the last tick out of the plot, the opposite shift the first.
     const int towardsMax = direction == Direction::Horizontal ? axis.pixelShift : -axis.pixelShift;
     return {towardsMax < 0 ? 1 : 0, towardsMax > 0 ? intervals - 1 : intervals};

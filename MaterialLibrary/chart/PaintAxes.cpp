@@ -65,14 +65,14 @@ public:
         std::vector<PlacedText> labels = ListLabels();
         const int stride =
             GetLabelStride(axis, scale, widest, axesOnSide, scene.model.frame.plot.GetLength(direction));
-        std::vector<PixelRect> cells;
+        std::vector<PixelRect> cells; // in order along the axis
         std::erase_if(labels,
                       [&](const PlacedText& label)
                       {
                           const PixelRect cell = MakeRect(label.topLeft, measure.GetTextExtent(label.text));
                           const auto meets = [&cell](const PixelRect& other) { return cell.Meets(other); };
                           if (!IsLabelled(axis, scale, label.tick, stride) ||
-                              std::ranges::any_of(taken, meets) || std::ranges::any_of(cells, meets))
+                              (!cells.empty() && meets(cells.back())) || std::ranges::any_of(taken, meets))
                           {
                               return true;
                           }

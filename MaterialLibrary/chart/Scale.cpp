@@ -214,29 +214,36 @@ IntervalCount CountIntervals(double lo, double hi, double step)
 double ChooseLinearStep(double lo, double hi, int pixels)
 {
     const int allowed = std::max(pixels / smallestInterval, 2);
-    StepChoice choice;
-    if (lo < hi)
+    const double extent = hi - lo;
+    // Most steps that are tried are far from the range's size. There its length decides, without a count; not
+    // in a range so far from 0 that rounding may lose an interval.
+    const bool certain = std::isfinite(extent) && extent > 1e-9 * std::max(std::fabs(lo), std::fabs(hi));
+    const auto fits = [=](double step)
     {
-        for (double step : stepBases)
+        const double intervals = extent / step;
+        if (certain && (intervals < 0.5 || intervals > 2.0 * allowed + 2.0))
         {
-            while (step > smallestStep && CountIntervals(lo, hi, step).count <= allowed)
+            return intervals < 0.5;
+        }
+        return CountIntervals(lo, hi, step).count <= allowed;
+    };
+    StepChoice choice;
+    for (double step : stepBases)
+    {
+        while (step > smallestStep && fits(step))
+        {
+            step /= 10.0;
+        }
+        while (step < largestStep && !fits(step))
+        {
+            step *= 10.0;
+        }
+        for (; lo < hi && fits(step); step /= 10.0)
+        {
+            choice.Consider(step, CountIntervals(lo, hi, step).span, extent);
+            if (step <= smallestStep)
             {
-                step /= 10.0;
-            }
-            while (step < largestStep && CountIntervals(lo, hi, step).count > allowed)
-            {
-                step *= 10.0;
-            }
-            IntervalCount intervals = CountIntervals(lo, hi, step);
-            while (intervals.count <= allowed)
-            {
-                choice.Consider(step, intervals.span, hi - lo);
-                if (step <= smallestStep)
-                {
-                    break;
-                }
-                step /= 10.0;
-                intervals = CountIntervals(lo, hi, step);
+                break;
             }
         }
     }

@@ -39,6 +39,10 @@ TEST(Layout, MarginsComeFromTheWidestLabels)
         EXPECT_LE(axis.visibleMin, axis.requestedMin);
         EXPECT_GE(axis.visibleMax, axis.requestedMax);
         EXPECT_DOUBLE_EQ(axis.scale * GetVisibleExtent(axis, scale), expected.GetWidth());
+        model.AddAxis(9, false);
+        LayOutChart(model, row.client, canvas); // a row for the read-outs of each pair of axes
+        EXPECT_EQ(model.frame.plot.bottom,
+                  row.client.bottom - (2 * static_cast<int>(row.verticalAxes) + 3) * h);
     }
 }
 

@@ -131,9 +131,11 @@ TEST_F(Mouse, OneDirectionZoomsLeaveTheOther)
     EXPECT_GT(horizontal.requestedMin, 10.0);
     Reset();
     mouse.SetMode(MouseMode::zoomInVertically);
+    horizontal.pixelShift = 7;
+    const double seenLeft = -7 / horizontal.scale;
     Drag({plot.left + 100, plot.top + 50}, {plot.left + 110, plot.top + 90});
-    EXPECT_NEAR(horizontal.requestedMin, 0.0, 1e-9);
-    EXPECT_NEAR(horizontal.requestedMax, 100.0, 1e-9);
+    EXPECT_NEAR(horizontal.requestedMin, seenLeft, 1e-9);
+    EXPECT_NEAR(horizontal.requestedMax, seenLeft + 100.0, 1e-9);
     EXPECT_LT(vertical.requestedMax, 190.0);
 }
 
@@ -223,12 +225,17 @@ TEST_F(Mouse, FeedbackErasesItself)
         EXPECT_EQ(toLines(mouse.OnButtonUp({101, 101}).feedback), shown);
         EXPECT_TRUE(mouse.GetFeedback().Get().empty());
     }
-    const auto getLine = [&](std::int32_t mode, std::size_t index)
+    const auto getLines = [&](std::int32_t mode, PixelPoint to)
     {
         mouse.SetMode(mode);
         (void)mouse.OnButtonDown({100, 100});
-        return toLines(mouse.OnMove({150, 120}).feedback).at(index);
+        return toLines(mouse.OnMove(to).feedback);
     };
+    const auto getLine = [&](std::int32_t mode, std::size_t index) {
+        return getLines(mode, {150, 120}).at(index);
+    };
+    EXPECT_EQ(getLines(MouseMode::zoomOut, {101, 120}).size(), 4u);
+    EXPECT_EQ(getLines(MouseMode::zoomOut, {120, 101}).size(), 4u);
     EXPECT_EQ(getLine(1, 0), (PixelLine{{100, 100}, {150, 100}}));
     EXPECT_EQ(getLine(3, 0), (PixelLine{{100, plot.top}, {150, plot.top}}));
     EXPECT_EQ(getLine(3, 2), (PixelLine{{150, plot.bottom}, {100, plot.bottom}}));
@@ -277,6 +284,7 @@ TEST_F(Mouse, HoveringHighlightsAndGivesTheColourBack)
     {
         EXPECT_EQ(Move(GetPixel(at)), "repaint");
         EXPECT_EQ(curve.colour, colour);
+        EXPECT_EQ(mouse.GetPointer().lockedCurve, -1);
     }
     chart.RemoveCurves();
     EXPECT_EQ(curve.colour, 0x0000FFu);
@@ -305,7 +313,8 @@ TEST_F(Mouse, PickingTakesACurveThenAPoint)
     mouse.SetMode(MouseMode::pickCurve);
     Click(GetPixel({25, 190})); // beside every curve
     EXPECT_EQ(mouse.GetPointer().lockedCurve, -1);
-    Click(GetPixel({25, 75}));
+    Press(GetPixel({25, 75}));
+    EXPECT_EQ(Release(GetPixel({25, 75})), "repaint");
     EXPECT_EQ(mouse.GetPointer().lockedCurve, 0);
     EXPECT_EQ(curve.colour, 0x0000FFu);
     EXPECT_EQ(mouse.GetMode(), MouseMode::pickCurve);
@@ -327,9 +336,11 @@ TEST_F(Mouse, PickingTakesACurveThenAPoint)
     Click(GetPixel({75, 20}));
     EXPECT_EQ(listener.calls, 1);
     curve.colour = 0x123456;
+    Press(GetPixel({75, 20}));
     chart.RemoveCurves(); // unlocks, and leaves the curve the colour that it has got meanwhile
     EXPECT_EQ(curve.colour, 0x123456u);
     EXPECT_EQ(mouse.GetPointer().lockedCurve, -1);
+    EXPECT_EQ(mouse.GetMode(), MouseMode::pickCurve);
     Click(GetPixel({75, 20}));
 }
 
@@ -360,6 +371,10 @@ TEST_F(Mouse, PanningMovesByWholeTicksAndKeepsTheRemainder)
         EXPECT_DOUBLE_EQ(vertical.visibleMin, row.uprightTicks * vertical.tickStep);
         EXPECT_EQ(vertical.pixelShift, row.uprightShift);
     }
+    Press({0, 0}); // with the shifts that there are
+    Move({3, 1});
+    EXPECT_EQ(horizontal.pixelShift, -4);
+    EXPECT_EQ(vertical.pixelShift, -3);
 }
 
 TEST_F(Mouse, LogarithmicAxesPanByDecades)

@@ -153,6 +153,11 @@ TEST_F(Painter, ShiftedTicksStayInThePlot)
         {
             EXPECT_TRUE(line.from.x >= plot.left && line.to.x <= plot.right) << shift;
         }
+        const auto marks = canvas.GetLines(0x0B0B0B); // also of the interval that has come into view
+        EXPECT_TRUE(
+            shift <= 0 ||
+            std::ranges::any_of(marks, [&](const PixelLine& line)
+                                { return line.from.x > plot.left && line.from.x < plot.left + shift; }));
     }
 }
 
@@ -282,6 +287,9 @@ TEST_F(Painter, TheSelectionHasALabelBesideIt)
     pointer.labelledPoint = 2;
     Paint();
     EXPECT_EQ(canvas.FindTexts(first.pointLabels[2]).at(0).rect.right, 600);
+    first.pointLabels[2].resize(200, 'z');
+    Paint();
+    EXPECT_EQ(canvas.FindTexts(first.pointLabels[2]).at(0).rect.left, 0);
 
     pointer.labelledPoint = 3;
     EXPECT_THROW(Paint(), std::out_of_range);
@@ -466,9 +474,10 @@ TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)
     }
 }
 
-TEST(Placement, LongTitlesAreShortenedAndShortOnesAreNot)
+TEST(Placement, AxesShareASideAndLongTitlesAreShortened)
 {
-    CChartModel model = MakeModel(1);
+    CChartModel model = MakeModel(2);
+    model.SetAxisTitle(3, "third", "");
     model.SetAxisTitle(1, "Er", "");
     model.SetAxisTitle(2, std::string(100, 'x'), "");
     CRecorderCanvas canvas;
@@ -479,7 +488,9 @@ TEST(Placement, LongTitlesAreShortenedAndShortOnesAreNot)
     EXPECT_EQ(titles[0].topLeft.x, model.frame.plot.left);
     EXPECT_TRUE(titles[1].text.ends_with("x...")) << titles[1].text;
     EXPECT_EQ(titles[1].topLeft.x + canvas.GetTextExtent(titles[1].text).width, model.frame.plot.right);
-    EXPECT_GT(titles[1].topLeft.x, titles[0].topLeft.x + 12);
+    EXPECT_EQ(titles[2].topLeft.x, titles[0].topLeft.x + 12 + 9);
+    EXPECT_GT(titles[1].topLeft.x, titles[2].topLeft.x + 30);
+    EXPECT_GE(PlaceTickLabels({model, {}, {}, client}, Direction::Vertical, canvas)[2].size(), 1u);
     EXPECT_EQ(FitText(canvas, "abcdef", 36), "abcdef");
     EXPECT_EQ(FitText(canvas, "abcdef", 35), "ab...");
     EXPECT_EQ(FitText(canvas, "abcdef", 24), "a...");
