@@ -20,6 +20,7 @@ public:
     // A dielectric with the name, the technology and the present attributes of the record.
     CMaterial(const MLLEGACYRECORD& record, CArena& materialArena, CKeptFit& libraryFit);
 
+    ~CMaterial() override = default;
     CMaterial(const CMaterial&) = delete;
     CMaterial& operator=(const CMaterial&) = delete;
 

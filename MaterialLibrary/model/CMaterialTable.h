@@ -16,6 +16,7 @@ public:
 
     // A table without rows at 25 °C. What it owns lies in the arena.
     CMaterialTable(CArena& tableArena, int tableKind) noexcept : arena(&tableArena), kind(tableKind) {}
+    ~CMaterialTable() = default;
     CMaterialTable(const CMaterialTable&) = delete;
     CMaterialTable& operator=(const CMaterialTable&) = delete;
 
