@@ -4,33 +4,25 @@
 
 #include <algorithm>
 
-const std::array<CTechnologyMapProvider::Row, 3>& CTechnologyMapProvider::GetRows()
+CTechnologyMapProvider::CTechnologyMapProvider()
+    : rows{{{MLTECHNOLOGY_CORE, LoadText(MLTEXT_CORE)},
+            {MLTECHNOLOGY_PREPREG, LoadText(MLTEXT_PREPREG)},
+            {MLTECHNOLOGY_FLEXCORE, LoadText(MLTEXT_FLEXCORE)}}}
 {
-    if (!loaded)
-    {
-        for (Row& row : rows)
-        {
-            row.word = LoadText(row.textId);
-        }
-        loaded = true;
-    }
-    return rows;
 }
 
 std::string CTechnologyMapProvider::GetTechnologyName(int identifier)
 {
-    const auto& all = GetRows();
-    const auto row = std::find_if(all.rbegin(), all.rend(),
+    const auto row = std::find_if(rows.rbegin(), rows.rend(),
                                   [identifier](const Row& each) { return each.identifier == identifier; });
-    return row != all.rend() ? row->word : std::string();
+    return row != rows.rend() ? row->word : std::string();
 }
 
 int CTechnologyMapProvider::GetTechnologyId(const char* word)
 {
-    const auto& all = GetRows();
     const auto row =
-        std::find_if(all.rbegin(), all.rend(), [word](const Row& each) { return each.word == word; });
-    return row != all.rend() ? row->identifier : MLTECHNOLOGY_UNKNOWN;
+        std::find_if(rows.rbegin(), rows.rend(), [word](const Row& each) { return each.word == word; });
+    return row != rows.rend() ? row->identifier : MLTECHNOLOGY_UNKNOWN;
 }
 
 ITechnologyMapProvider& GetTechnologyMap()

@@ -2,14 +2,15 @@
 
 #include "MaterialLibrary/MLTypes.h"
 #include "model/ITechnologyMapProvider.h"
-#include "resources/TextIds.h"
 
 #include <array>
 
-// The map over a fixed table; its words come from the module's string table, loaded once.
+// The map over a fixed table, whose words come from the module's string table when the map is made. It can be
+// asked by several threads at a time.
 class CTechnologyMapProvider final : public ITechnologyMapProvider
 {
 public:
+    CTechnologyMapProvider();
     [[nodiscard]] std::string GetTechnologyName(int identifier) override;
     [[nodiscard]] int GetTechnologyId(const char* word) override;
 
@@ -17,14 +18,8 @@ private:
     struct Row
     {
         int identifier;
-        MLTEXTID textId;
         std::string word;
     };
 
-    [[nodiscard]] const std::array<Row, 3>& GetRows();
-
-    bool loaded = false;
-    std::array<Row, 3> rows = {{{MLTECHNOLOGY_CORE, MLTEXT_CORE, {}},
-                                {MLTECHNOLOGY_PREPREG, MLTEXT_PREPREG, {}},
-                                {MLTECHNOLOGY_FLEXCORE, MLTEXT_FLEXCORE, {}}}};
+    std::array<Row, 3> rows;
 };

@@ -2,23 +2,13 @@
 
 #include "model/CFakeMaterialLib.h"
 #include "reader/CMaterialReader.h"
-#include "reader/CTokenScanner.h"
 #include "reader/ReadError.h"
 #include "reader/ReadWholeFile.h"
 #include "resources/FormatText.h"
 #include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
 
-namespace
-{
-std::string DescribeParseError(const char* path, const CTokenScanner& scanner, const CParseError& error)
-{
-    return FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME), {std::string_view(path), scanner.GetLine() + 1,
-                                                           scanner.GetColumn(), LoadText(error.GetReason())});
-}
-} // namespace
-
-bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path)
+std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* text)
 {
     CTokenScanner scanner;
     scanner.Attach(text);
@@ -26,14 +16,26 @@ bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* p
     try
     {
         reader.ReadLibrary(library);
-        return true;
     }
     catch (const CParseError& error)
     {
-        ShowWarning(DescribeParseError(path, scanner, error).c_str());
-        library.RemoveAllMaterials();
-        return false;
+        return ReadFailure{scanner.GetLine() + 1, scanner.GetColumn(), LoadText(error.GetReason())};
     }
+    return std::nullopt;
+}
+
+bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path)
+{
+    const auto failure = ReadMaterials(library, text);
+    if (!failure)
+    {
+        return true;
+    }
+    ShowWarning(FormatText(LoadText(MLTEXT_PARSE_ERROR_FRAME),
+                           {std::string_view(path), failure->line, failure->column, failure->reason})
+                    .c_str());
+    library.RemoveAllMaterials();
+    return false;
 }
 
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
@@ -41,7 +43,7 @@ bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
     std::unique_ptr<char[]> text;
     try
     {
-        text = ReadWholeFile(path);
+        text = ReadWholeFile(File(std::fopen(path, "rb")), path);
     }
     catch (const CFileError& error)
     {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 class CFakeMaterialLib;
 
 // Reads one material file and appends its materials to the library. Returns true when the whole file was
@@ -10,3 +13,15 @@ bool LoadMaterialFile(CFakeMaterialLib& library, const char* path);
 
 // The same for a text in memory that ends with NUL; `path` is what the message calls it.
 bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path);
+
+// Why a text gave no materials.
+struct ReadFailure
+{
+    unsigned line;      // from 1
+    unsigned column;    // how many characters of the line were read
+    std::string reason; // what was expected there
+};
+
+// Reads a text that ends with NUL and appends its materials to the library; nothing is shown to the user.
+// After a failure the library also holds those materials that were read before it.
+[[nodiscard]] std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* text);

@@ -17,13 +17,18 @@ private:
     MLTEXTID reason;
 };
 
-// A material file that cannot be opened or read: the whole message.
+// A material file that cannot be opened or read: the whole message, and the system's reason in it.
 class CFileError
 {
 public:
-    explicit CFileError(std::string messageText) : text(std::move(messageText)) {}
+    CFileError(std::string messageText, std::string systemReason)
+        : text(std::move(messageText)), reason(std::move(systemReason))
+    {
+    }
     [[nodiscard]] const std::string& GetText() const { return text; }
+    [[nodiscard]] const std::string& GetReason() const { return reason; }
 
 private:
     std::string text;
+    std::string reason;
 };

@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 
@@ -15,16 +14,11 @@ namespace
 // Beyond any file: what some systems report for a folder.
 constexpr std::int64_t largestSize = std::numeric_limits<std::ptrdiff_t>::max() / 2;
 
-struct CloseFile
-{
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
 [[noreturn]] void ThrowFileError(MLTEXTID textId, const char* path)
 {
     const char* const reason = std::strerror(errno);
-    throw CFileError(FormatText(LoadText(textId), {std::string_view(path), std::string_view(reason)}));
+    throw CFileError(FormatText(LoadText(textId), {std::string_view(path), std::string_view(reason)}),
+                     reason);
 }
 
 // The size found by seeking to the end and back; negative when that fails.
@@ -48,9 +42,8 @@ std::int64_t FindSize(std::FILE* file)
 }
 } // namespace
 
-std::unique_ptr<char[]> ReadWholeFile(const char* path)
+std::unique_ptr<char[]> ReadWholeFile(File file, const char* path)
 {
-    const File file(std::fopen(path, "rb"));
     if (file == nullptr)
     {
         ThrowFileError(MLTEXT_OPEN_ERROR, path);

@@ -1,7 +1,14 @@
 #pragma once
 
+#include <cstdio>
 #include <memory>
 
-// The bytes of the file with a NUL behind them. Throws CFileError with the whole message, the path and the
-// system's reason in it, when the file cannot be opened or read.
-[[nodiscard]] std::unique_ptr<char[]> ReadWholeFile(const char* path);
+struct CloseFile
+{
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+// The bytes of the file, which was opened for binary reading, with a NUL behind them. Throws CFileError when
+// they cannot be read, and when `file` is null; errno then says why it was not opened.
+[[nodiscard]] std::unique_ptr<char[]> ReadWholeFile(File file, const char* path);
