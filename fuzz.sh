@@ -26,7 +26,7 @@ for target in "${targets[@]}"; do
     log=build/fuzz/$target.log
     mkdir -p "build/fuzz/corpus/$target"
     case $target in
-    file | check) seeds=(fuzz/corpus/file examples/materials tests/cli/data) ;;
+    file | check | c) seeds=(fuzz/corpus/file examples/materials tests/cli/data) ;;
     *) seeds=("fuzz/corpus/$target") ;;
     esac
     failed=""

@@ -15,7 +15,8 @@ run_tests()
     for preset in native release sanitize windows; do
         scripts/build.sh "$preset"
     done
-    for preset in native release sanitize windows; do
+    scripts/build.sh thread test_c_threads
+    for preset in native release sanitize thread windows; do
         log=build/$preset-test.log
         ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1
         summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")

@@ -3,11 +3,12 @@
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON) # the static libraries also make a shared one
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
-option(ML_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+set(ML_SANITIZE OFF CACHE STRING "address: AddressSanitizer and UndefinedBehaviorSanitizer; thread: ThreadSanitizer")
 option(ML_COVERAGE "Line and branch coverage" OFF)
 
 add_library(ml_options INTERFACE)
@@ -37,8 +38,12 @@ if(NOT ML_COVERAGE)
 endif()
 if(ML_SANITIZE)
     # Also for GoogleTest, whose containers cross into the tests: the preset builds it from source.
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=address,undefined)
+    set(sanitizers ${ML_SANITIZE})
+    if(sanitizers STREQUAL "address")
+        set(sanitizers address,undefined)
+    endif()
+    add_compile_options(-fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${sanitizers})
     if(CMAKE_BUILD_TYPE STREQUAL "Debug")
         add_compile_options(-O1 -g1) # reports name functions and lines
     endif()
@@ -98,6 +103,15 @@ function(ml_split_debug_information name)
             $<TARGET_FILE_NAME:${name}>
         WORKING_DIRECTORY $<TARGET_FILE_DIR:${name}>
         VERBATIM)
+endfunction()
+
+# ml_windows_module(TARGET): a DLL that is delivered. It exports what its definition file names; what a debugger wants
+# stands beside it in TARGET.dll.debug, and an identifier tells which debug file belongs to the module of a crash dump.
+function(ml_windows_module name)
+    target_link_options(${name} PRIVATE -Wl,--exclude-all-symbols
+        -Wl,--build-id -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va)
+    set_target_properties(${name} PROPERTIES PREFIX "")
+    ml_split_debug_information(${name})
 endfunction()
 
 # Tests are compiled more often than they run: only the code that they test is optimised.

@@ -140,6 +140,18 @@ CWidebandDebyeModel::CWidebandDebyeModel(const PreparedData& data, std::vector<M
     epsInf = sum / static_cast<double>(data.frequencies.size());
 }
 
+CWidebandDebyeModel CWidebandDebyeModel::FromTerms(double epsInf, std::vector<MLDEBYETERM> givenTerms)
+{
+    CWidebandDebyeModel model;
+    model.epsInf = epsInf;
+    model.terms = std::move(givenTerms);
+    for (MLDEBYETERM& term : model.terms)
+    {
+        term.g = 1.0 / std::log(term.f2 / term.f1);
+    }
+    return model;
+}
+
 std::complex<double> CWidebandDebyeModel::Evaluate(double frequency) const
 {
     double real = epsInf;

@@ -38,6 +38,10 @@ public:
     // 2 to 40 decades: ascending data at most 38 decades apart, and descending data within about one decade.
     [[nodiscard]] static std::optional<CWidebandDebyeModel> Fit(const PreparedData& data);
 
+    // The model with a constant and terms of which f1, f2 and deltaEps are given, f2 above f1 above 0. It was
+    // fitted to no frequency: the lowest and the highest are 0.
+    [[nodiscard]] static CWidebandDebyeModel FromTerms(double epsInf, std::vector<MLDEBYETERM> givenTerms);
+
     // The permittivity at a frequency.
     [[nodiscard]] std::complex<double> Evaluate(double frequency) const;
 
@@ -51,10 +55,11 @@ public:
     bool operator==(const CWidebandDebyeModel&) const = default;
 
 private:
+    CWidebandDebyeModel() = default;
     CWidebandDebyeModel(const PreparedData& data, std::vector<MLDEBYETERM> fittedTerms);
 
     double epsInf = 0.0;
     std::vector<MLDEBYETERM> terms;
-    double lowestFrequency;
-    double highestFrequency;
+    double lowestFrequency = 0.0;
+    double highestFrequency = 0.0;
 };

@@ -53,6 +53,9 @@ public:
     void SetComment(std::string_view text) { comment.Set(*arena, text); }
     CMaterialTable& MakeTable(int tableKind);
 
+    // All tables, those that questions added too, in the order added.
+    [[nodiscard]] std::span<CMaterialTable* const> GetTables() const { return tables.GetAll(); }
+
     // Enters one measurement: Er and loss tangent at `frequency` in Hz and `temperature` in °C, each
     // appended to the material's table for that temperature, which is made when there is none.
     void AddDielectricPoint(double frequency, double permittivity, double lossTangent, double temperature);

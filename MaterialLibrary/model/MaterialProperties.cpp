@@ -1,7 +1,7 @@
 // How a material answers a host: what its tables say, and what it keeps of that.
 #include "framework/CModuleState.h"
 #include "model/CMaterial.h"
-#include "model/PropertyAnswers.h"
+#include "model/MaterialModel.h"
 
 namespace
 {
@@ -20,7 +20,7 @@ CMaterialTable* CMaterial::FindOrDeriveTable(int tableKind, double temperature)
     }
     auto& derived = arena->Make<CMaterialTable>(*arena, tableKind);
     derived.SetTemperature(temperature);
-    derived.AddEntries(DeriveRows(tables.GetAll(), tableKind, temperature));
+    derived.AddEntries(DeriveRows(tables.GetAll(), tableKind, temperature).rows);
     return &AppendTable(derived);
 }
 
@@ -39,7 +39,7 @@ double CMaterial::FitDielectricValue(CMaterialTable& permittivityTable, CMateria
         return failedFit;
     }
     const std::complex<double> permittivity = model->Evaluate(frequency);
-    const double lossTangent = -permittivity.imag() / permittivity.real();
+    const double lossTangent = LossTangentOf(permittivity);
     permittivityTable.AddCachedValue(frequency, permittivity.real());
     lossTable.AddCachedValue(frequency, lossTangent);
     return tableKind == MLTABLE_ER ? permittivity.real() : lossTangent;

@@ -114,16 +114,20 @@ CMaterialTable* FindTable(MaterialTables tables, int tableKind, double temperatu
     return nearest;
 }
 
-std::vector<MLTBLENTRY> DeriveRows(MaterialTables tables, int tableKind, double temperature)
+RowsForTemperature DeriveRows(MaterialTables tables, int tableKind, double temperature)
 {
     const auto [lower, upper] = FindNeighbours(tables, tableKind, temperature);
     if (lower != nullptr && upper != nullptr)
     {
-        return {{referenceFrequency, InterpolateTemperature(*lower, *upper, temperature)}};
+        return {{{referenceFrequency, InterpolateTemperature(*lower, *upper, temperature)}},
+                TemperatureSource::between};
     }
     const CMaterialTable* const nearest = lower != nullptr ? lower : upper;
-    return nearest == nullptr ? std::vector<MLTBLENTRY>()
-                              : std::vector(nearest->GetEntries().begin(), nearest->GetEntries().end());
+    if (nearest == nullptr)
+    {
+        return {};
+    }
+    return {{nearest->GetEntries().begin(), nearest->GetEntries().end()}, TemperatureSource::nearest};
 }
 
 std::optional<double> FindRowValue(std::span<const MLTBLENTRY> rows, double frequency)
@@ -138,10 +142,9 @@ std::optional<double> FindRowValue(std::span<const MLTBLENTRY> rows, double freq
     return std::nullopt;
 }
 
-MLTBLENTRY InterpolateRoughness(std::span<const MLTBLENTRY> rows, double frequency)
+RowsAround FindRowsAround(std::span<const MLTBLENTRY> rows, double frequency)
 {
-    MLTBLENTRY above = rows.front();
-    MLTBLENTRY below = rows.front();
+    RowsAround around;
     double nearestAbove = std::numeric_limits<double>::max();
     double nearestBelow = std::numeric_limits<double>::max();
     for (const MLTBLENTRY& row : rows)
@@ -149,14 +152,22 @@ MLTBLENTRY InterpolateRoughness(std::span<const MLTBLENTRY> rows, double frequen
         if (row.frequency > frequency && row.frequency - frequency < nearestAbove)
         {
             nearestAbove = row.frequency - frequency;
-            above = row;
+            around.above = &row;
         }
         else if (row.frequency < frequency && frequency - row.frequency < nearestBelow)
         {
             nearestBelow = frequency - row.frequency;
-            below = row;
+            around.below = &row;
         }
     }
+    return around;
+}
+
+MLTBLENTRY InterpolateRoughness(std::span<const MLTBLENTRY> rows, double frequency)
+{
+    const RowsAround around = FindRowsAround(rows, frequency);
+    const MLTBLENTRY& above = around.above != nullptr ? *around.above : rows.front();
+    const MLTBLENTRY& below = around.below != nullptr ? *around.below : rows.front();
     if (above.frequency == below.frequency)
     {
         return above;

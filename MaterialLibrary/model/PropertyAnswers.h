@@ -17,13 +17,33 @@ using MaterialTables = std::span<CMaterialTable* const>;
 // away, the last of equally near ones. Roughness: the last one.
 [[nodiscard]] CMaterialTable* FindTable(MaterialTables tables, int tableKind, double temperature);
 
-// The rows of a table of Er or loss tangent at a temperature that none is for: those of the nearest table
-// where all are above it or all below, a single one at 1 GHz from the nearest tables above and below, or no
-// row.
-[[nodiscard]] std::vector<MLTBLENTRY> DeriveRows(MaterialTables tables, int tableKind, double temperature);
+// How the rows for a temperature came about.
+enum class TemperatureSource
+{
+    own,     // a table is for that temperature, or there is none at all
+    nearest, // those of the nearest table: all are above the temperature or all below
+    between  // a single one at 1 GHz made from the nearest tables above and below
+};
+
+struct RowsForTemperature
+{
+    std::vector<MLTBLENTRY> rows;
+    TemperatureSource source = TemperatureSource::own;
+};
+
+// The rows of a table of Er or loss tangent at a temperature that none is for.
+[[nodiscard]] RowsForTemperature DeriveRows(MaterialTables tables, int tableKind, double temperature);
 
 // The value of the last row at exactly this frequency.
 [[nodiscard]] std::optional<double> FindRowValue(std::span<const MLTBLENTRY> rows, double frequency);
+
+// The rows nearest to a frequency on both sides, the first of equally near ones; null where there is none.
+struct RowsAround
+{
+    const MLTBLENTRY* below = nullptr;
+    const MLTBLENTRY* above = nullptr;
+};
+[[nodiscard]] RowsAround FindRowsAround(std::span<const MLTBLENTRY> rows, double frequency);
 
 // The roughness factor at a frequency without a row, and the frequency for which a host gets that value from
 // then on: below the first row it is the first row's. `rows` must not be empty.

@@ -16,6 +16,7 @@ declare -A arrows=(
     [MaterialLibrary/resources]=""
     [MaterialLibrary/model]="include framework/CModuleState.h MaterialLibrary/dielectric MaterialLibrary/resources shared"
     [MaterialLibrary/reader]="include MaterialLibrary/model MaterialLibrary/resources shared"
+    [MaterialLibrary/c]="include MaterialLibrary/reader MaterialLibrary/model MaterialLibrary/dielectric"
     [MaterialLibrary/entry]="include framework/CModuleState.h MaterialLibrary/model MaterialLibrary/reader MaterialLibrary/resources shared"
     [MaterialLibrary/chart]="MaterialLibrary/resources shared"
     [MaterialLibrary/chooser]="include MaterialLibrary/model MaterialLibrary/chart MaterialLibrary/resources grid shared"
