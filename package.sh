@@ -55,21 +55,23 @@ build_identifier()
     x86_64-w64-mingw32-objdump --private-headers "$1" | sed -n 's/.*RSDS signature \([0-9a-f]*\).*/\1/p'
 }
 
-# record_build_identifier FOLDER
-record_build_identifier()
+# record_build_identifiers FOLDER
+record_build_identifiers()
 {
-    local identifier
-    identifier=$(build_identifier "$1/bin/MaterialLibrary.dll")
-    [[ -n $identifier && $identifier == $(build_identifier "$1/lib/debug/MaterialLibrary.dll.debug") ]] ||
-        fail "the DLL's build identifier \"$identifier\" is not that of its debug file"
-    echo "$identifier" >"$1/share/doc/MaterialLibrary/BUILD-ID"
+    local module identifier
+    for module in MaterialLibrary.dll materials.dll; do
+        identifier=$(build_identifier "$1/bin/$module")
+        [[ -n $identifier && $identifier == $(build_identifier "$1/lib/debug/$module.debug") ]] ||
+            fail "the build identifier \"$identifier\" of $module is not that of its debug file"
+        echo "$identifier $module"
+    done >"$1/share/doc/MaterialLibrary/BUILD-ID"
 }
 
-# check_oldest_glibc FOLDER: the document names the version that the tool's symbols want
+# check_oldest_glibc FOLDER: the document names the version that the symbols of tool and library want
 check_oldest_glibc()
 {
     local oldest
-    oldest=$(objdump --dynamic-syms "$1/bin/matlib" | grep -o 'GLIBC_[0-9.]*' | sort --unique --version-sort | tail -n 1)
+    oldest=$(objdump --dynamic-syms "$1/bin/matlib" "$1/lib/libmaterials.so" | grep -o 'GLIBC_[0-9.]*' | sort --unique --version-sort | tail -n 1)
     grep -q "needs glibc ${oldest#GLIBC_} " "$1/share/doc/matlib/README.md" ||
         fail "matlib needs $oldest, its README says otherwise"
 }
@@ -79,7 +81,7 @@ pack()
     local staged=$PWD/build/package
     stage windows "$staged/$windows"
     stage native "$staged/$linux"
-    record_build_identifier "$staged/$windows"
+    record_build_identifiers "$staged/$windows"
     check_oldest_glibc "$staged/$linux"
     local program
     for program in "$staged/$windows"/bin/matlib.exe "$staged/$windows"/bin/matlib-modules/*.dll; do
@@ -120,7 +122,7 @@ for preset in native windows; do # again, because what is built carries the day 
         exit 1
     }
 done
-scripts/build.sh native matlib
-scripts/build.sh windows MaterialLibrary matlib matlib_messages import_library
+scripts/build.sh native matlib materials
+scripts/build.sh windows MaterialLibrary materials matlib matlib_messages import_libraries
 pack
 (cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz" | tee SHA256SUMS)

@@ -1,18 +1,19 @@
-# What "cmake --install" puts in place, and so what the packages hold (package.sh makes them): for Windows the library
-# with all that a host's programmer needs, for Linux the tool.
+# What "cmake --install" puts in place, and so what the packages hold (package.sh makes them): for Windows the libraries
+# with all that a host's programmer needs, for Linux the tool and the library for C.
 include(CMakePackageConfigHelpers)
 
 set(packaging ${PROJECT_BINARY_DIR}/packaging)
 if(WIN32)
     set(ml_documentation share/doc/MaterialLibrary)
     set(ml_readme cmake/package/README-windows.md.in)
-    set(ml_documents CHANGELOG.md SECURITY.md THIRD-PARTY.md docs/file-format.md docs/host-guide.md docs/numerics.md)
+    set(ml_documents CHANGELOG.md SECURITY.md THIRD-PARTY.md docs/c-interface.md docs/file-format.md docs/host-guide.md
+        docs/numerics.md)
     set(ml_beside LICENSE docs/images examples)
 else()
     set(ml_documentation share/doc/matlib)
     set(ml_readme cmake/package/README-linux.md.in)
-    set(ml_documents CHANGELOG.md THIRD-PARTY.md docs/file-format.md)
-    set(ml_beside LICENSE examples/materials)
+    set(ml_documents CHANGELOG.md THIRD-PARTY.md docs/c-interface.md docs/file-format.md)
+    set(ml_beside LICENSE examples/c examples/materials)
 endif()
 
 # ml_install_document(DOCUMENT): under its path in the tree. Its links to headers lead to the installed ones; of links
@@ -29,7 +30,7 @@ function(ml_install_document document)
         set(words "${CMAKE_MATCH_1}")
         set(target "${CMAKE_MATCH_2}")
         cmake_path(SET path NORMALIZE "./${folder}/${target}")
-        if(WIN32 AND path MATCHES "^include/")
+        if((WIN32 AND path MATCHES "^include/") OR path MATCHES "^include/.*/materials.h$")
             cmake_path(RELATIVE_PATH path BASE_DIRECTORY ${ml_documentation}/${folder})
             string(REPLACE "](${target}" "](${path}" moved "${link}")
         elseif(path MATCHES "^(${installed})$" OR path MATCHES "^(${beside})(/|$)")
@@ -49,8 +50,23 @@ endforeach()
 configure_file(${ml_readme} ${packaging}/README.md @ONLY)
 install(FILES ${packaging}/README.md LICENSE DESTINATION ${ml_documentation})
 
+# ml_install_pkg_config(NAME DESCRIPTION)
+function(ml_install_pkg_config name description)
+    configure_file(cmake/package/package.pc.in ${packaging}/${name}.pc @ONLY)
+    install(FILES ${packaging}/${name}.pc DESTINATION lib/pkgconfig)
+endfunction()
+
+write_basic_package_version_file(${packaging}/MaterialLibraryConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${packaging}/MaterialLibraryConfigVersion.cmake cmake/package/MaterialLibraryConfig.cmake
+    DESTINATION lib/cmake/MaterialLibrary)
+ml_install_pkg_config(materials "Printed-circuit-board materials for C")
+
 install(TARGETS matlib RUNTIME DESTINATION bin)
+install(TARGETS materials RUNTIME DESTINATION bin LIBRARY DESTINATION lib ARCHIVE DESTINATION lib)
 if(NOT WIN32)
+    install(FILES include/MaterialLibrary/materials.h include/MaterialLibrary/Version.h
+        DESTINATION include/MaterialLibrary)
+    install(DIRECTORY examples/c DESTINATION ${ml_documentation}/examples)
     install(FILES ${PROJECT_BINARY_DIR}/share/matlib.1 DESTINATION share/man/man1)
     install(FILES tools/matlib/shell/matlib.bash DESTINATION share/bash-completion/completions RENAME matlib)
     install(DIRECTORY examples/materials DESTINATION ${ml_documentation}/examples)
@@ -59,27 +75,29 @@ endif()
 
 install(TARGETS matlib_messages LIBRARY DESTINATION bin/matlib-modules)
 install(TARGETS MaterialLibrary RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
-install(FILES $<TARGET_FILE:MaterialLibrary>.debug DESTINATION lib/debug)
+install(FILES $<TARGET_FILE:MaterialLibrary>.debug $<TARGET_FILE:materials>.debug DESTINATION lib/debug)
 install(DIRECTORY docs/images DESTINATION ${ml_documentation}/docs)
 install(DIRECTORY examples DESTINATION ${ml_documentation})
 
-# The import library for compilers with the other object format.
+# The import libraries for compilers with the other object format.
 find_program(ML_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)
 if(ML_LLVM_DLLTOOL)
-    set(import_library ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/MaterialLibrary.lib)
-    set(definition ${PROJECT_SOURCE_DIR}/MaterialLibrary/entry/win32/MaterialLibrary.def)
-    add_custom_command(OUTPUT ${import_library}
-        COMMAND ${ML_LLVM_DLLTOOL} -m i386:x86-64 -D MaterialLibrary.dll -d ${definition} -l ${import_library}
-        DEPENDS ${definition}
-        VERBATIM)
-    add_custom_target(import_library ALL DEPENDS ${import_library})
-    install(FILES ${import_library} DESTINATION lib)
+    add_custom_target(import_libraries ALL)
+    foreach(module MaterialLibrary materials)
+        set(import_library ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${module}.lib)
+        get_target_property(definition ${module} SOURCES)
+        list(FILTER definition INCLUDE REGEX "\\.def$")
+        get_target_property(folder ${module} SOURCE_DIR)
+        cmake_path(ABSOLUTE_PATH definition BASE_DIRECTORY ${folder})
+        add_custom_command(OUTPUT ${import_library}
+            COMMAND ${ML_LLVM_DLLTOOL} -m i386:x86-64 -D ${module}.dll -d ${definition} -l ${import_library}
+            DEPENDS ${definition}
+            VERBATIM)
+        add_custom_target(import_library_of_${module} DEPENDS ${import_library})
+        add_dependencies(import_libraries import_library_of_${module})
+        install(FILES ${import_library} DESTINATION lib)
+    endforeach()
 endif()
 
 install(DIRECTORY include/ DESTINATION include)
-
-configure_file(cmake/package/MaterialLibrary.pc.in ${packaging}/MaterialLibrary.pc @ONLY)
-install(FILES ${packaging}/MaterialLibrary.pc DESTINATION lib/pkgconfig)
-write_basic_package_version_file(${packaging}/MaterialLibraryConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${packaging}/MaterialLibraryConfigVersion.cmake cmake/package/MaterialLibraryConfig.cmake
-    DESTINATION lib/cmake/MaterialLibrary)
+ml_install_pkg_config(MaterialLibrary "Printed-circuit-board materials for 64-bit Windows hosts")

@@ -1,26 +1,37 @@
-# find_package(MaterialLibrary): the imported target MaterialLibrary::MaterialLibrary.
+# find_package(MaterialLibrary): the imported targets
+#   MaterialLibrary::materials        the library for C
+#   MaterialLibrary::MaterialLibrary  the library for hosts; Windows only
 #
-# Programs that link it need MaterialLibrary.dll beside them; $<TARGET_RUNTIME_DLLS:...> names it. Programs that load
+# On Windows programs that link one need its DLL beside them; $<TARGET_RUNTIME_DLLS:...> names it. Programs that load
 # the DLL themselves use the target's include folder only.
-if(TARGET MaterialLibrary::MaterialLibrary)
+if(TARGET MaterialLibrary::materials)
     return()
 endif()
-if(NOT WIN32 OR NOT CMAKE_SIZEOF_VOID_P EQUAL 8)
+if(NOT CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(MaterialLibrary_FOUND FALSE)
-    set(MaterialLibrary_NOT_FOUND_MESSAGE "MaterialLibrary is for 64-bit Windows")
+    set(MaterialLibrary_NOT_FOUND_MESSAGE "MaterialLibrary is for 64-bit systems")
     return()
 endif()
 
-get_filename_component(_material_library_prefix "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE)
-set(_material_library_import "${_material_library_prefix}/lib/libMaterialLibrary.dll.a")
-if(MSVC)
-    set(_material_library_import "${_material_library_prefix}/lib/MaterialLibrary.lib")
+function(_material_library_import name)
+    get_filename_component(prefix "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../.." ABSOLUTE)
+    add_library(MaterialLibrary::${name} SHARED IMPORTED)
+    set_target_properties(MaterialLibrary::${name} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${prefix}/include")
+    if(NOT WIN32)
+        set_target_properties(MaterialLibrary::${name} PROPERTIES IMPORTED_LOCATION "${prefix}/lib/lib${name}.so")
+        return()
+    endif()
+    set(import_library "${prefix}/lib/lib${name}.dll.a")
+    if(MSVC)
+        set(import_library "${prefix}/lib/${name}.lib")
+    endif()
+    set_target_properties(MaterialLibrary::${name} PROPERTIES
+        IMPORTED_LOCATION "${prefix}/bin/${name}.dll"
+        IMPORTED_IMPLIB "${import_library}")
+endfunction()
+
+_material_library_import(materials)
+if(WIN32)
+    _material_library_import(MaterialLibrary)
+    set_target_properties(MaterialLibrary::MaterialLibrary PROPERTIES INTERFACE_COMPILE_FEATURES cxx_std_17)
 endif()
-add_library(MaterialLibrary::MaterialLibrary SHARED IMPORTED)
-set_target_properties(MaterialLibrary::MaterialLibrary PROPERTIES
-    IMPORTED_LOCATION "${_material_library_prefix}/bin/MaterialLibrary.dll"
-    IMPORTED_IMPLIB "${_material_library_import}"
-    INTERFACE_INCLUDE_DIRECTORIES "${_material_library_prefix}/include"
-    INTERFACE_COMPILE_FEATURES cxx_std_17)
-unset(_material_library_prefix)
-unset(_material_library_import)
