@@ -51,7 +51,7 @@ void AskModel(const ml_model* model, CQuestions& questions)
     std::size_t count = 0;
     double worst = 0.0;
     const auto perDecade = static_cast<std::uint32_t>(questions.Next<std::uint8_t>() % 4 + 1);
-    Require(ml_debye_poles(model, perDecade, 1e8, 1e9, &pole, 1, &count, &worst) == ML_OK);
+    Require(ml_debye_poles(model, perDecade, 1e9, 1.05e9, &pole, 1, &count, &worst) == ML_OK);
     Require(count == 0 || pole.frequency > 0.0);
     double real = 0.0, imaginary = 0.0;
     Require(ml_permittivity(model, &residual.frequency, 1, &real, &imaginary) == ML_OK);
@@ -63,15 +63,12 @@ void AskMaterial(const ml_material* material, CQuestions& questions)
     const double frequencies[] = {1e9, 2.5e9, questions.Next<double>(), questions.Next<float>()};
     for (int property = ML_ER; property <= ML_ROUGHNESS_BOTTOM; ++property)
     {
-        for (std::uint32_t flags = 0; flags < 4; ++flags)
-        {
-            double values[4];
-            std::uint8_t status[4];
-            Require(ml_values(material, property, temperature, flags, frequencies, 4, values, status) ==
-                    ML_OK);
-            Require((status[0] & ML_STATUS_SOURCE) <= ML_NO_DATA &&
-                    ((status[0] & ML_STATUS_SOURCE) != ML_NO_DATA || std::isnan(values[0])));
-        }
+        const std::uint32_t flags = questions.Next<std::uint8_t>() % 4;
+        double values[4];
+        std::uint8_t status[4];
+        Require(ml_values(material, property, temperature, flags, frequencies, 4, values, status) == ML_OK);
+        const int source = status[0] & ML_STATUS_SOURCE;
+        Require(source <= ML_NO_DATA && (source != ML_NO_DATA || std::isnan(values[0])));
     }
     ml_model* model = nullptr;
     const ml_error error = ml_make_model(material, temperature, &model);
@@ -85,7 +82,7 @@ void AskMaterial(const ml_material* material, CQuestions& questions)
 
 void AskLibrary(const ml_library* library, CQuestions& questions)
 {
-    constexpr std::size_t most = 3; // what more would say costs time
+    constexpr std::size_t most = 2; // what more would say costs time
     ml_filter filter{};
     filter.struct_size = sizeof filter;
     Require(ml_filter_all(&filter) == ML_OK);

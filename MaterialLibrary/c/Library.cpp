@@ -69,10 +69,7 @@ public:
         auto& all = library->materials;
         for (const auto& file : library->files)
         {
-            for (int i = 0; i < file->GetMaterialCount(); ++i)
-            {
-                all.push_back(file->GetMaterial(i));
-            }
+            all.insert(all.end(), file->GetMaterials().begin(), file->GetMaterials().end());
         }
         const int count = static_cast<int>(all.size());
         library->names.Reset(count);

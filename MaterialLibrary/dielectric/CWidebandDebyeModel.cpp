@@ -89,11 +89,6 @@ double MLDEBYETERM::RealPart(double frequency) const
     return deltaEps * g * 0.5 * std::log((f2 * f2 + square) / (f1 * f1 + square));
 }
 
-double MLDEBYETERM::ImaginaryPart(double frequency) const
-{
-    return deltaEps * g * (std::atan(frequency / f2) - std::atan(frequency / f1));
-}
-
 std::optional<CWidebandDebyeModel> CWidebandDebyeModel::Fit(const PreparedData& data)
 {
     if (!IsFittable(data))
@@ -130,12 +125,7 @@ CWidebandDebyeModel::CWidebandDebyeModel(const PreparedData& data, std::vector<M
     double sum = 0.0;
     for (std::size_t i = 0; i < data.frequencies.size(); ++i)
     {
-        double real = 0.0;
-        for (const MLDEBYETERM& term : terms)
-        {
-            real += term.RealPart(data.frequencies[i]);
-        }
-        sum += data.realParts[i] - real;
+        sum += data.realParts[i] - EvaluateReal(data.frequencies[i]);
     }
     epsInf = sum / static_cast<double>(data.frequencies.size());
 }
@@ -152,14 +142,28 @@ CWidebandDebyeModel CWidebandDebyeModel::FromTerms(double epsInf, std::vector<ML
     return model;
 }
 
-std::complex<double> CWidebandDebyeModel::Evaluate(double frequency) const
+double CWidebandDebyeModel::EvaluateReal(double frequency) const
 {
     double real = epsInf;
-    double imaginary = 0.0;
     for (const MLDEBYETERM& term : terms)
     {
         real += term.RealPart(frequency);
-        imaginary += term.ImaginaryPart(frequency);
     }
-    return {real, imaginary};
+    return real;
+}
+
+std::complex<double> CWidebandDebyeModel::Evaluate(double frequency) const
+{
+    double imaginary = 0.0;
+    double corner = 0.0;
+    double angle = 0.0; // at the corner
+    for (const MLDEBYETERM& term : terms)
+    {
+        // A term usually begins where the one before it ends.
+        const double first = term.f1 == corner ? angle : std::atan(frequency / term.f1);
+        corner = term.f2;
+        angle = std::atan(frequency / corner);
+        imaginary += term.deltaEps * term.g * (angle - first);
+    }
+    return {EvaluateReal(frequency), imaginary};
 }

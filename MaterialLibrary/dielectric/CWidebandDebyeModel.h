@@ -18,9 +18,6 @@ struct MLDEBYETERM
 
     // Contribution to the real part of the permittivity at that frequency (Hz).
     [[nodiscard]] double RealPart(double frequency) const;
-
-    // Contribution to the imaginary part: negative where the term is lossy.
-    [[nodiscard]] double ImaginaryPart(double frequency) const;
 };
 
 // A causal model of a dielectric's complex permittivity over frequency, fitted to the tables that were
@@ -42,8 +39,9 @@ public:
     // fitted to no frequency: the lowest and the highest are 0.
     [[nodiscard]] static CWidebandDebyeModel FromTerms(double epsInf, std::vector<MLDEBYETERM> givenTerms);
 
-    // The permittivity at a frequency.
+    // The permittivity at a frequency, and its real part for those who want no more.
     [[nodiscard]] std::complex<double> Evaluate(double frequency) const;
+    [[nodiscard]] double EvaluateReal(double frequency) const;
 
     [[nodiscard]] double GetEpsInf() const { return epsInf; }
     [[nodiscard]] std::span<const MLDEBYETERM> GetTerms() const { return terms; }

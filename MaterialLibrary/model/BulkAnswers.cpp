@@ -93,8 +93,7 @@ public:
         {
             return {failedFit, ML_NO_FIT | temperature};
         }
-        const std::complex<double> permittivity = model->Evaluate(frequency);
-        return {isPermittivity ? permittivity.real() : LossTangentOf(permittivity),
+        return {isPermittivity ? model->EvaluateReal(frequency) : LossTangentOf(model->Evaluate(frequency)),
                 PlaceOf(frequency) | temperature};
     }
 

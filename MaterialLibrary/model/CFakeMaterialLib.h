@@ -31,6 +31,9 @@ public:
     [[nodiscard]] IMaterial* FindMaterial(const char* name) override;
     [[nodiscard]] IMaterial* ChooseMaterial(IMaterial* current, int materialKind) override;
 
+    // All materials, without a switch to the module's state: any thread may ask.
+    [[nodiscard]] std::span<IMaterial* const> GetMaterials() const { return materials.GetAll(); }
+
     // Makes a material in the library's arena. It is no part of the library until AddMaterial.
     [[nodiscard]] CMaterial& MakeMaterial();
     [[nodiscard]] CMaterial& MakeMaterial(const MLLEGACYRECORD& record);

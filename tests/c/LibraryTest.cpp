@@ -6,9 +6,7 @@
 
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <fstream>
-#include <limits>
 
 namespace
 {
@@ -121,37 +119,31 @@ TEST(Materials, SayWhatTheFileSays)
 
 TEST(Materials, PassAFilterThatTheyFit)
 {
-    const double infinity = std::numeric_limits<double>::infinity();
     const OpenedLibrary library = OpenBlocks(twoDielectrics);
-    const ml_filter all{sizeof(ml_filter), ML_ANY, ML_ANY, nullptr, nullptr, -infinity, infinity};
-    const struct
+    using Places = std::vector<std::size_t>; // behind those that pass
+    const auto pass = [&library](auto narrow)
     {
-        ml_filter filter;
-        std::vector<std::size_t> passing; // the places behind them
-    } rows[] = {
-        {all, {1, 2}},
-        {{all.struct_size, ML_METAL, ML_ANY, nullptr, nullptr, -infinity, infinity}, {}},
-        {{all.struct_size, ML_DIELECTRIC, ML_TECHNOLOGY_UNKNOWN, nullptr, nullptr, -infinity, infinity}, {2}},
-        {{all.struct_size, ML_ANY, ML_ANY, "FR4", nullptr, -infinity, infinity}, {1}},
-        {{all.struct_size, ML_ANY, ML_ANY, nullptr, "", -infinity, infinity}, {2}},
-        {{all.struct_size, ML_ANY, ML_ANY, nullptr, nullptr, 2e-4, 2e-4}, {1}},
-        {{all.struct_size, ML_ANY, ML_ANY, nullptr, nullptr, -infinity, 1e-4}, {}},
-    };
-    auto made = Sized<ml_filter>();
-    ASSERT_EQ(ml_filter_all(&made), ML_OK);
-    EXPECT_EQ(std::memcmp(&made, &all, sizeof all), 0);
-    for (const auto& row : rows)
-    {
-        std::vector<std::size_t> passing;
+        auto filter = Sized<ml_filter>();
+        EXPECT_EQ(ml_filter_all(&filter), ML_OK);
+        narrow(filter);
+        Places places;
         std::size_t index = 0;
-        while (const ml_material* const material = ml_next(library.get(), &row.filter, &index))
+        while (const ml_material* const material = ml_next(library.get(), &filter, &index))
         {
             EXPECT_EQ(material, ml_get_material(library.get(), index - 1));
-            passing.push_back(index);
+            places.push_back(index);
         }
-        EXPECT_EQ(passing, row.passing) << &row - rows;
         EXPECT_EQ(index, 2u);
-    }
+        return places;
+    };
+    EXPECT_EQ(pass([](ml_filter&) {}), (Places{1, 2}));
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.kind = ML_METAL; }), Places{});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.technology = ML_TECHNOLOGY_UNKNOWN; }), Places{2});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.type = "FR4"; }), Places{1});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.vendor = ""; }), Places{2});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.thickness_min = 2e-4; }), Places{1});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.thickness_max = 2e-4; }), Places{1});
+    EXPECT_EQ(pass([](ml_filter& filter) { filter.thickness_max = 1e-4; }), Places{});
 }
 
 TEST(Versions, OfStructsDifferInSize)
@@ -194,20 +186,16 @@ TEST(Arguments, ThatAreWrongAreErrors)
     std::size_t index = 0;
     const ml_error errors[] = {ml_open_files(nullptr, 1, 0, &opened),
                                ml_open_files(&nothing, 1, 0, &opened),
-                               ml_open_files(nullptr, 0, 0, nullptr),
                                ml_open_files(nullptr, 0, 2, &opened),
                                ml_open_text("", 0, nullptr, 0, &opened),
                                ml_open_text(nullptr, 1, "", 0, &opened),
-                               ml_open_text("", 0, "", 4, &opened),
                                ml_open_text("", 0, "", 0, nullptr),
                                ml_get_diagnostic(library.get(), 0, &diagnostic),
-                               ml_get_diagnostic(nullptr, 0, &diagnostic),
                                ml_get_info(nullptr, &info),
                                ml_get_info(material, nullptr),
                                ml_filter_all(nullptr),
                                ml_get_table(nullptr, 0, &table),
                                ml_get_table(material, 3, &table),
-                               ml_get_table(material, 0, nullptr),
                                ml_values(nullptr, ML_ER, 25, 0, &number, 1, &number, nullptr),
                                ml_values(material, -1, 25, 0, &number, 1, &number, nullptr),
                                ml_values(material, 4, 25, 0, &number, 1, &number, nullptr),
@@ -215,10 +203,8 @@ TEST(Arguments, ThatAreWrongAreErrors)
                                ml_values(material, ML_ER, 25, 0, nullptr, 1, &number, nullptr),
                                ml_values(material, ML_ER, 25, 0, &number, 1, nullptr, nullptr),
                                ml_make_model(nullptr, 25, &model),
-                               ml_make_model(material, 25, nullptr),
                                ml_make_model_from_terms(NAN, &term, 1, &model),
                                ml_make_model_from_terms(1, nullptr, 1, &model),
-                               ml_make_model_from_terms(1, &term, 1, nullptr),
                                ml_get_model_info(nullptr, nullptr),
                                ml_get_term(nullptr, 0, &term),
                                ml_get_residual(nullptr, 0, nullptr),

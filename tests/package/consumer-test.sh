@@ -56,6 +56,21 @@ export MESSAGE_LOG=log.txt
     fail "the message handler wrote no log"
 rm "$work/mingw/MsgHandler.dll"
 
+# The example for C: with either package by CMake, on Linux by pkg-config too.
+expected=$(cat "$documentation/examples/c/laminate.txt")
+build_example c c -DCMAKE_C_COMPILER=x86_64-w64-mingw32-gcc-posix
+[[ $(wine "$documentation/examples/materials" "$work/c/laminate.exe") == "$expected" ]] || fail "laminate.exe says otherwise"
+examples=$tool/share/doc/matlib/examples
+cmake -S "$examples/c" -B "$work/native" -G Ninja -DCMAKE_PREFIX_PATH="$tool" >/dev/null
+cmake --build "$work/native" >/dev/null
+flags=$(PKG_CONFIG_LIBDIR=$tool/lib/pkgconfig pkg-config --cflags --libs materials)
+# shellcheck disable=SC2086
+cc -std=c99 "$examples/c/laminate.c" $flags "-Wl,-rpath,$tool/lib" -o "$work/native/laminate_too"
+for program in laminate laminate_too; do
+    [[ $("$work/native/$program" "$examples/materials/DefaultMaterialD.mat") == "$expected" ]] || fail "$program says otherwise"
+done
+echo "c: fine"
+
 headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
 mingw=/usr/x86_64-w64-mingw32
 build_hosts clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_CXX_COMPILER_TARGET=x86_64-w64-windows-gnu \
@@ -63,13 +78,13 @@ build_hosts clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_CXX_COMPILER_TARGET=x86_6
     "-DCMAKE_CXX_STANDARD_LIBRARIES=-luser32 -lgdi32 -ladvapi32 -lpthread" \
     "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld -L$(dirname "$headers")/.. -L$mingw/lib"
 
-# The other object format: its compiler, its linker, its import library.
+# The other object format: its compiler, its linker, its import libraries.
 mkdir "$work/foreign"
 clang++ --target=x86_64-pc-windows-msvc -std=c++20 -O1 -ffreestanding -fno-exceptions -fno-rtti -Wall -Wextra -Werror \
     -I"$package/include" -c tests/package/ForeignHost.cpp -o "$work/foreign/host.obj"
 lld-link /nologo /nodefaultlib /entry:Start /subsystem:console "/out:$work/foreign/host.exe" "$work/foreign/host.obj" \
-    "$package/lib/MaterialLibrary.lib"
-cp "$package/bin/MaterialLibrary.dll" "$work/foreign"
+    "$package/lib/MaterialLibrary.lib" "$package/lib/materials.lib"
+cp "$package"/bin/*.dll "$work/foreign"
 wine "$work/foreign" ./host.exe || fail "the foreign host ended with $?"
 echo "foreign: fine"
 
