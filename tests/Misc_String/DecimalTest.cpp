@@ -1,13 +1,10 @@
 #include "shared/Misc_String/Decimal.h"
 
 #include <bit>
-#include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -40,28 +37,6 @@ void ExpectDecimal(const Row& row)
             << result.value << " instead of " << row.value;
         EXPECT_EQ(first + size - result.stop, static_cast<std::ptrdiff_t>(row.rest.size()));
     }
-}
-
-// `text`, all of it a number without "+", has the value that the standard library gives it.
-void ExpectAsStandard(const std::string& text)
-{
-    double value = 0.0;
-    const auto standard = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (standard.ec == std::errc{})
-    {
-        ExpectDecimal({text, "", value});
-    }
-    else
-    {
-        EXPECT_NE(ParseDecimal(text).verdict, DecimalVerdict::Ok) << text;
-    }
-}
-
-std::string Text(const char* format, double value, int digits)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, format, digits, value);
-    return text;
 }
 } // namespace
 
@@ -125,56 +100,5 @@ TEST(Decimal, RefusesWhatIsNoDecimalNumber)
          {"", "+", "-", ".", "-.", "+-1", "--1", ".e5", "e5", " 1", "inf", "-inf", "nan", "x1", "\2621"})
     {
         ExpectDecimal({text, text, 0.0, DecimalVerdict::None});
-    }
-}
-
-// All ways to cut a number: digits before and behind the point, and every way in which a text can end
-// within or behind eight characters.
-TEST(Decimal, EveryShape)
-{
-    const std::string digits = "90817263545362718091";
-    for (std::size_t before = 0; before <= digits.size(); ++before)
-    {
-        for (std::size_t behind = 0; before + behind <= digits.size(); ++behind)
-        {
-            const std::string number = digits.substr(0, before) + "." + digits.substr(before, behind);
-            if (before + behind == 0)
-            {
-                continue;
-            }
-            for (const char* const exponent : {"", "e5", "e-7", "E11", "e-28"})
-            {
-                ExpectAsStandard("-" + number + exponent);
-            }
-            if (behind == 0)
-            {
-                ExpectAsStandard(number.substr(0, before));
-            }
-        }
-    }
-}
-
-TEST(Decimal, NearestDouble)
-{
-    std::mt19937_64 random(1);
-    for (int i = 0; i < 20000; ++i)
-    {
-        // Any double, in as many digits as it needs or not quite.
-        const double any = std::bit_cast<double>(random() >> 1);
-        if (std::isfinite(any))
-        {
-            ExpectAsStandard(Text("%.*e", any, static_cast<int>(10 + random() % 12)));
-        }
-        // The sizes of a material file.
-        const double usual =
-            std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 128) - 128);
-        ExpectAsStandard(Text("%.*g", usual, static_cast<int>(1 + random() % 19)));
-        // Close to the middle between two doubles, in 17 to 20 digits.
-        const auto odd = (random() >> 10) | 1U | (std::uint64_t{1} << 53);
-        ExpectAsStandard(std::to_string(odd));
-        ExpectAsStandard(std::to_string(odd * (1 + random() % 1000)) + "e" + std::to_string(random() % 24));
-        const double scaled = std::ldexp(static_cast<double>(odd >> 1), -static_cast<int>(random() % 100));
-        const double middle = scaled + (std::nextafter(scaled, infinity) - scaled) * 0.5;
-        ExpectAsStandard(Text("%.*g", middle, 19));
     }
 }

@@ -85,8 +85,12 @@ public:
         {
             std::ostringstream head;
             std::ostringstream body;
-            head << '\n'
-                 << kinds[static_cast<std::size_t>(call.kind)] << ' ' << std::hex << call.colour << ':';
+            head << '\n' << kinds[static_cast<std::size_t>(call.kind)] << ' ' << std::hex << call.colour;
+            if (call.pen.width != 0 || call.pen.style != PenStyle::solid)
+            {
+                head << " width " << call.pen.width << " style " << call.pen.style;
+            }
+            head << ':';
             for (const PixelPoint& point : call.points)
             {
                 body << (&point == call.points.data() ? ' ' : '-') << point.x << ',' << point.y;
@@ -108,11 +112,6 @@ public:
         std::vector<Call> found;
         std::ranges::copy_if(calls, std::back_inserter(found), wanted);
         return found;
-    }
-
-    [[nodiscard]] std::vector<Call> FindTexts(std::string_view text) const
-    {
-        return Find([text](const Call& call) { return call.kind == Kind::Text && call.text == text; });
     }
 
     // The straight lines from point to point, in the pen's colour where one is given.

@@ -1,8 +1,6 @@
 #include "tests/chart/MakeChart.h"
 
-#include <bit>
 #include <gtest/gtest.h>
-#include <random>
 
 namespace
 {
@@ -151,31 +149,5 @@ TEST(Layout, EndsWithHostileFonts)
     model.frame = {};
     LayOutChart(model, {0, 0, 760, 240}, flat);
     EXPECT_EQ(model.frame.plot, (PixelRect{0, 0, 760, 240}));
-}
-
-TEST(Layout, EndsWithAnyRange)
-{
-    std::mt19937_64 random(3);
-    CRecorderCanvas canvas;
-    for (int round = 0; round < 3'000; ++round)
-    {
-        CChartModel model = MakeModel();
-        const auto setRange = [&](CAxis& axis, const IScale&, Direction)
-        {
-            axis.lowerLimit = std::bit_cast<double>(random());
-            axis.dataMin = std::bit_cast<double>(random());
-            axis.dataMax = round % 3 == 0 ? axis.dataMin * (1.0 + 1e-13) : std::bit_cast<double>(random());
-        };
-        model.ForEachAxis(setRange);
-        model.SetScaleMode(true, true);
-        LayOutChart(model, {0, 0, static_cast<int>(random() % 3'000), static_cast<int>(random() % 2'000)},
-                    canvas);
-        const auto expectRange = [round](const CAxis& axis, const IScale&, Direction)
-        {
-            ASSERT_TRUE(std::isfinite(axis.visibleMin) && axis.visibleMin < axis.visibleMax) << round;
-            ASSERT_TRUE(axis.tickStep > 0.0 && axis.scale > 0.0 && std::isfinite(axis.scale)) << round;
-        };
-        model.ForEachAxis(expectRange);
-    }
 }
 } // namespace

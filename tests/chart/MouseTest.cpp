@@ -1,8 +1,12 @@
 #include "chart/ZoomAndPan.h"
 #include "tests/chart/MakeChart.h"
 
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
+#include <sstream>
 
 namespace
 {
@@ -14,7 +18,18 @@ std::string Describe(const ChartResponse& response)
     text += response.animates ? "animate " : "";
     text += response.ranges == RangeChange::Panned ? "panned " : "";
     text += response.ranges == RangeChange::Zoomed ? "zoomed " : "";
-    return text + (response.repaints ? "repaint" : "");
+    text += response.repaints ? "repaint " : "";
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+// What an axis asks for and shows, exact.
+std::string Describe(const CAxis& axis)
+{
+    char text[160];
+    std::snprintf(text, sizeof text, "%.12g to %.12g, seen %.12g to %.12g by %.12g shifted %d",
+                  axis.requestedMin, axis.requestedMax, axis.visibleMin, axis.visibleMax, axis.tickStep,
+                  axis.pixelShift);
+    return text;
 }
 
 // A chart of one curve from (0, 0) over (50, 150) to (100, 200) in a window of 500 x 300 pixels.
@@ -67,7 +82,94 @@ protected:
         Press(at);
         Release(at);
     }
+
+    // Plays a line of a session: a word and numbers. Points are pixels from the plot's top left corner.
+    std::string Play(const std::string& line)
+    {
+        std::istringstream words(line);
+        std::string word;
+        std::vector<double> numbers;
+        words >> word;
+        for (double number = 0.0; words >> number;)
+        {
+            numbers.push_back(number);
+        }
+        numbers.resize(3);
+        const PixelPoint at = {Plot().left + static_cast<int>(numbers[0]),
+                               Plot().top + static_cast<int>(numbers[1])};
+        CAxis& axis = numbers[0] == 0.0 ? horizontal : vertical;
+        if (word == "reset")
+        {
+            Reset();
+        }
+        else if (word == "decades")
+        {
+            curve = MakeCurve({{1, 1}, {1e5, 100}});
+            model.RebuildDataRanges();
+            horizontal.lowerLimit = vertical.lowerLimit = 1e-9;
+            Reset(true);
+        }
+        else if (word == "mode")
+        {
+            mouse.SetMode(static_cast<std::int32_t>(numbers[0]));
+        }
+        else if (word == "limits")
+        {
+            axis.lowerLimit = numbers[1];
+            axis.upperLimit = numbers[2];
+        }
+        else if (word == "shift")
+        {
+            axis.pixelShift = static_cast<int>(numbers[1]);
+        }
+        else if (word == "animate")
+        {
+            return mouse.Animate(static_cast<std::uint32_t>(numbers[0])) == AnimationStep::Ended ? "ended"
+                                                                                                 : "";
+        }
+        return word == "press" ? Press(at) : word == "move" ? Move(at) : word == "release" ? Release(at) : "";
+    }
 };
+
+// The file holds lines to play, behind "> ", each followed by what came of it. ML_WRITE_REFERENCE=1 writes it
+// anew.
+TEST_F(Mouse, SessionsOfZoomingAndPanning)
+{
+    const std::string path = ML_SOURCE_DIR "/tests/chart/sessions.txt";
+    std::ifstream file(path, std::ios::binary);
+    const std::string expected(std::istreambuf_iterator<char>(file), {});
+    std::istringstream lines(expected);
+    std::string played;
+    std::string last[2];
+    for (std::string line; std::getline(lines, line);)
+    {
+        if (line.starts_with("#") || line.empty())
+        {
+            played += line + "\n";
+        }
+        if (!line.starts_with("> "))
+        {
+            continue;
+        }
+        const std::string response = Play(line.substr(2));
+        played += line + "\n" + (response.empty() ? "" : response + "\n");
+        for (const CAxis* const axis : {&horizontal, &vertical})
+        {
+            std::string& before = last[axis == &vertical];
+            if (const std::string text = (axis == &vertical ? "y " : "x ") + Describe(*axis); text != before)
+            {
+                played += text + "\n";
+                before = text;
+            }
+        }
+    }
+    if (std::getenv("ML_WRITE_REFERENCE") != nullptr)
+    {
+        std::ofstream(path, std::ios::binary) << played;
+    }
+    EXPECT_EQ(played, expected);
+    EXPECT_GT(played.size(), 3'000u);
+}
 
 TEST_F(Mouse, EveryModeHasItsCursor)
 {
@@ -85,87 +187,6 @@ TEST_F(Mouse, EveryModeHasItsCursor)
     Click(GetPixel({25, 75})); // locked
     EXPECT_EQ(mouse.OnMove({1, 1}).cursor, Arrow);
     EXPECT_EQ(mouse.OnButtonDown({1, 1}).cursor, Arrow);
-}
-
-TEST_F(Mouse, ZoomsInToTheRectangle)
-{
-    const PixelRect plot = Plot();
-    const double xScale = horizontal.scale;
-    const double yScale = vertical.scale;
-    EXPECT_EQ(Press({plot.left + 250, plot.bottom - 40}), "capture ");
-    EXPECT_EQ(Move({plot.left + 100, plot.bottom - 140}), "lines ");
-    EXPECT_EQ(Release({plot.left + 100, plot.bottom - 140}), "lines release zoomed ");
-    EXPECT_DOUBLE_EQ(horizontal.requestedMin, 100 / xScale);
-    EXPECT_DOUBLE_EQ(horizontal.requestedMax, 250 / xScale);
-    EXPECT_DOUBLE_EQ(vertical.requestedMin, 40 / yScale);
-    EXPECT_DOUBLE_EQ(vertical.requestedMax, 140 / yScale);
-}
-
-TEST_F(Mouse, ShortDragsChangeNothing)
-{
-    const struct
-    {
-        std::int32_t mode;
-        int dx, dy;
-    } rows[] = {{1, 1, 80}, {1, 80, 1}, {1, 0, 0}, {1, -1, -1}, {2, 1, 80}, {3, 80, 1}, {4, 1, 80}};
-    for (const auto& row : rows)
-    {
-        mouse.SetMode(row.mode);
-        EXPECT_EQ(Drag({100, 100}, {100 + row.dx, 100 + row.dy}),
-                  row.dx == 0 && row.dy == 0 ? "release " : "lines release ");
-        EXPECT_EQ(horizontal.requestedMax, 100.0);
-        EXPECT_EQ(Move({10, 10}), "repaint"); // the button is up
-    }
-    EXPECT_EQ(Drag({100, 100}, {102, 102}), "lines release zoomed ");
-}
-
-TEST_F(Mouse, OneDirectionZoomsLeaveTheOther)
-{
-    const PixelRect plot = Plot();
-    mouse.SetMode(MouseMode::zoomInHorizontally);
-    vertical.pixelShift = 5;
-    const double seenMin = 5 / vertical.scale;
-    Drag({plot.left + 100, 100}, {plot.left + 200, 110});
-    EXPECT_NEAR(vertical.requestedMin, seenMin, 1e-9); // what is seen stays what is seen
-    EXPECT_EQ(vertical.pixelShift, 0);
-    EXPECT_GT(horizontal.requestedMin, 10.0);
-    Reset();
-    mouse.SetMode(MouseMode::zoomInVertically);
-    horizontal.pixelShift = 7;
-    const double seenLeft = -7 / horizontal.scale;
-    Drag({plot.left + 100, plot.top + 50}, {plot.left + 110, plot.top + 90});
-    EXPECT_NEAR(horizontal.requestedMin, seenLeft, 1e-9);
-    EXPECT_NEAR(horizontal.requestedMax, seenLeft + 100.0, 1e-9);
-    EXPECT_LT(vertical.requestedMax, 190.0);
-}
-
-TEST_F(Mouse, ZoomingOutSqueezesThePlotIntoTheRectangle)
-{
-    const PixelRect plot = Plot();
-    const double scale = horizontal.scale;
-    mouse.SetMode(MouseMode::zoomOut);
-    EXPECT_EQ(Drag({plot.left + 100, plot.top + 50}, {plot.left + 300, plot.top + 150}),
-              "lines release zoomed ");
-    const int pixels = MultiplyDivide(plot.GetWidth(), plot.GetWidth(), 200);
-    EXPECT_DOUBLE_EQ(horizontal.requestedMin, (200 - pixels / 2.0) / scale);
-    EXPECT_DOUBLE_EQ(horizontal.requestedMax, (200 + pixels / 2.0) / scale);
-}
-
-TEST_F(Mouse, ZoomsStayWithinTheLimits)
-{
-    const PixelRect plot = Plot();
-    horizontal.lowerLimit = -5.0;
-    horizontal.upperLimit = 101.0;
-    const auto expectLimits = [&](std::int32_t mode, PixelPoint from, PixelPoint to)
-    {
-        mouse.SetMode(mode);
-        Drag(from, to);
-        EXPECT_EQ(horizontal.requestedMin, -5.0) << mode;
-        EXPECT_EQ(horizontal.requestedMax, 101.0) << mode;
-        Reset();
-    };
-    expectLimits(MouseMode::zoomIn, {plot.left - 200, 100}, {plot.right + 200, 150});
-    expectLimits(MouseMode::zoomOut, {plot.left + 150, 100}, {plot.right - 150, 150});
 }
 
 // The second end is widened by what the first has become.
@@ -344,77 +365,6 @@ TEST_F(Mouse, PickingTakesACurveThenAPoint)
     Click(GetPixel({75, 20}));
 }
 
-TEST_F(Mouse, PanningMovesByWholeTicksAndKeepsTheRemainder)
-{
-    const int tick = GetTickPixels(horizontal);
-    const int upright = GetTickPixels(vertical);
-    const struct
-    {
-        int dx, dy;
-        int ticks, shift;
-        int uprightTicks, uprightShift;
-    } rows[] = {{0, 0, 0, 0, 0, 0},
-                {tick - 1, 1 - upright, 0, tick - 1, 0, 1 - upright},
-                {tick, -upright, -1, 0, -1, 0},
-                {3 * tick + 5, 2 * upright + 3, -3, 5, 2, 3},
-                {-2 * tick - 7, -4, 2, -7, 0, -4}};
-    mouse.SetMode(MouseMode::pan);
-    Press({200, 150});
-    for (const auto& row : rows)
-    {
-        EXPECT_EQ(Move({200 + row.dx, 150 + row.dy}), "panned "); // at every move
-        EXPECT_DOUBLE_EQ(horizontal.visibleMin, row.ticks * horizontal.tickStep);
-        EXPECT_DOUBLE_EQ(horizontal.visibleMax, 100 + row.ticks * horizontal.tickStep);
-        EXPECT_EQ(horizontal.requestedMin, horizontal.visibleMin);
-        EXPECT_EQ(horizontal.requestedMax, horizontal.visibleMax);
-        EXPECT_EQ(horizontal.pixelShift, row.shift);
-        EXPECT_DOUBLE_EQ(vertical.visibleMin, row.uprightTicks * vertical.tickStep);
-        EXPECT_EQ(vertical.pixelShift, row.uprightShift);
-    }
-    Press({0, 0}); // with the shifts that there are
-    Move({3, 1});
-    EXPECT_EQ(horizontal.pixelShift, -4);
-    EXPECT_EQ(vertical.pixelShift, -3);
-}
-
-TEST_F(Mouse, LogarithmicAxesPanByDecades)
-{
-    curve = MakeCurve({{1, 1}, {1e5, 100}});
-    model.RebuildDataRanges();
-    horizontal.lowerLimit = vertical.lowerLimit = 1e-9;
-    Reset(true);
-    mouse.SetMode(MouseMode::pan);
-    Press({200, 150});
-    Move({200 + 2 * GetTickPixels(horizontal) + 1, 150 + GetTickPixels(vertical)});
-    EXPECT_DOUBLE_EQ(horizontal.visibleMin, 1e-2);
-    EXPECT_DOUBLE_EQ(horizontal.visibleMax, 1e3);
-    EXPECT_EQ(horizontal.pixelShift, 1);
-    EXPECT_DOUBLE_EQ(vertical.visibleMin, 10.0);
-}
-
-TEST_F(Mouse, APannedAxisDoesNotLeaveItsLimits)
-{
-    const int tick = GetTickPixels(horizontal);
-    mouse.SetMode(MouseMode::pan);
-    for (const int sign : {1, -1}) // the lower limit, then the upper one
-    {
-        Reset();
-        const double seen = sign > 0 ? 0.0 : 100.0;
-        double& end = sign > 0 ? horizontal.visibleMin : horizontal.visibleMax;
-        (sign > 0 ? horizontal.lowerLimit : horizontal.upperLimit) = seen - 1.5 * sign * horizontal.tickStep;
-        Press({200, 150});
-        Move({200 + sign * (tick + 3), 153});
-        EXPECT_DOUBLE_EQ(end, seen - sign * horizontal.tickStep);
-        EXPECT_EQ(horizontal.pixelShift, 3 * sign);
-        Move({200 + sign * (2 * tick - 3), 153}); // the remainder would leave them
-        EXPECT_EQ(horizontal.pixelShift, 0);
-        Move({200 + sign * 2 * tick, 153}); // as would the range
-        EXPECT_DOUBLE_EQ(end, seen - sign * horizontal.tickStep);
-        EXPECT_EQ(vertical.pixelShift, 3);
-        Release({200 + sign * 2 * tick, 153});
-    }
-}
-
 TEST_F(Mouse, AReleasedPanRunsOnToTheNextTickIn180Milliseconds)
 {
     const int tick = GetTickPixels(horizontal);
@@ -444,19 +394,4 @@ TEST_F(Mouse, AReleasedPanRunsOnToTheNextTickIn180Milliseconds)
     EXPECT_EQ(vertical.pixelShift, 0);
 }
 
-TEST_F(Mouse, SmallRemaindersAndSeveralAxesAreNotAnimated)
-{
-    mouse.SetMode(MouseMode::pan);
-    const auto pan = [this](int dx) { return Drag({200, 150}, {200 + dx, 150}); };
-    EXPECT_EQ(pan(2), "release repaint");
-    EXPECT_EQ(horizontal.pixelShift, 0);
-    EXPECT_EQ(horizontal.visibleMin, 0.0);
-    EXPECT_EQ(pan(-3), "release animate repaint");
-    EXPECT_EQ(mouse.Animate(200), AnimationStep::Ended);
-    EXPECT_DOUBLE_EQ(horizontal.visibleMin, horizontal.tickStep);
-    model.AddAxis(2, true);
-    chart.RecomputeLayout();
-    EXPECT_EQ(pan(-9), "release repaint");
-    EXPECT_EQ(model.FindAxis(0)->pixelShift, 0);
-}
 } // namespace

@@ -4,7 +4,6 @@
 #include "tests/CountingResource.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace
 {
@@ -106,39 +105,5 @@ TEST(CFakeMaterialLib, ChoosingGoesToTheModulesChooserInTheModulesState)
     EXPECT_EQ(library.ChooseMaterial(library.GetMaterial(0), MLMATERIAL_DIELECTRIC), nullptr);
     ASSERT_EQ(messages.boxes.size(), 1u);
     EXPECT_NE(messages.boxes[0].text.find("no dialog"), std::string::npos);
-}
-
-TEST(SampleLibrary, HoldsTheFourMaterials)
-{
-    CFakeMaterialLib library;
-    library.FillSampleLibrary();
-    std::ostringstream text;
-    for (int i = 0; i < library.GetMaterialCount(); ++i)
-    {
-        IMaterial& material = *library.GetMaterial(i);
-        int technology = -9;
-        double thickness = 0.0;
-        EXPECT_TRUE(material.GetIntAttribute(MLATTR_TECHNOLOGY, &technology));
-        (void)material.GetAttribute(MLATTR_THICKNESS, &thickness);
-        EXPECT_EQ(material.GetKind(), MLMATERIAL_DIELECTRIC);
-        text << material.GetName() << "; " << material.GetTypeName() << "; " << material.GetVendor() << "; "
-             << material.GetComment() << "; " << technology << "; " << thickness << ";";
-        const IMaterialTable& loss = *material.GetTable(MLTABLE_LOSS_TANGENT, 25.0);
-        for (int row = 0; row < loss.GetEntryCount(); ++row)
-        {
-            const MLTBLENTRY er = material.GetTable(MLTABLE_ER, 25.0)->GetEntry(row);
-            EXPECT_EQ(er.frequency, loss.GetEntry(row).frequency);
-            text << " " << er.frequency << ": " << er.value << ", " << loss.GetEntry(row).value << ";";
-        }
-        text << " " << material.CountTables(MLTABLE_ALL) << " tables\n";
-    }
-    EXPECT_EQ(text.str(),
-              "Getinaks; FR4-MTG; Nanya; Table contains 1GHz entry; 0; 0;"
-              " 1e+06: 6, 0.035; 5e+07: 5.9, 0.03; 1e+09: 5.25, 0.028; 5e+09: 5, 0.027; 2 tables\n"
-              "Getinaks - 2; FR4-MTG; Nanya; Table doesn't contain 1GHz entry; 0; 0;"
-              " 1e+06: 6, 0.035; 5e+07: 5.9, 0.034; 5e+09: 5, 0.027; 2 tables\n"
-              "Fiberglass; FR4-MTG Also; Nanya; Pretty good stuff; 1; 0.0004; 6: 2.2, 0.03; 2 tables\n"
-              "Singular; FR4-MTG; Nanya; Table contains several the same entries; 0; 0;"
-              " 9e+06: 4.3, 0.03; 1.1e+07: 4.3, 0.03; 2 tables\n");
 }
 } // namespace

@@ -217,26 +217,6 @@ TEST(GetValue, RoughnessComesFromTheRowsAround)
     }
 }
 
-TEST(GetValue, AnyDoublesEndInAValue)
-{
-    const double odd[] = {0.0, -1.0, 1e-320, 1e308, HUGE_VAL, -HUGE_VAL, double{NAN}, 1e9, 0.02};
-    for (const double first : odd)
-    {
-        for (const double second : odd)
-        {
-            for (const double third : odd)
-            {
-                Sample sample(MLMATERIAL_DIELECTRIC);
-                sample.Add(MLTABLE_ER, first, {{second, third}, {third, first}, {1e9, 4.0}});
-                sample.Add(MLTABLE_LOSS_TANGENT, first, {{1e5, second}, {third, 0.02}, {second, first}});
-                (void)sample.Value(MLTABLE_ER, third, first);
-                (void)sample.Value(MLTABLE_LOSS_TANGENT, 3e9, second);
-                EXPECT_LE(sample.material.CountTables(MLTABLE_ALL), 4);
-            }
-        }
-    }
-}
-
 TEST(AddDielectricPoint, MakesTablesAlsoForAMaterialThatIsNoDielectric)
 {
     Sample metal(MLMATERIAL_METAL);

@@ -1,6 +1,5 @@
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
-#include "model/CTechnologyMapProvider.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -66,14 +65,8 @@ TEST(CMaterial, BothInterfacesSeeTheSameMaterial)
     char name[] = "Laminate";
     builder.SetName(name);
     name[0] = 'X';
-    builder.SetTypeName("FR4");
-    builder.SetVendor("V");
-    builder.SetComment("C");
     builder.SetKind(MLMATERIAL_METAL);
     EXPECT_STREQ(reader.GetName(), "Laminate");
-    EXPECT_STREQ(reader.GetTypeName(), "FR4");
-    EXPECT_STREQ(reader.GetVendor(), "V");
-    EXPECT_STREQ(reader.GetComment(), "C");
     EXPECT_EQ(reader.GetKind(), MLMATERIAL_METAL);
 
     for (const int kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT, MLTABLE_ER})
@@ -124,20 +117,4 @@ TEST(CMaterialTable, KeepsRowsAsAddedAndChecksIndexes)
     EXPECT_FALSE(builder.HasSeveralEntries());
 }
 
-TEST(CTechnologyMapProvider, ConvertsExactWords)
-{
-    const std::pair<int, const char*> known[] = {{0, "Core"}, {1, "Prepreg"}, {2, "Flexcore"}};
-    ITechnologyMapProvider& map = GetTechnologyMap();
-    for (const auto& [identifier, word] : known)
-    {
-        EXPECT_EQ(map.GetTechnologyName(identifier), word);
-        EXPECT_EQ(map.GetTechnologyId(word), identifier);
-    }
-    for (const char* const unknown : {"prepreg", "", "Cor", "Core ", "CORE"})
-    {
-        EXPECT_EQ(map.GetTechnologyId(unknown), MLTECHNOLOGY_UNKNOWN) << unknown;
-    }
-    EXPECT_EQ(map.GetTechnologyName(3), "");
-    EXPECT_EQ(map.GetTechnologyName(-1), "");
-}
 } // namespace

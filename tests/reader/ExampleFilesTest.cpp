@@ -4,11 +4,9 @@
 #include "resources/Texts.h"
 #include "tests/CollectedMessages.h"
 
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <limits>
 #include <sstream>
 
 namespace
@@ -102,39 +100,6 @@ TEST(ExampleMaterials, MetalsConduct)
         EXPECT_TRUE(library.GetMaterial(i)->GetAttribute(MLATTR_BULK_RESISTIVITY, &resistivity));
         EXPECT_GT(resistivity, 1e-9);
         EXPECT_LT(resistivity, 1e-6);
-    }
-}
-
-// Each laminate's tables fit one causal model: what the fit says at the rows' frequencies is near what
-// stands there.
-TEST(ExampleMaterials, DielectricsAreCausal)
-{
-    CFakeMaterialLib library;
-    ASSERT_TRUE(LoadMaterialFile(library, (examples + "materials/DefaultMaterialD.mat").c_str()));
-    for (int i = 0; i < library.GetMaterialCount(); ++i)
-    {
-        IMaterial& material = *library.GetMaterial(i);
-        const IMaterialTable& permittivity = *material.GetTable(MLTABLE_ER, 25.0);
-        const IMaterialTable& loss = *material.GetTable(MLTABLE_LOSS_TANGENT, 25.0);
-        if (permittivity.GetEntryCount() < 2)
-        {
-            continue;
-        }
-        double before = std::numeric_limits<double>::infinity();
-        for (int row = 0; row < permittivity.GetEntryCount(); ++row)
-        {
-            const MLTBLENTRY measured = permittivity.GetEntry(row);
-            EXPECT_LE(measured.value, before) << material.GetName(); // permittivity falls with frequency
-            before = measured.value;
-            double fitted = 0.0;
-            double fittedLoss = 0.0;
-            const double beside = measured.frequency * 1.0001; // no row there
-            material.GetValue(MLTABLE_ER, beside, &fitted, 25.0);
-            material.GetValue(MLTABLE_LOSS_TANGENT, beside, &fittedLoss, 25.0);
-            EXPECT_NEAR(fitted, measured.value, 0.03 * measured.value) << material.GetName();
-            EXPECT_NEAR(fittedLoss, loss.GetEntry(row).value, 0.25 * loss.GetEntry(row).value)
-                << material.GetName() << " at " << measured.frequency;
-        }
     }
 }
 } // namespace

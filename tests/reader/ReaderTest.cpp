@@ -190,25 +190,6 @@ TEST(Reader, LaterRecordsOverwriteAndTablesAdd)
     EXPECT_EQ(material.GetTableAt(2)->GetEntry(1).frequency, 1e4); // a frequency may follow other letters
 }
 
-// Cut anywhere, a valid file either loads or is refused with one message.
-TEST(Reader, EveryPrefixEndsCleanly)
-{
-    const std::string whole =
-        header + "* note\r\n{DIELECTRIC (NAME = \"n m\")(TYPE=\"t\")(TECHNOLOGY=Core)(VENDOR=\"v\")"
-                 "(COMMENT=\"c\")(THICKNESS=2.5e-4)\n(ER TEMPERATURE=25.5 TABLE= 1MHz 4.6 1GHz 4.3)"
-                 "(LOSSTANGENT VALUE=+2.0e-2)} {DIELECTRIC}\n";
-    int loaded = 0;
-    for (std::size_t length = 0; length <= whole.size(); ++length)
-    {
-        CollectedMessages messages;
-        CFakeMaterialLib library;
-        const bool complete = Load(library, whole.substr(0, length));
-        EXPECT_EQ(messages.boxes.size(), complete ? 0u : 1u) << length;
-        loaded += complete ? 1 : 0;
-    }
-    EXPECT_GT(loaded, 3);
-}
-
 TEST(FormatText, FillsInWithoutTrustingTheText)
 {
     EXPECT_EQ(FormatText("%s(%u,%d): %s", {std::string_view("p"), 3u, 4u, std::string_view("%s%n")}),
