@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for a purpose: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint
+# Installs the Debian packages that are missing for a purpose: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint|mutate
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
@@ -19,8 +19,9 @@ bench)
 fuzz) wanted="$build clang libclang-rt-14-dev" ;;
 coverage) wanted="$build gcovr" ;;
 lint) wanted="$build clang clang-format clang-tidy" ;;
+mutate) wanted="$build python3" ;;
 *)
-    echo "usage: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint" >&2
+    echo "usage: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint|mutate" >&2
     exit 2
     ;;
 esac
