@@ -9,28 +9,37 @@
  *     if (ml_open_files(&path, 1, ML_OPEN_DEFAULT, &library) == ML_OK)
  *     {
  *         const ml_material* core = ml_find(library, "FR4 Standard Core 0.20 mm");
- *         const double frequencies[2] = {1e9, 10e9};
+ *         const double f[2] = {1e9, 10e9};
  *         double er[2];
- *         if (core != NULL && ml_values(core, ML_ER, 25.0, ML_AS_MEASURED, frequencies, 2, er, NULL) ==
- * ML_OK) printf("%g %g\n", er[0], er[1]);
+ *         if (core != NULL && ml_values(core, ML_ER, 25.0, ML_AS_MEASURED, f, 2, er, NULL) == ML_OK)
+ *         {
+ *             printf("%g %g\n", er[0], er[1]);
+ *         }
  *     }
  *     ml_close(library);
  *
- * Units     Hz, degrees Celsius, m, ohm m. Er, loss tangent and roughness factors have none. A permittivity
- * is er - j er tan(delta): its imaginary part is negative in a lossy material. Texts     end with NUL. Paths
- * are UTF-8 on every system. Names, types, vendors and comments are the bytes of their file, whatever its
- * encoding. Lifetime  Materials, rows, texts and diagnostics belong to their library and live until ml_close.
- * A model is an object of its own, lives until ml_free_model and needs no library. Threads   Nothing changes
- * between opening and closing: every function may be called for the same library, material or model from any
- * number of threads at once, except the one that ends its life, which comes last. Libraries are independent
- * of each other. Errors    A function that can fail returns ml_error and leaves its outputs as they were when
- * that is not ML_OK. Nothing throws, prints, or ends the process. A null pointer where none is allowed gives
- *           ML_ERROR_ARGUMENT; functions that return a number or a pointer answer 0 or null then. An array of
- *           count 0 may be null.
- * Versions  A struct that may grow begins with struct_size, which the caller sets to its own sizeof. Fields
- *           that the caller does not know are not written; fields that the library does not know are left as
- *           they were. A struct_size below that of the struct's first version gives ML_ERROR_ARGUMENT.
- * Structs without it never change.
+ * - Units: Hz, degrees Celsius, m, ohm m. Er, loss tangent and roughness factors have none. A permittivity
+ *   is er - j er tan(delta): its imaginary part is negative in a lossy material.
+ *
+ * - Texts: end with NUL. Paths are UTF-8 on every system. Names, types, vendors and comments are the bytes
+ *   of their file, whatever its encoding.
+ *
+ * - Lifetime: materials, rows, texts and diagnostics belong to their library and live until ml_close. A
+ *   model is an object of its own, lives until ml_free_model and needs no library.
+ *
+ * - Threads: nothing changes between opening and closing. Every function may be called for the same
+ *   library, material or model from any number of threads at once, except the one that ends its life,
+ *   which comes last. Libraries are independent of each other.
+ *
+ * - Errors: a function that can fail returns ml_error and leaves its outputs as they were when that is not
+ *   ML_OK. Nothing throws, prints, or ends the process. A null pointer where none is allowed gives
+ *   ML_ERROR_ARGUMENT; functions that return a number or a pointer answer 0 or null then. An array of
+ *   count 0 may be null.
+ *
+ * - Versions: a struct that may grow begins with struct_size, which the caller sets to its own sizeof.
+ *   Fields that the caller does not know are not written; fields that the library does not know are left
+ *   as they were. A struct_size below that of the struct's first version gives ML_ERROR_ARGUMENT. Structs
+ *   without it never change.
  */
 #ifndef MATERIALLIBRARY_MATERIALS_H
 #define MATERIALLIBRARY_MATERIALS_H
