@@ -92,6 +92,12 @@ function(ml_library name)
     target_link_libraries(${name} PUBLIC ml_options ${arg_LIBS})
 endfunction()
 
+# ml_depends_on_version(RESOURCE-SCRIPT): one that includes VersionInfo.rc; windres does not tell.
+function(ml_depends_on_version script)
+    set_source_files_properties(${script} PROPERTIES OBJECT_DEPENDS
+        "${PROJECT_SOURCE_DIR}/include/MaterialLibrary/Version.h;${PROJECT_SOURCE_DIR}/MaterialLibrary/resources/VersionInfo.rc;${PROJECT_SOURCE_DIR}/MaterialLibrary/resources/MaterialLibrary.manifest")
+endfunction()
+
 # ml_split_debug_information(TARGET): moves it to the file TARGET.debug beside the target's own, where debuggers
 # find it.
 function(ml_split_debug_information name)
@@ -130,7 +136,7 @@ function(ml_test name)
         ML_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ML_BINARY_DIR="${PROJECT_BINARY_DIR}")
     if(WIN32)
         # The string table that LoadText reads.
-        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/MaterialLibrary/resources/MaterialLibrary.rc)
+        target_link_libraries(${name} PRIVATE module_resources)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 600)
@@ -145,7 +151,7 @@ function(ml_fuzz_target name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/fuzz)
     if(WIN32)
         # The string table that LoadText reads.
-        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/MaterialLibrary/resources/MaterialLibrary.rc)
+        target_link_libraries(${name} PRIVATE module_resources)
     endif()
     if(ML_FUZZERS)
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
