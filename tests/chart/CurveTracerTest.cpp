@@ -98,6 +98,22 @@ TEST(CCurveTracer, KeepsEverySegmentOfADashedLine)
     EXPECT_EQ(canvas.GetLines().size(), 5u);
 }
 
+TEST(CCurveTracer, JoinsColumnsOfWideLinesThatMeet)
+{
+    for (const auto& [width, lines] : {std::pair(0, 2u), {2, 3u}})
+    {
+        CRecorderCanvas canvas;
+        CCurveTracer tracer(canvas, {1, width, PenStyle::solid});
+        tracer.MoveTo({7, 0});
+        for (const PixelPoint to : {PixelPoint{7, 10}, {8, 5}, {8, 15}})
+        {
+            tracer.LineTo(to);
+        }
+        tracer.Finish();
+        EXPECT_EQ(canvas.GetLines().size(), lines);
+    }
+}
+
 TEST(CCurveTracer, AMillionPointsBecomeALineForEveryColumn)
 {
     std::mt19937 random(9);

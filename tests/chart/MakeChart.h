@@ -4,6 +4,10 @@
 #include "chart/CChart.h"
 #include "tests/chart/CRecorderCanvas.h"
 
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
 #include <limits>
 
 // Made-up curves and charts.
@@ -95,3 +99,15 @@ struct LaminateCurves
         model.SetScaleMode(logarithmic, false);
     }
 };
+
+// A text that is compared with a file of this folder, which ML_WRITE_REFERENCE=1 writes anew.
+inline void ExpectRecorded(const std::string& name, const std::string& text)
+{
+    const std::string path = ML_SOURCE_DIR "/tests/chart/" + name;
+    if (std::getenv("ML_WRITE_REFERENCE") != nullptr)
+    {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(file), {}));
+}

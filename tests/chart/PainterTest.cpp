@@ -1,10 +1,7 @@
 #include "chart/CSvgCanvas.h"
 #include "tests/chart/MakeChart.h"
 
-#include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace
 {
@@ -53,18 +50,6 @@ protected:
         pictures += "== " + std::string(name) + canvas.Describe() + "\n\n";
     }
 
-    // All pictures are those of a file, which ML_WRITE_REFERENCE=1 writes anew.
-    void ExpectPictures(const std::string& name) const
-    {
-        const std::string path = ML_SOURCE_DIR "/tests/chart/pictures/" + name + ".txt";
-        if (std::getenv("ML_WRITE_REFERENCE") != nullptr)
-        {
-            std::ofstream(path, std::ios::binary) << pictures;
-        }
-        std::ifstream file(path, std::ios::binary);
-        EXPECT_EQ(pictures, std::string(std::istreambuf_iterator<char>(file), {}));
-    }
-
     [[nodiscard]] CAxis& Axis(std::int32_t identifier) { return *model.FindAxis(identifier); }
     [[nodiscard]] PixelPoint GetPixel(DataPoint value) const { return GetPixelOf(model, value); }
 };
@@ -89,7 +74,7 @@ TEST_F(Painter, Axes)
     Axis(0).lowerLimit = 1e-9;
     LayOut(true);
     Show("a decade with two vertical axes");
-    ExpectPictures("axes");
+    ExpectRecorded("pictures/axes.txt", pictures);
 }
 
 TEST_F(Painter, Curves)
@@ -113,7 +98,7 @@ TEST_F(Painter, Curves)
     second.points = {{5, 5}, {6, 6}};
     second.colour = style.background;
     Show("empty and hidden");
-    ExpectPictures("curves");
+    ExpectRecorded("pictures/curves.txt", pictures);
 }
 
 TEST_F(Painter, Legend)
@@ -127,7 +112,7 @@ TEST_F(Painter, Legend)
     Show("too many");
     model.GetLegend() = {{0x0000FF, std::string(300, 'c')}};
     Show("too long");
-    ExpectPictures("legend");
+    ExpectRecorded("pictures/legend.txt", pictures);
 }
 
 TEST_F(Painter, Labels)
@@ -144,7 +129,7 @@ TEST_F(Painter, Labels)
     Show("kept within the window");
     first.pointLabels[2].resize(30, 'z');
     Show("wider than the window");
-    ExpectPictures("labels");
+    ExpectRecorded("pictures/labels.txt", pictures);
     pointer.labelledPoint = 3;
     EXPECT_THROW(Paint(), std::out_of_range);
     pointer.labelledCurve = 2;
@@ -167,7 +152,7 @@ TEST_F(Painter, ReadOuts)
     Show("snapped below the plot");
     first.points.clear();
     Show("without points");
-    ExpectPictures("readouts");
+    ExpectRecorded("pictures/readouts.txt", pictures);
 }
 
 TEST_F(Painter, CurvesAreClippedOnTheCutSidesOnly)

@@ -94,111 +94,93 @@ TEST(NextToken, GoesByTheSetsOfCharacters)
     EXPECT_EQ(quoted, "a\"b");
 }
 
-TEST(ReadInteger, TakesPlainDigitsOnly)
+// Whether a text begins with a value, which one, and the word behind it.
+template <typename Value>
+struct ReadRow
 {
-    struct Row
-    {
-        const char* text;
-        bool accepted;
-        std::uint32_t value;
-        const char* rest;
-    };
-    const Row rows[] = {
-        {"0", true, 0, "<end>"},
-        {" \t42x", true, 42, "x"},
-        {"4294967295", true, 4294967295u, "<end>"},
-        {"99999999999999999999", true, 4294967295u, "<end>"},
-        {"007", false, 0, "07"},
-        {"-1", false, 0, "-1"},
-        {"+1", false, 0, "+1"},
-        {"", false, 0, "<end>"},
-        {"  ", false, 0, "<end>"},
-        {"\n1", false, 0, "1"},
-    };
-    for (const Row& row : rows)
+    const char* text;
+    bool accepted;
+    Value value;
+    const char* rest;
+};
+
+template <typename Value>
+void ExpectReads(bool (CTokenScanner::*read)(Value&), std::initializer_list<ReadRow<Value>> rows)
+{
+    for (const ReadRow<Value>& row : rows)
     {
         Scan scan(row.text);
-        std::uint32_t value = 0;
-        EXPECT_EQ(scan.scanner.ReadInteger(value), row.accepted) << row.text;
+        scan.scanner.SetDelimiters("{}()=");
+        Value value{};
+        EXPECT_EQ((scan.scanner.*read)(value), row.accepted) << row.text;
         EXPECT_EQ(value, row.value) << row.text;
         EXPECT_EQ(scan.Next(), row.rest) << row.text;
     }
+}
+
+TEST(ReadInteger, TakesPlainDigitsOnly)
+{
+    ExpectReads<std::uint32_t>(&CTokenScanner::ReadInteger,
+                               {
+                                   {"0", true, 0, "<end>"},
+                                   {" \t42x", true, 42, "x"},
+                                   {"4294967295", true, 4294967295u, "<end>"},
+                                   {"99999999999999999999", true, 4294967295u, "<end>"},
+                                   {"007", false, 0, "07"},
+                                   {"-1", false, 0, "-1"},
+                                   {"+1", false, 0, "+1"},
+                                   {"", false, 0, "<end>"},
+                                   {"  ", false, 0, "<end>"},
+                                   {"\n1", false, 0, "1"},
+                               });
 }
 
 TEST(ReadNumber, TakesDecimalNumbersAndStopsWhereItCannotGoOn)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct Row
-    {
-        const char* text;
-        bool accepted;
-        double value;
-        const char* rest;
-    };
-    const Row rows[] = {
-        {"4.3", true, 4.3, "<end>"},
-        {" \t-1.5e-3)", true, -1.5e-3, ")"},
-        {"5.", true, 5.0, "<end>"},
-        {".5", true, 0.5, "<end>"},
-        {"+0.25E+2x", true, 25.0, "x"},
-        {"0", true, 0.0, "<end>"},
-        {"1e999", true, infinity, "<end>"},
-        {"-1e999", true, -infinity, "<end>"},
-        {"1e-999", true, 0.0, "<end>"},
-        {"1ex5 6", true, 1.0, "6"}, // the character after the exponent letter is taken unseen
-        {"1e) 6", true, 1.0, "6"},
-        {"1GHz", true, 1.0, "GHz"},
-        {"0x10", true, 0.0, "x10"},
-        {"", false, 0.0, "<end>"},
-        {"  ", false, 0.0, "<end>"},
-        {".", false, 0.0, "<end>"},
-        {"-", false, 0.0, "<end>"},
-        {"1e", false, 0.0, "<end>"},
-        {"1e+", false, 0.0, "<end>"},
-        {"1e-x", false, 0.0, "x"},
-        {"007", false, 0.0, "07"},
-        {"abc", false, 0.0, "abc"},
-        {"inf", false, 0.0, "inf"},
-        {"\n5", false, 0.0, "5"},
-    };
-    for (const Row& row : rows)
-    {
-        Scan scan(row.text);
-        scan.scanner.SetDelimiters("{}()=");
-        double value = 0.0;
-        EXPECT_EQ(scan.scanner.ReadNumber(value), row.accepted) << row.text;
-        EXPECT_EQ(value, row.value) << row.text;
-        EXPECT_EQ(scan.Next(), row.rest) << row.text;
-    }
+    ExpectReads<double>(
+        &CTokenScanner::ReadNumber,
+        {
+            {"4.3", true, 4.3, "<end>"},
+            {" \t-1.5e-3)", true, -1.5e-3, ")"},
+            {"5.", true, 5.0, "<end>"},
+            {".5", true, 0.5, "<end>"},
+            {"+0.25E+2x", true, 25.0, "x"},
+            {"0", true, 0.0, "<end>"},
+            {"1e999", true, infinity, "<end>"},
+            {"-1e999", true, -infinity, "<end>"},
+            {"1e-999", true, 0.0, "<end>"},
+            {"1ex5 6", true, 1.0, "6"}, // the character after the exponent letter is taken unseen
+            {"1e) 6", true, 1.0, "6"},
+            {"1GHz", true, 1.0, "GHz"},
+            {"0x10", true, 0.0, "x10"},
+            {"", false, 0.0, "<end>"},
+            {"  ", false, 0.0, "<end>"},
+            {".", false, 0.0, "<end>"},
+            {"-", false, 0.0, "<end>"},
+            {"1e", false, 0.0, "<end>"},
+            {"1e+", false, 0.0, "<end>"},
+            {"1e-x", false, 0.0, "x"},
+            {"007", false, 0.0, "07"},
+            {"abc", false, 0.0, "abc"},
+            {"inf", false, 0.0, "inf"},
+            {"\n5", false, 0.0, "5"},
+        });
 }
 
 TEST(ReadQuoted, TakesTheTextBetweenQuotesOrToTheEnd)
 {
-    struct Row
-    {
-        const char* text;
-        bool accepted;
-        const char* value;
-        const char* rest;
-    };
-    const Row rows[] = {
-        {" \"two words\" x", true, "two words", "x"},
-        {"\"\")", true, "", ")"},
-        {"\"open ) end", true, "open ) end", "<end>"},
-        {"\"", true, "", "<end>"},
-        {"\"a\nb*c\"", true, "a\nb*c", "<end>"},
-        {"plain", false, "", "plain"},
-        {"\n\"next line\"", false, "", "\"next"},
-        {"", false, "", "<end>"},
-        {" \t ", false, "", "<end>"},
-    };
-    for (const Row& row : rows)
-    {
-        Scan scan(row.text);
-        std::string_view value;
-        EXPECT_EQ(scan.scanner.ReadQuoted(value), row.accepted) << row.text;
-        EXPECT_EQ(value, row.value) << row.text;
-        EXPECT_EQ(scan.Next(), row.rest) << row.text;
-    }
+    ExpectReads<std::string_view>(&CTokenScanner::ReadQuoted,
+                                  {
+                                      {" \"two words\" x", true, "two words", "x"},
+                                      {"\"\")", true, "", ")"},
+                                      {"\"open ) end", true, "open ) end", "<end>"},
+                                      {"\"", true, "", "<end>"},
+                                      {"\"a\nb*c\"", true, "a\nb*c", "<end>"},
+                                      {"plain", false, "", "plain"},
+                                      {"\n\"next line\"", false, "", "\"next"},
+                                      {"", false, "", "<end>"},
+                                      {" \t ", false, "", "<end>"},
+                                  });
 }
 } // namespace
