@@ -217,6 +217,9 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
             ChooseMaterialOf(window, reinterpret_cast<const NMITEMACTIVATE*>(lParam)->iItem);
         }
         return 0;
+    case WM_SETFOCUS: // the system gives it to the window when the library's dialog has gone
+        SetFocus(GetDlgItem(window, layerList));
+        return 0;
     case WM_DESTROY:
         PostQuitMessage(0);
         return 0;
