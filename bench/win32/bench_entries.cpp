@@ -1,6 +1,6 @@
 // What each entry of the module costs in time: the table of docs/host-guide.md.
+#include "tests/TemporaryFile.h"
 #include "tests/win32/CModule.h"
-#include "tests/win32/CTestFolder.h"
 
 #include <algorithm>
 #include <chrono>
@@ -53,8 +53,8 @@ std::string MakeManyLaminates(int count)
 int main()
 {
     const CModule module(CModule::GetBuiltPath());
-    const CTestFolder folder;
-    const std::string many = folder.Write("many.mat", MakeManyLaminates(20'000));
+    const TemporaryFile file("many.mat", MakeManyLaminates(20'000));
+    const std::string& many = file.GetPath();
     const std::string examples = ML_SOURCE_DIR "/examples/materials/DefaultMaterialD.mat";
     Report("CreateMaterialLibrary, null, and FreeMaterialLibrary", 100,
            [&](int) { static_cast<void>(module.Create(nullptr)); });

@@ -1,10 +1,10 @@
 // MaterialLibrary.dll as a module of a process.
-#include "tests/win32/CImage.h"
+#include "tests/FindImport.h"
+#include "tests/TemporaryFile.h"
 #include "tests/win32/CMessageBoxRobot.h"
 #include "tests/win32/CModule.h"
-#include "tests/win32/CTestFolder.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <psapi.h>
 #include <stdexcept>
 
@@ -56,17 +56,16 @@ void* MallocThatFailsOnce(std::size_t size)
 TEST(Module, ThrowsBadAllocWhicheverAllocationFailsAndGoesOn)
 {
     const CModule module(CModule::GetBuiltPath());
-    const CTestFolder folder;
-    const std::string path = folder.Write("x.mat", laminate);
+    const TemporaryFile file("x.mat", laminate);
     const CMessageBoxRobot robot;
-    *CImage(module.GetHandle()).FindImport("malloc") = reinterpret_cast<void*>(MallocThatFailsOnce);
+    *FindImport(module.GetHandle(), "msvcrt", "malloc") = reinterpret_cast<void*>(MallocThatFailsOnce);
     int enough = -1;
     for (int allocations = 0; enough < 0 && allocations < 1000; ++allocations)
     {
         allocationsBeforeFailure = allocations;
         try
         {
-            const CModule::Library library = module.Create(path.c_str());
+            const CModule::Library library = module.Create(file.GetPath().c_str());
             EXPECT_EQ(library->GetMaterialCount(), 1);
             enough = allocationsBeforeFailure >= 0 ? allocations : -1;
         }

@@ -4,8 +4,8 @@
 #include "resources/CursorIds.h"
 #include "tests/CPixels.h"
 #include "tests/CountHandles.h"
+#include "tests/FindImport.h"
 #include "tests/chart/MakeChart.h"
-#include "tests/win32/CImage.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -103,7 +103,7 @@ TEST(ChartControl, PaintsWithOneCopyAndNeverErases)
     const auto picture = window.Read();
     EXPECT_THAT(picture, testing::Contains(0xFF0000U)) << "the first curve";
     EXPECT_THAT(picture, testing::Contains(0xFFFF00U)) << "the second curve";
-    void** const import = CImage(GetModuleHandleW(nullptr)).FindImport("BitBlt");
+    void** const import = FindImport(GetModuleHandleW(nullptr), "gdi32", "BitBlt");
     originalBitBlt = reinterpret_cast<decltype(&BitBlt)>(*import);
     *import = reinterpret_cast<void*>(CountedBitBlt);
     window.chart.Invalidate();

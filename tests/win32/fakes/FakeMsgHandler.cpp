@@ -1,24 +1,34 @@
-// A message handler that says on the standard output what it is asked for. Variants of it lack an entry
-// point each (CMakeLists.txt). The environment variable ML_FAKE_HANDLER may hold the words "disabled",
-// "nomanager" and "noregistrator".
+// A message handler that says on the standard output what it is asked for, through a manager and a
+// registrator of another compiler. The environment variable ML_FAKE_HANDLER may hold the word "disabled".
 #include "MaterialLibrary/IManager.h"
 #include "tests/win32/Console.h"
 #include "tests/win32/foreign/ForeignManager.h"
 
-#include <string_view>
+#include <string>
 
 namespace
 {
-bool IsSetUp(std::string_view word)
+std::string OrNull(const char* text)
 {
-    char words[64] = {};
-    GetEnvironmentVariableA("ML_FAKE_HANDLER", words, sizeof words);
-    return std::string_view(words).find(word) != std::string_view::npos;
+    return std::string(" ") + (text != nullptr ? text : "null");
 }
 
-void Print(const char* line)
+void PrintSlot(unsigned slot, const msg::MessageRequest* message)
 {
+    std::string line = "slot " + std::to_string(slot);
+    if (message != nullptr)
+    {
+        line += " " + std::to_string(reinterpret_cast<std::uintptr_t>(message->owner)) + OrNull(message->id) +
+                OrNull(message->type) + " " + std::to_string(message->severity) + OrNull(message->text) +
+                " " + std::to_string(message->buttons) + OrNull(message->caption) +
+                OrNull(message->checkText);
+    }
     PrintLine(line);
+}
+
+void PrintCall(const char* operation, const char* id)
+{
+    PrintLine(operation + OrNull(id));
 }
 } // namespace
 
@@ -27,26 +37,26 @@ extern "C"
     msg::IManager* GetMsgHandlerManager()
     {
         PrintLine("GetMsgHandlerManager");
-        return IsSetUp("nomanager") ? nullptr : GetForeignManager(Print);
+        return GetForeignManager(PrintSlot);
     }
 
     bool IsMsgHandlerEnabled()
     {
-        return !IsSetUp("disabled");
+        return GetEnvironmentVariableA("ML_FAKE_HANDLER", nullptr, 0) == 0;
     }
 
-    void SetMsgHandlerEnabled(bool enabled)
+    void SetMsgHandlerEnabled(bool /*enabled*/)
     {
-        SetEnvironmentVariableA("ML_FAKE_HANDLER", enabled ? "" : "disabled");
+        PrintLine("SetMsgHandlerEnabled");
     }
 
-    void SetMsgHandlerRegistrator(msg::IRegistrator*)
+    void SetMsgHandlerRegistrator(msg::IRegistrator* /*registrator*/)
     {
         PrintLine("SetMsgHandlerRegistrator");
     }
 
     msg::IRegistrator* GetMsgHandlerRegistrator()
     {
-        return IsSetUp("noregistrator") ? nullptr : GetForeignRegistrator(Print);
+        return GetForeignRegistrator(PrintCall);
     }
 }

@@ -1,19 +1,16 @@
 #pragma once
 
-namespace msg
-{
-class IManager;
-class IRegistrator;
-} // namespace msg
+#include "MaterialLibrary/CManagerAdapter.h"
 
-using PrintFunction = void (*)(const char* line);
+using SlotPrinter = void (*)(unsigned slot, const msg::MessageRequest* message);
+using CallPrinter = void (*)(const char* operation, const char* id);
 
 extern "C"
 {
-    // A message manager with the other C++ object format. Every slot prints its number and what it got;
-    // messages are answered with 100 and the number of the slot.
-    msg::IManager* GetForeignManager(PrintFunction print);
+    // A message manager with the other C++ object format. Every slot prints its number and the message that
+    // came through it; messages are answered with 100 and the number of the slot.
+    msg::IManager* GetForeignManager(SlotPrinter print);
 
     // A registrator with the other C++ object format. The message "suppressed" is not to be shown again.
-    msg::IRegistrator* GetForeignRegistrator(PrintFunction print);
+    msg::IRegistrator* GetForeignRegistrator(CallPrinter print);
 }

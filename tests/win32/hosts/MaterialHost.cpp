@@ -14,15 +14,6 @@ void UseModule(const char* path, const char* fileList)
     const CModule::Library library = module.Create(fileList);
     PrintLine("materials " + std::to_string(library->GetMaterialCount()));
 }
-
-void AddFolder(const char* folder)
-{
-    const std::wstring wide(folder, folder + std::char_traits<char>::length(folder));
-    if (AddDllDirectory(wide.c_str()) == nullptr)
-    {
-        PrintLine("cannot add the folder");
-    }
-}
 } // namespace
 
 int main(int count, char** arguments)
@@ -30,7 +21,8 @@ int main(int count, char** arguments)
     int next = 1;
     if (count > 3 && arguments[1] == std::string("--folder"))
     {
-        AddFolder(arguments[2]);
+        const std::string folder = arguments[2];
+        AddDllDirectory(std::wstring(folder.begin(), folder.end()).c_str());
         next = 3;
     }
     const CMessageBoxRobot robot;
@@ -43,9 +35,9 @@ int main(int count, char** arguments)
         PrintLine(error.what());
         return 1;
     }
-    for (const auto& box : robot.GetBoxes())
+    for (const std::string& box : robot.GetBoxes())
     {
-        PrintLine("box " + box.caption + (box.isWarning ? " (warning): " : ": ") + box.text);
+        PrintLine(box);
     }
     PrintLine("end");
     return 0;

@@ -1,10 +1,10 @@
-// Calls the message manager of a program that is linked with it: message_host slots|boxes
-// "slots" calls every slot of the manager. "boxes" shows plain boxes first, the handler module being switched
-// off by the environment, and then switches it on.
+// Calls the message manager of a program that is linked with it: it shows plain boxes while the handler
+// module is switched off, then calls every slot of the module's manager.
 #include "shared/MessageManager/MessageManager.h"
 #include "tests/win32/CMessageBoxRobot.h"
 #include "tests/win32/Console.h"
 
+#include <initializer_list>
 #include <string>
 
 namespace
@@ -66,25 +66,19 @@ void ShowOnceWithPlainBoxes()
     msg::IManager& manager = *GetMessageManager();
     PrintAnswers({manager.ShowOnceGenericDefaultOwner("suppressed", 2, "never seen", nullptr, nullptr),
                   manager.ShowOnceGenericDefaultOwner("id", 2, "seen", nullptr, nullptr)});
-    for (const auto& box : robot.GetBoxes())
+    for (const std::string& box : robot.GetBoxes())
     {
-        PrintLine("box " + box.caption + (box.isWarning ? " (warning): " : ": ") + box.text);
+        PrintLine(box);
     }
 }
 } // namespace
 
-int main(int count, char** arguments)
+int main()
 {
-    if (count > 1 && arguments[1] == std::string("boxes"))
-    {
-        ShowOnceWithPlainBoxes();
-        SetEnvironmentVariableA("ML_FAKE_HANDLER", "");
-        GetMessageManager()->ShowGenericDefaultOwner(2, "switched on again", nullptr);
-    }
-    else
-    {
-        CallEverySlot(*GetMessageManager());
-    }
+    SetEnvironmentVariableA("ML_FAKE_HANDLER", "disabled");
+    ShowOnceWithPlainBoxes();
+    SetEnvironmentVariableA("ML_FAKE_HANDLER", nullptr);
+    CallEverySlot(*GetMessageManager());
     PrintLine("end");
     return 0;
 }
