@@ -94,92 +94,76 @@ TEST_F(MessageManager, LoadsTheHandlerOnceAndAsksEveryTimeWhetherItIsEnabled)
 
 TEST_F(MessageManager, NeedsThreeEntryPointsOfTheHandlerAndItsManager)
 {
+    const auto expectNone = [this](const char* why)
+    {
+        msg::CHandlerModule absent(loader);
+        EXPECT_EQ(absent.FindEnabledManager(), nullptr) << why;
+        EXPECT_EQ(absent.FindEnabledManager(), nullptr) << why;
+        EXPECT_EQ(absent.FindRegistrator(), nullptr) << why;
+    };
+    const CFakeModuleLoader complete = loader;
+    for (const char* missing : {"GetMsgHandlerManager", "IsMsgHandlerEnabled", "SetMsgHandlerEnabled"})
+    {
+        Module().erase(missing);
+        expectNone(missing);
+        loader = complete;
+    }
+    EXPECT_EQ(fake.managerCalls, 0);
+    fake.manager = nullptr;
+    expectNone("no manager");
+    fake.manager = &stub;
+    loader = complete;
     Module().erase("GetMsgHandlerRegistrator");
     for (int i = 0; i < 2; ++i)
     {
         EXPECT_EQ(handler.FindRegistrator(), nullptr);
         EXPECT_EQ(handler.FindEnabledManager(), &stub);
     }
-    for (const char* missing : {"GetMsgHandlerManager", "IsMsgHandlerEnabled", "SetMsgHandlerEnabled"})
-    {
-        CFakeModuleLoader incomplete = loader;
-        incomplete.modules["MsgHandler.dll"].erase(missing);
-        msg::CHandlerModule withoutIt(incomplete);
-        EXPECT_EQ(withoutIt.FindEnabledManager(), nullptr) << missing;
-    }
-    EXPECT_EQ(fake.managerCalls, 1);
-    fake.manager = nullptr;
-    msg::CHandlerModule withoutManager(loader);
-    EXPECT_EQ(withoutManager.FindEnabledManager(), nullptr);
-    EXPECT_EQ(withoutManager.FindRegistrator(), nullptr);
-
+    EXPECT_EQ(loader.loads["MsgHandler.dll"], 1);
     loader = {};
     msg::CHandlerModule withoutModule(loader);
     EXPECT_EQ(withoutModule.FindEnabledManager(), nullptr);
     EXPECT_EQ(withoutModule.FindEnabledManager(), nullptr);
     EXPECT_EQ(loader.loads["MsgHandler.dll"], 1) << "it is not looked for at every message";
-    EXPECT_EQ(withoutModule.FindRegistrator(), nullptr);
+    expectNone("no module");
 }
 
-TEST_F(MessageManager, ShowsEveryFormOfAMessage)
+TEST_F(MessageManager, AnswersEverySlot)
 {
     msg::WindowHandle const w = &window;
-    const struct
-    {
-        bool owned;
-        unsigned buttons;
-        std::vector<int> answers; // with and without the type
-        int expected;
-    } rows[] = {
-        {true, 0, {stub.Show(w, "t", 2, "text", "cap"), stub.ShowGeneric(w, 2, "text", "cap")}, answerNo},
-        {false,
-         0,
-         {stub.ShowDefaultOwner("t", 2, "text", "cap"), stub.ShowGenericDefaultOwner(2, "text", "cap")},
-         answerNo},
-        {true,
-         0,
-         {stub.ShowOnce(w, "i", "t", 2, "text", "cap", "c"),
-          stub.ShowOnceGeneric(w, "i", 2, "text", "cap", "c")},
-         1},
-        {false,
-         0,
-         {stub.ShowOnceDefaultOwner("i", "t", 2, "text", "cap", "c"),
-          stub.ShowOnceGenericDefaultOwner("i", 2, "text", "cap", "c")},
-         1},
-        {true, 4, {stub.Ask(w, "t", 2, "text", 4, "cap"), stub.AskGeneric(w, 2, "text", 4, "cap")}, answerNo},
-        {false,
-         4,
-         {stub.AskDefaultOwner("t", 2, "text", 4, "cap"), stub.AskGenericDefaultOwner(2, "text", 4, "cap")},
-         answerNo},
-        {true,
-         4,
-         {stub.AskRemembered(w, "i", "t", 2, "text", 4, "cap", "c"),
-          stub.AskRememberedGeneric(w, "i", 2, "text", 4, "cap", "c")},
-         answerNo},
-        {false,
-         4,
-         {stub.AskRememberedDefaultOwner("i", "t", 2, "text", 4, "cap", "c"),
-          stub.AskRememberedGenericDefaultOwner("i", 2, "text", 4, "cap", "c")},
-         answerNo},
+    const int answers[] = {
+        stub.Show(w, "t", 2, "text", "cap"),
+        stub.ShowGeneric(w, 2, "text", "cap"),
+        stub.ShowDefaultOwner("t", 2, "text", "cap"),
+        stub.ShowGenericDefaultOwner(2, "text", "cap"),
+        stub.ShowOnce(w, "i", "t", 2, "text", "cap", "c"),
+        stub.ShowOnceGeneric(w, "i", 2, "text", "cap", "c"),
+        stub.ShowOnceDefaultOwner("i", "t", 2, "text", "cap", "c"),
+        stub.ShowOnceGenericDefaultOwner("i", 2, "text", "cap", "c"),
+        stub.Ask(w, "t", 2, "text", yesNo, "cap"),
+        stub.AskGeneric(w, 2, "text", yesNo, "cap"),
+        stub.AskDefaultOwner("t", 2, "text", yesNo, "cap"),
+        stub.AskGenericDefaultOwner(2, "text", yesNo, "cap"),
+        stub.AskRemembered(w, "i", "t", 2, "text", yesNo, "cap", "c"),
+        stub.AskRememberedGeneric(w, "i", 2, "text", yesNo, "cap", "c"),
+        stub.AskRememberedDefaultOwner("i", "t", 2, "text", yesNo, "cap", "c"),
+        stub.AskRememberedGenericDefaultOwner("i", 2, "text", yesNo, "cap", "c"),
     };
-    ASSERT_EQ(box.boxes.size(), 2 * std::size(rows));
-    for (std::size_t i = 0; i < box.boxes.size(); ++i)
+    ASSERT_EQ(box.boxes.size(), std::size(answers));
+    for (std::size_t i = 0; i < std::size(answers); ++i)
     {
         SCOPED_TRACE("slot " + std::to_string(i + 1));
-        const auto& row = rows[i / 2];
-        EXPECT_EQ(row.answers[i % 2], row.expected);
-        EXPECT_EQ(box.boxes[i].owner, row.owned ? w : &mainWindow);
+        const bool isShownOnce = i / 4 == 1;
+        EXPECT_EQ(answers[i], isShownOnce ? 1 : answerNo);
+        EXPECT_EQ(box.boxes[i].owner, i % 4 < 2 ? w : &mainWindow);
         EXPECT_EQ(box.boxes[i].text, "text");
         EXPECT_EQ(box.boxes[i].caption, "cap");
-        EXPECT_EQ(box.boxes[i].style, row.buttons | msg::boxIconExclamation);
+        EXPECT_EQ(box.boxes[i].style, (i < 8 ? 0 : yesNo) | msg::boxIconExclamation);
     }
     EXPECT_THAT(translations, IsEmpty()) << "every message brought its check text";
     stub.ShowGeneric(nullptr, 2, "text", "cap");
     EXPECT_EQ(box.boxes.back().owner, nullptr) << "an owner given as none stays none";
-}
 
-TEST_F(MessageManager, AnswersTheOtherSlotsWithoutShowingAnything)
-{
     int number = 4321;
     const auto read = [](void*, void*, void*, void* d) { return *static_cast<int*>(d); };
     EXPECT_EQ(stub.Invoke(read, nullptr, nullptr, nullptr, &number), 4321);
@@ -227,15 +211,6 @@ TEST_F(MessageManager, CaptionsByCallerApplicationOrExecutable)
     }
 }
 
-TEST_F(MessageManager, TranslatesTheCheckTextThatIsNotGiven)
-{
-    stub.ShowOnceGenericDefaultOwner("id", 2, "text", nullptr, nullptr);
-    stub.AskRememberedGeneric(&window, "id", 2, "text", yesNo, nullptr, nullptr);
-    EXPECT_THAT(translations,
-                ElementsAre("SHARED shared.po Don't show this message again",
-                            "SHARED shared.po Remember answer and don't show this message box again"));
-}
-
 TEST_F(MessageManager, KeepsMessagesBackThatTheRegistratorSuppresses)
 {
     registrator.suppressed = {"known"};
@@ -246,6 +221,9 @@ TEST_F(MessageManager, KeepsMessagesBackThatTheRegistratorSuppresses)
     EXPECT_EQ(stub.ShowOnceGeneric(&window, "other", 2, "text", nullptr, nullptr), 1);
     EXPECT_EQ(stub.AskRememberedGeneric(&window, "known", 2, "text", yesNo, nullptr, nullptr), answerNo)
         << "questions are always asked";
+    EXPECT_THAT(translations,
+                ElementsAre("SHARED shared.po Don't show this message again",
+                            "SHARED shared.po Remember answer and don't show this message box again"));
     fake.registrator = nullptr;
     EXPECT_EQ(stub.ShowOnceGenericDefaultOwner("known", 2, "text", nullptr, nullptr), 1);
     EXPECT_EQ(box.boxes.size(), 3U);

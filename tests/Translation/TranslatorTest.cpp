@@ -13,17 +13,13 @@ using testing::IsEmpty;
 
 std::vector<std::string> calls;
 
-void NeverCalled()
-{
-    ADD_FAILURE() << "an entry point that is only looked for was called";
-}
-
 class Translator : public testing::Test
 {
 protected:
     Translator()
     {
         calls.clear();
+        const auto neverCalled = [] { ADD_FAILURE() << "an entry point that is only looked for was called"; };
         loader.modules["gettext64.dll"] = {
             {"mgettext", AsEntryPoint(+[](const char* domain, const char* original)
                                       {
@@ -32,8 +28,8 @@ protected:
                                       })},
             {"LoadTranslationFile", AsEntryPoint(+[](const char* domain, const char* catalogue)
                                                  { Note("LoadTranslationFile", domain, catalogue); })},
-            {"SelectLocale", NeverCalled},
-            {"GetSelectedLocaleDir", NeverCalled},
+            {"SelectLocale", neverCalled},
+            {"GetSelectedLocaleDir", neverCalled},
             {"UpdateLocaleDir", [] { calls.emplace_back("UpdateLocaleDir"); }},
         };
     }
