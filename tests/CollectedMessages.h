@@ -3,6 +3,7 @@
 #include "framework/CModuleState.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
 
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
@@ -28,6 +29,10 @@ public:
     int Show(msg::WindowHandle owner, const char* text, const char* caption, unsigned style) override
     {
         boxes.push_back({text, caption, style, owner, CurrentModuleState()});
+        if (prints)
+        {
+            std::fprintf(stderr, "[%s] [%s] style %u owner %d\n", caption, text, style, owner != nullptr);
+        }
         if (onShow)
         {
             onShow();
@@ -39,6 +44,7 @@ public:
     [[nodiscard]] std::string GetApplicationName() override { return applicationName; }
     [[nodiscard]] std::string GetExecutablePath() override { return executablePath; }
 
+    bool prints = false; // to the standard error stream: what a test of the process's end can see
     std::vector<Box> boxes;
     std::function<void()> onShow;
     int answer = msg::answerOk;

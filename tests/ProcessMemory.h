@@ -7,7 +7,7 @@
 
 #include <psapi.h>
 #else
-#include <cstdio>
+#include <fstream>
 #include <unistd.h>
 #endif
 
@@ -21,15 +21,7 @@
 #else
     std::size_t total = 0;
     std::size_t resident = 0;
-    std::FILE* const file = std::fopen("/proc/self/statm", "r");
-    if (file == nullptr || std::fscanf(file, "%zu %zu", &total, &resident) != 2)
-    {
-        resident = 0;
-    }
-    if (file != nullptr)
-    {
-        std::fclose(file);
-    }
+    std::ifstream("/proc/self/statm") >> total >> resident;
     return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 #endif
 }

@@ -1,13 +1,14 @@
-#include "framework/CHandle.h"
+#include "framework/CDialog.h"
+#include "framework/Profile.h"
+#include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
 #include "tests/CModalScript.h"
 #include "tests/CPixels.h"
-#include "tests/CPrintingBox.h"
 #include "tests/CSandboxedProfile.h"
+#include "tests/CollectedMessages.h"
 #include "tests/CountHandles.h"
-#include "tests/CtrlAutoMover/CMoverDialog.h"
 
 #include <gmock/gmock.h>
-#include <map>
+#include <memory>
 
 namespace
 {
@@ -16,13 +17,46 @@ constexpr int below = 602;
 constexpr int moved = 603;
 constexpr int fixed = 604;
 constexpr int missing = 999;
+constexpr const char* section = "CMoverDialog";
+
+class CMoverDialog final : public CDialog
+{
+public:
+    CMoverDialog() : CDialog(500) {}
+
+    using CDialog::EndModal;
+
+    [[nodiscard]] const char* GetRuntimeClassName() const override { return name; }
+
+    std::unique_ptr<CCtrlAutoMover> mover;
+    std::function<void()> onInit = [] {};
+    const char* name = section;
+
+protected:
+    bool OnInitDialog() override
+    {
+        mover = std::make_unique<CCtrlAutoMover>(this);
+        onInit();
+        return true;
+    }
+};
+
+// A window's place in its parent or on the screen.
+CtrlRect Place(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    MapWindowPoints(nullptr, GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&rect), 2);
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
 
 class Mover : public testing::Test
 {
 protected:
-    // Runs the dialog, with these steps after it was shown.
+    // Runs the dialog; these steps come after it was shown.
     void Run(std::deque<std::function<void()>> steps)
     {
+        steps.emplace_front([&] { first = Place(dialog.GetHandle()); });
         steps.emplace_back([this] { dialog.EndModal(1); });
         CModalScript script(std::move(steps));
         EXPECT_EQ(dialog.DoModal(), 1);
@@ -40,82 +74,63 @@ protected:
         };
         EXPECT_THAT(groups, testing::ElementsAre(1, 2, 3));
         EXPECT_EQ(mover.AddGroup(leftEdge, topEdge, leftEdge, topEdge, {0, fixed}), 0);
-        for (const int group : groups)
+        for (int group = 0; proportional && group <= 4; ++group) // there is no group 0 and no group 4
         {
-            if (proportional)
-            {
-                mover.SetProportional(group, dialog.GetHandle(), 1.0, 1.0, 1.0, 1.0);
-            }
+            const double factor = group % 4 == 0 ? 9.0 : 1.0;
+            mover.SetProportional(group, dialog.GetHandle(), factor, factor, factor, factor);
         }
-        mover.SetProportional(0, dialog.GetHandle(), 9.0, 9.0, 9.0, 9.0);
-        mover.SetProportional(4, dialog.GetHandle(), 9.0, 9.0, 9.0, 9.0);
     }
 
-    std::map<int, CtrlRect> Controls() const
+    // Makes the window so much larger than it was when it opened.
+    void Grow(int dx, int dy) const
     {
-        std::map<int, CtrlRect> controls;
+        SetWindowPos(dialog.GetHandle(), nullptr, 0, 0, first.right - first.left + dx,
+                     first.bottom - first.top + dy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    [[nodiscard]] std::vector<CtrlRect> Controls() const
+    {
+        std::vector<CtrlRect> places;
         for (const int id : {stretched, below, moved, fixed})
         {
-            controls[id] = dialog.GetControl(id);
+            places.push_back(Place(GetDlgItem(dialog.GetHandle(), id)));
         }
-        return controls;
+        return places;
     }
 
     CSandboxedProfile profile;
     CMoverDialog dialog;
+    CtrlRect first{}; // where the window was when it opened
 };
 
-TEST_F(Mover, AHundredSizesLeadBackToTheExactFirstGeometry)
+TEST_F(Mover, EveryGroupFollowsItsEdgesAndAHundredSizesLeadBack)
 {
     for (const bool proportional : {true, false})
     {
         dialog.onInit = [&] { AddGroups(proportional); };
         Run({[&]
              {
-                 const auto first = Controls();
-                 const RECT frame = dialog.GetFrame();
-                 const int width = frame.right - frame.left;
-                 const int height = frame.bottom - frame.top;
+                 const std::vector<CtrlRect> before = Controls();
                  for (int i = 1; i <= 100; ++i)
                  {
-                     dialog.Resize(width + 3 * i, height + 7 * i % 50);
-                     EXPECT_EQ(dialog.GetControl(stretched).right, first.at(stretched).right + 3 * i);
-                     dialog.Resize(width, height);
-                     ASSERT_EQ(Controls(), first) << i << (proportional ? " in proportion" : " by offset");
+                     const int dx = 3 * i;
+                     const int dy = 7 * i % 50;
+                     std::vector<CtrlRect> expected = before;
+                     expected[0].right += dx;
+                     expected[0].bottom += dy;
+                     expected[1] =
+                         MoveByOffset(before[1], {leftEdge, bottomEdge, rightEdge, bottomEdge}, dx, dy);
+                     expected[2] =
+                         MoveByOffset(before[2], {rightEdge, bottomEdge, rightEdge, bottomEdge}, dx, dy);
+                     Grow(dx, dy);
+                     ASSERT_EQ(Controls(), expected) << i << (proportional ? " in proportion" : " by offset");
+                     Grow(0, 0);
+                     ASSERT_EQ(Controls(), before) << i;
                  }
+                 dialog.mover->RemoveAllGroups();
+                 Grow(30, 20);
+                 EXPECT_EQ(Controls(), before) << "nobody moves without a group";
              }});
-    }
-}
-
-TEST_F(Mover, EveryGroupFollowsItsEdges)
-{
-    dialog.onInit = [&] { AddGroups(true); };
-    Run({[&]
-         {
-             const auto first = Controls();
-             const RECT frame = dialog.GetFrame();
-             dialog.Resize(frame.right - frame.left + 30, frame.bottom - frame.top + 20);
-             auto expected = first;
-             expected[stretched].right += 30;
-             expected[stretched].bottom += 20;
-             expected[below] = {first.at(below).left, first.at(below).top + 20, first.at(below).right + 30,
-                                first.at(below).bottom + 20};
-             expected[moved] = {first.at(moved).left + 30, first.at(moved).top + 20,
-                                first.at(moved).right + 30, first.at(moved).bottom + 20};
-             EXPECT_EQ(Controls(), expected);
-
-             dialog.mover->RemoveAllGroups();
-             dialog.Resize(frame.right - frame.left, frame.bottom - frame.top);
-             EXPECT_EQ(Controls(), expected) << "nobody moves without a group";
-         }});
-}
-
-void PaintEverythingInvalid()
-{
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE)
-    {
-        DispatchMessageW(&message);
     }
 }
 
@@ -131,11 +146,13 @@ TEST_F(Mover, AResizedDialogLooksAsIfItWerePaintedAfresh)
         };
         Run({[&]
              {
-                 const RECT frame = dialog.GetFrame();
                  for (const int growth : {10, 25, 5, 40, 0})
                  {
-                     dialog.Resize(frame.right - frame.left + growth, frame.bottom - frame.top + growth);
-                     PaintEverythingInvalid();
+                     Grow(growth, growth);
+                     for (MSG message{}; PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE);)
+                     {
+                         DispatchMessageW(&message);
+                     }
                      const auto seen = ReadWindow(dialog.GetHandle());
                      RedrawWindow(dialog.GetHandle(), nullptr, nullptr,
                                   RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
@@ -149,12 +166,11 @@ TEST_F(Mover, KeepsTheMinimumSize)
 {
     Run({[&]
          {
-             const RECT frame = dialog.GetFrame();
-             dialog.mover->minWidth = frame.right - frame.left;
-             dialog.mover->minHeight = frame.bottom - frame.top - 10;
-             dialog.Resize(50, 50);
-             EXPECT_EQ(dialog.GetFrame().right, frame.right);
-             EXPECT_EQ(dialog.GetFrame().bottom, frame.bottom - 10);
+             dialog.mover->minWidth = first.right - first.left;
+             dialog.mover->minHeight = first.bottom - first.top - 10;
+             Grow(-100, -100);
+             EXPECT_EQ(Place(dialog.GetHandle()),
+                       (CtrlRect{first.left, first.top, first.right, first.bottom - 10}));
          }});
 }
 
@@ -167,39 +183,63 @@ TEST_F(Mover, LeavesNothingBehind)
             dialog.mover = nullptr;
             dialog.mover = std::make_unique<CCtrlAutoMover>(&dialog);
             AddGroups(true);
-            dialog.Resize(500 + round % 10, 400);
+            Grow(round % 10, 0);
         }
         dialog.EndModal(1);
     };
     ExpectRoundsLeaveNothingBehind(1, 1, [&](int) { dialog.DoModal(); });
 }
 
-TEST_F(Mover, MayOutliveItsWindowAndGoBeforeIt)
+TEST_F(Mover, TheWindowReopensWhereItWasLeft)
 {
-    RegisterPlainWindowClass(L"MoverTest");
-    for (const bool windowFirst : {true, false})
+    const auto restore = [&] { ShowWindow(dialog.GetHandle(), SW_RESTORE); };
+    constexpr CtrlRect left{33, 44, 33 + 421, 44 + 322};
+    for (const bool maximise : {true, false})
     {
-        CWindowHandle window(CreatePlainWindow({.className = L"MoverTest"}));
-        const LONG_PTR procedure = GetWindowLongPtrW(window.get(), GWLP_WNDPROC);
-        CWnd object;
-        object.Attach(window.get());
-        auto mover = std::make_unique<CCtrlAutoMover>(&object);
-        if (windowFirst)
+        Run({restore, [&]
+             {
+                 MoveWindow(dialog.GetHandle(), left.left, left.top, 421, 322, FALSE);
+                 ShowWindow(dialog.GetHandle(), maximise ? SW_MAXIMIZE : SW_SHOW);
+             }});
+        EXPECT_EQ(ReadProfileInteger(section, "MaximizeWnd", -1), maximise ? 1 : 0);
+        EXPECT_EQ(ReadProfileString(section, "WndPosition", ""), "33,44");
+        EXPECT_EQ(ReadProfileString(section, "WndSize", ""), "421,322");
+        for (const bool wasMaximised : {maximise, false}) // it does not drift
         {
-            window.reset();
-        }
-        object.Detach();
-        mover.reset();
-        if (!windowFirst)
-        {
-            EXPECT_EQ(GetWindowLongPtrW(window.get(), GWLP_WNDPROC), procedure);
+            Run({[&] { EXPECT_EQ(IsZoomed(dialog.GetHandle()) != FALSE, wasMaximised); }, restore,
+                 [&] { EXPECT_EQ(Place(dialog.GetHandle()), left); }});
         }
     }
 }
 
+TEST_F(Mover, AMonitorThatHasGoneBringsTheWindowBack)
+{
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    StoreProfileString(section, "WndPosition", "50000,-5000");
+    StoreProfileString(section, "WndSize", "400 ,300 ");
+    Run({});
+    EXPECT_EQ(first, (CtrlRect{area.right - 400, area.top, area.right, area.top + 300}));
+    StoreProfileString(section, "WndSize", "2147483647,2147483647"); // the system limits it
+    Run({});
+    EXPECT_EQ(std::pair(first.left, first.top), std::pair(0, 0));
+}
+
+TEST_F(Mover, ThePlacementIsNotKeptWithoutAClassNameOrWhenTheOwnerSaysSo)
+{
+    dialog.name = "CWnd";
+    Run({});
+    EXPECT_EQ(ReadProfileInteger("CWnd", "MaximizeWnd", -1), -1);
+    dialog.name = section;
+    dialog.onInit = [&] { dialog.mover->keepPlacement = false; };
+    Run({});
+    EXPECT_EQ(ReadProfileInteger(section, "MaximizeWnd", -1), -1);
+}
+
 TEST(MoverDeathTest, NeedsAnExistingWindow)
 {
-    const CPrintingBox box;
+    CollectedMessages messages;
+    messages.prints = true;
     const CWnd noWindow;
     EXPECT_EXIT(CCtrlAutoMover(nullptr), testing::ExitedWithCode(1),
                 testing::HasSubstr("Line:93,   File:..\\shared\\CtrlAutoMover.cpp   File date:"));

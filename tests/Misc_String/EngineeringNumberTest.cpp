@@ -1,7 +1,7 @@
 #include "shared/Misc_String/EngineeringNumber.h"
 
 #include "shared/Misc_String/CodePage.h"
-#include "tests/CPrintingBox.h"
+#include "tests/CollectedMessages.h"
 
 #include <gmock/gmock.h>
 #include <limits>
@@ -108,7 +108,8 @@ TEST(EngineeringNumberDeathTest, NullText)
     double out = 1.0;
     EXPECT_EXIT(
         {
-            const CPrintingBox box;
+            CollectedMessages messages;
+            messages.prints = true;
             (void)ParseEngineeringNumber(nullptr, &out);
         },
         testing::ExitedWithCode(1),

@@ -1,23 +1,37 @@
 #include "framework/CDialog.h"
 #include "framework/CHandle.h"
 #include "framework/CModuleState.h"
-#include "framework/DialogItems.h"
 #include "tests/CModalScript.h"
-#include "tests/CountHandles.h"
 
 #include <functional>
 #include <gmock/gmock.h>
 #include <stdexcept>
-#include <vector>
 
 namespace
 {
-using testing::ThrowsMessage;
+const auto failed = testing::ThrowsMessage<std::runtime_error>("failed");
 
 constexpr int firstEdit = 601;
-constexpr int secondEdit = 602;
-constexpr int combo = 603;
-constexpr int check = 604;
+
+// What throws in the code of a window at that message.
+auto FailAt(UINT moment)
+{
+    return [moment](UINT message)
+    {
+        if (message == moment)
+        {
+            throw std::runtime_error("failed");
+        }
+    };
+}
+
+bool AreControlsThemed()
+{
+    HANDLE context = nullptr;
+    GetCurrentActCtx(&context);
+    ReleaseActCtx(context);
+    return context != nullptr;
+}
 
 class CTestDialog final : public CDialog
 {
@@ -25,34 +39,18 @@ public:
     CTestDialog() : CDialog(500) {}
 
     using CDialog::EndModal;
-    using CDialog::RefuseText;
 
-    void PressEscape() const { PostMessageW(GetHandle(), WM_COMMAND, IDCANCEL, 0); }
-
-    std::function<void()> onInit;
-    std::function<void(UINT)> onMessage;
-    std::vector<std::pair<int, unsigned>> commands;
+    std::function<void(UINT)> onMessage = [](UINT) {};
 
 protected:
     bool OnInitDialog() override
     {
-        if (onInit)
-        {
-            onInit();
-        }
+        onMessage(WM_INITDIALOG);
         return true;
-    }
-    bool OnCommand(int control, unsigned code) override
-    {
-        commands.emplace_back(control, code);
-        return CDialog::OnCommand(control, code);
     }
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        if (onMessage)
-        {
-            onMessage(message);
-        }
+        onMessage(message);
         return CDialog::HandleMessage(message, wParam, lParam);
     }
 };
@@ -80,6 +78,7 @@ TEST_F(Dialog, BelongsToTheHostsActiveWindow)
                              EXPECT_FALSE(IsWindowEnabled(host.get()));
                              EXPECT_EQ(GetActiveWindow(), dialog.GetHandle());
                              EXPECT_EQ(GetFocus(), GetDlgItem(dialog.GetHandle(), firstEdit));
+                             EXPECT_TRUE(AreControlsThemed());
                              dialog.EndModal(77);
                          }});
     EXPECT_EQ(dialog.DoModal(), 77);
@@ -87,6 +86,7 @@ TEST_F(Dialog, BelongsToTheHostsActiveWindow)
     EXPECT_TRUE(IsWindowEnabled(host.get()));
     EXPECT_EQ(GetActiveWindow(), host.get());
     EXPECT_EQ(dialog.GetHandle(), nullptr);
+    EXPECT_FALSE(AreControlsThemed());
 }
 
 TEST_F(Dialog, EndsByItsButtonsAndByTheCloseBox)
@@ -118,24 +118,13 @@ TEST_F(Dialog, IsMadeFromTheTemplateOfTheCurrentStatesModule)
 
 TEST_F(Dialog, ExceptionsOfEveryMomentReachTheCaller)
 {
-    const auto fail = [] { throw std::runtime_error("failed"); };
-    dialog.onInit = fail;
-    EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("failed"));
-    dialog.onInit = nullptr;
-
-    for (const UINT moment : {UINT{WM_SHOWWINDOW}, UINT{WM_PAINT}, UINT{WM_COMMAND}, UINT{WM_TIMER},
-                              UINT{WM_DESTROY}, UINT{WM_NCDESTROY}})
+    for (const UINT moment : {UINT{WM_INITDIALOG}, UINT{WM_SHOWWINDOW}, UINT{WM_PAINT}, UINT{WM_COMMAND},
+                              UINT{WM_TIMER}, UINT{WM_DESTROY}, UINT{WM_NCDESTROY}})
     {
-        dialog.onMessage = [&](UINT message)
-        {
-            if (message == moment)
-            {
-                fail();
-            }
-        };
-        CModalScript script(
-            {[&] { PostMessageW(dialog.GetHandle(), WM_TIMER, 1, 0); }, [&] { dialog.PressEscape(); }});
-        EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("failed")) << moment;
+        dialog.onMessage = FailAt(moment);
+        CModalScript script({[&] { PostMessageW(dialog.GetHandle(), WM_TIMER, 1, 0); },
+                             [&] { PostMessageW(dialog.GetHandle(), WM_COMMAND, IDCANCEL, 0); }});
+        EXPECT_THAT([&] { dialog.DoModal(); }, failed) << moment;
         EXPECT_EQ(dialog.GetHandle(), nullptr);
         EXPECT_TRUE(IsWindowEnabled(host.get()));
     }
@@ -144,77 +133,10 @@ TEST_F(Dialog, ExceptionsOfEveryMomentReachTheCaller)
 TEST_F(Dialog, AnExceptionPassesThroughNestedDialogs)
 {
     CTestDialog inner;
-    inner.onInit = [] { throw std::runtime_error("inner"); };
-    dialog.onMessage = [&](UINT message)
-    {
-        if (message == WM_APP)
-        {
-            inner.DoModal();
-        }
-    };
+    inner.onMessage = FailAt(WM_INITDIALOG);
+    dialog.onMessage = [&](UINT message) { message == WM_APP ? inner.DoModal() : 0; };
     CModalScript script({[&] { PostMessageW(dialog.GetHandle(), WM_APP, 0, 0); }});
-    EXPECT_THAT([&] { dialog.DoModal(); }, ThrowsMessage<std::runtime_error>("inner"));
+    EXPECT_THAT([&] { dialog.DoModal(); }, failed);
     EXPECT_TRUE(script.IsDone());
-}
-
-TEST_F(Dialog, ARefusedTextIsSelectedAndNobodyValidatesMeanwhile)
-{
-    const auto refuse = [&]
-    {
-        const HWND window = dialog.GetHandle();
-        SetItemText(window, firstEdit, "1mm");
-        SetFocus(GetDlgItem(window, secondEdit));
-        dialog.commands.clear();
-        dialog.RefuseText(firstEdit, [&] { SetFocus(nullptr); });
-        EXPECT_EQ(GetFocus(), GetDlgItem(window, firstEdit));
-        EXPECT_EQ(SendDlgItemMessageW(window, firstEdit, EM_GETSEL, 0, 0), MAKELONG(0, 3));
-        EXPECT_THAT(dialog.commands, testing::IsEmpty());
-        SetFocus(GetDlgItem(window, secondEdit));
-        EXPECT_THAT(dialog.commands, testing::Contains(std::pair<int, unsigned>(firstEdit, EN_KILLFOCUS)));
-        dialog.PressEscape();
-    };
-    CModalScript script({refuse});
-    dialog.DoModal();
-    EXPECT_TRUE(script.IsDone());
-}
-
-TEST_F(Dialog, EndedItNoLongerListensToItsControls)
-{
-    CModalScript script({[&]
-                         {
-                             SetFocus(GetDlgItem(dialog.GetHandle(), firstEdit));
-                             dialog.commands.clear();
-                             dialog.PressEscape();
-                         }});
-    dialog.DoModal();
-    EXPECT_THAT(dialog.commands, testing::ElementsAre(std::pair<int, unsigned>(IDCANCEL, 0U)));
-}
-
-TEST_F(Dialog, ItemsKeepTextsChecksAndChoices)
-{
-    const std::string longText = "tab\t & \xB0 " + std::string(10000, 'x');
-    dialog.onInit = [&]
-    {
-        const HWND window = dialog.GetHandle();
-        EXPECT_EQ(GetItemText(window, 999), "");
-        SetItemChecked(window, check, true);
-        EXPECT_TRUE(IsItemChecked(window, check));
-        EXPECT_FALSE(IsItemChecked(window, 999));
-        AddComboItem(window, combo, "<All>", -1);
-        EXPECT_EQ(GetComboData(window, combo, -7), -7);
-        AddComboItem(window, combo, longText, 5);
-        EXPECT_FALSE(SelectComboData(window, combo, 6));
-        EXPECT_TRUE(SelectComboData(window, combo, 5));
-        EXPECT_EQ(GetComboData(window, combo, 0), 5);
-        EXPECT_EQ(GetItemText(window, combo), longText);
-        dialog.EndModal(1);
-    };
-    EXPECT_EQ(dialog.DoModal(), 1);
-}
-
-TEST_F(Dialog, HundredsOfRoundsLeaveNothingBehind)
-{
-    dialog.onInit = [&] { dialog.EndModal(1); };
-    ExpectRoundsLeaveNothingBehind(3, 200, [&](int) { dialog.DoModal(); });
 }
 } // namespace

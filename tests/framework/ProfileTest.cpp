@@ -29,10 +29,6 @@ TEST_F(Profile, KeepsValuesUnderTheModulesKey)
         EXPECT_TRUE(StoreProfileString("Section", "Text", value));
         EXPECT_EQ(ReadProfileString("Section", "Text", "none"), value);
     }
-    DWORD type = 0;
-    EXPECT_EQ(RegGetValueA(HKEY_CURRENT_USER, "Software\\Corvane\\MaterialLibrary\\Section", "Number",
-                           RRF_RT_DWORD, &type, nullptr, nullptr),
-              ERROR_SUCCESS);
 }
 
 TEST_F(Profile, TakesMalformedValuesForMissingOnes)

@@ -115,6 +115,7 @@ TEST_F(Chooser, WhatIsNoThicknessIsRefusedBeforeAnythingChanges)
         EXPECT_EQ(messages.boxes[0].caption, messages.applicationName);
         EXPECT_EQ(messages.boxes[0].owner, Dialog());
         EXPECT_EQ(GetFocus(), Item(ML_EDIT_THICKNESS_MINIMUM));
+        EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, 6)) << "the text is selected";
         EXPECT_EQ(GetChooserFilterSettings().thicknessMinimum, 0.0);
         EXPECT_EQ(Names().size(), 5U);
         SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "0");

@@ -68,23 +68,23 @@ public:
         return ToMultibyte(text);
     }
 
-    // "^" for ascending, "v" for descending, "-" without an arrow: one letter for each column of the list.
-    [[nodiscard]] static std::string GetArrows(HWND list)
-    {
-        std::string arrows;
-        ForEachHeader(
-            list,
-            [&](const HDITEMW& item) {
-                arrows += (item.fmt & HDF_SORTUP) != 0 ? '^' : (item.fmt & HDF_SORTDOWN) != 0 ? 'v' : '-';
-            });
-        return arrows;
-    }
-
+    // The texts of the list's headers, "^" or "v" after that with the sort arrow.
     [[nodiscard]] static std::string GetHeaderTexts(HWND list)
     {
+        const HWND header = ListView_GetHeader(list);
         std::string texts;
-        ForEachHeader(list, [&](const HDITEMW& item) { texts += "|" + ToMultibyte(item.pszText); });
-        return texts.substr(1);
+        for (int i = 0; i < Header_GetItemCount(header); ++i)
+        {
+            wchar_t text[100] = L"";
+            HDITEMW item{};
+            item.mask = HDI_FORMAT | HDI_TEXT;
+            item.pszText = text;
+            item.cchTextMax = static_cast<int>(std::size(text));
+            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+            texts += (i == 0 ? "" : "|") + ToMultibyte(text);
+            texts += (item.fmt & HDF_SORTUP) != 0 ? "^" : (item.fmt & HDF_SORTDOWN) != 0 ? "v" : "";
+        }
+        return texts;
     }
 
     [[nodiscard]] static std::wstring GetClipboardText()
@@ -104,22 +104,6 @@ public:
     }
 
 private:
-    template <class Visit>
-    static void ForEachHeader(HWND list, Visit visit)
-    {
-        const HWND header = ListView_GetHeader(list);
-        for (int i = 0; i < Header_GetItemCount(header); ++i)
-        {
-            wchar_t text[100] = L"";
-            HDITEMW item{};
-            item.mask = HDI_FORMAT | HDI_TEXT;
-            item.pszText = text;
-            item.cchTextMax = static_cast<int>(std::size(text));
-            SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-            visit(item);
-        }
-    }
-
     static void Click(HWND window, int x, int y, WPARAM keys)
     {
         PostMessageW(window, WM_LBUTTONUP, keys, MAKELPARAM(x, y)); // ends the loop that waits for a drag
