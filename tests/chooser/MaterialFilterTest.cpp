@@ -73,8 +73,8 @@ TEST(ThicknessUnits, ReadDecimalNumbersOnly)
 TEST(ListTypeNames, NamesEachTypeOfTheKindOnceFromTheLast)
 {
     CFakeMaterialLib library;
-    AddMaterial(library, MLMATERIAL_DIELECTRIC, "1", "A");
-    AddMaterial(library, MLMATERIAL_DIELECTRIC, "2", "B");
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "1", "B");
+    AddMaterial(library, MLMATERIAL_DIELECTRIC, "2", "A");
     AddMaterial(library, MLMATERIAL_METAL, "3", "C");
     AddMaterial(library, MLMATERIAL_DIELECTRIC, "4", "A");
     AddMaterial(library, MLMATERIAL_DIELECTRIC, "5", "a");

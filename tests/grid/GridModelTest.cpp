@@ -76,11 +76,13 @@ TEST(CGridModel, SelectionAndCurrentCellGoWithTheirRows)
     EXPECT_EQ(model.GetSelection().GetOnlyRow(), 3) << "stands for the selection";
     model.SelectRows(1, 2, true);
     EXPECT_EQ(model.GetSelection().GetOnlyRow(), 0) << "two are selected";
-    const int order[] = {4, 2, 3, 1};
+    const int order[] = {4, 3, 2, 1};
     model.PermuteRows(order);
     EXPECT_STREQ(model.GetText(1, 1), "4");
-    EXPECT_THAT(model.GetSelection().GetRows(), ElementsAre(2, 4));
-    EXPECT_EQ(model.GetSelection().GetCurrentCell(), (GridCell{3, 2}));
+    EXPECT_THAT(model.GetSelection().GetRows(), ElementsAre(3, 4));
+    EXPECT_EQ(model.GetSelection().GetCurrentCell(), (GridCell{2, 2}));
+    model.SetCurrentCell({5, 1});
+    EXPECT_EQ(model.GetSelection().GetCurrentCell(), GridCell()) << "beyond the last row";
     model.SelectRows(-5, 3, false);
     EXPECT_EQ(model.GetSelection().GetOnlyRow(), 4);
     model.SetRowCount(4);

@@ -74,6 +74,9 @@ TEST_F(ChooserSize, OpensAsItWasLeft)
                 EXPECT_EQ(Chart().GetModel().GetCurveCount(), 2) << "it catches up when it is shown";
                 ExpectNoOverlap();
                 left = WindowSize();
+                Resize(10, 10); // leaves no room for the chart
+                ExpectNoOverlap();
+                Resize(left.cx, left.cy);
             }});
     Choose({[&]
             {
