@@ -98,6 +98,13 @@ TEST_F(GridWindow, LeavesHiddenColumnsOut)
 {
     grid.Fill({"b", "a\tc\n", "\x80 & co"});
     const HWND list = grid.GetList();
+    const auto alignment = [list](WPARAM column)
+    {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(ListView_GetHeader(list), HDM_GETITEMW, column, reinterpret_cast<LPARAM>(&item));
+        return item.fmt & HDF_JUSTIFYMASK;
+    };
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.|Name");
     EXPECT_EQ(ListView_GetItemCount(list), 3);
     EXPECT_EQ(CGridFixture::GetItemText(list, 1, 1), "a c ");
@@ -110,14 +117,12 @@ TEST_F(GridWindow, LeavesHiddenColumnsOut)
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Second|Name");
     EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "b");
     grid.GetModel().SetHeaderStyle(3, 3, GridValueType::Number);
+    EXPECT_EQ(alignment(1), HDF_RIGHT);
     grid.GetModel().GetSortKeys().ClickHeader(3);
     SortRows(grid.GetModel(), std::strcmp);
     grid.GetModel().SetHeaderText(3, "Third");
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Second|Third^");
-    HDITEMW item{};
-    item.mask = HDI_FORMAT;
-    SendMessageW(ListView_GetHeader(list), HDM_GETITEMW, 1, reinterpret_cast<LPARAM>(&item));
-    EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
+    EXPECT_EQ(alignment(1), HDF_RIGHT);
 }
 
 TEST_F(GridWindow, SortsWithItsArrowsAndTheSelectionFollows)
