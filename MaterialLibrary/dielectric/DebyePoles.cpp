@@ -64,8 +64,8 @@ std::vector<DebyePole> ExpandIntoPoles(const CWidebandDebyeModel& model, int per
             continue;
         }
         const double width = std::log(term.f2 / term.f1);
-        const double parts = std::max(1.0, std::round(width / std::numbers::ln10));
-        for (double part = 0.0; part < parts; ++part)
+        const int parts = std::max(1, static_cast<int>(std::lround(width / std::numbers::ln10)));
+        for (int part = 0; part < parts; ++part)
         {
             for (const Node& node : nodes)
             {
@@ -81,10 +81,10 @@ std::vector<DebyePole> ExpandIntoPoles(const CWidebandDebyeModel& model, int per
 double FindWorstError(const CWidebandDebyeModel& model, std::span<const DebyePole> poles, double lowest,
                       double highest)
 {
-    const double width = std::log(highest / lowest);
-    const double samples = std::ceil(width / std::numbers::ln10 * samplesPerDecade) + 1.0;
+    const double width = std::log(highest) - std::log(lowest); // their ratio may be beyond any number
+    const int samples = static_cast<int>(std::ceil(width / std::numbers::ln10 * samplesPerDecade)) + 1;
     double worst = 0.0;
-    for (double i = 0.0; i <= samples; ++i)
+    for (int i = 0; i <= samples; ++i)
     {
         const double frequency = std::min(lowest * std::exp(width * i / samples), highest);
         const std::complex<double> exact = model.Evaluate(frequency);

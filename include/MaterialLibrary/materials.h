@@ -61,6 +61,7 @@
 #define ML_API ML_EXTERN
 #endif
 
+/* NOLINTBEGIN(modernize-use-using): for C */
 typedef struct ml_library ml_library;   /* the materials of some files */
 typedef struct ml_material ml_material; /* one of them */
 typedef struct ml_model ml_model;       /* a dielectric's permittivity as a function of frequency */
@@ -380,5 +381,6 @@ typedef struct ml_pole
  */
 ML_API ml_error ml_debye_poles(const ml_model* model, uint32_t per_decade, double band_min, double band_max,
                                ml_pole* poles, size_t capacity, size_t* count, double* worst_error);
+/* NOLINTEND(modernize-use-using) */
 
 #endif

@@ -333,4 +333,24 @@ TEST(DebyePoles, AddUpToTheModelAsCloselyAsTheDocumentSays)
         EXPECT_NEAR(worst / documented[perDecade - 1], 1.0, 0.02);
     }
 }
+TEST(DebyePoles, TakeEveryBandOfNumbers)
+{
+    const OpenedLibrary library = OpenBlocks(materials);
+    const OwnedModel model = MakeModel(library.get(), "table", 20.0);
+    const struct
+    {
+        double lowest, highest;
+        ml_error error;
+    } rows[] = {{1e-300, 1e300, ML_OK},        {1e9, 1e9, ML_OK},
+                {0.0, 1.0, ML_ERROR_ARGUMENT}, {2.0, 1.0, ML_ERROR_ARGUMENT},
+                {NAN, 1.0, ML_ERROR_ARGUMENT}, {1.0, infinity, ML_ERROR_ARGUMENT}};
+    for (const auto& row : rows)
+    {
+        std::size_t count = 0;
+        double worst = -1.0;
+        EXPECT_EQ(ml_debye_poles(model.get(), 3, row.lowest, row.highest, nullptr, 0, &count, &worst),
+                  row.error);
+        EXPECT_EQ(worst >= 0.0 && worst < 1e-3, row.error == ML_OK) << row.lowest;
+    }
+}
 } // namespace
