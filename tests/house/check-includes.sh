@@ -22,6 +22,7 @@ declare -A arrows=(
     [MaterialLibrary/chooser]="include MaterialLibrary/model MaterialLibrary/chart MaterialLibrary/resources grid shared"
     [grid]="shared"
     [tools/chart_demo]="MaterialLibrary/chart"
+    [tools/fit_report]="include MaterialLibrary/chart MaterialLibrary/dielectric MaterialLibrary/model MaterialLibrary/reader"
     [tools/grid_demo]="include MaterialLibrary/chooser shared"
     [tools/matlib]="include shared MaterialLibrary/chart MaterialLibrary/resources tools/matlib/check"
     [tools/matlib/check]="include MaterialLibrary/reader MaterialLibrary/model MaterialLibrary/resources shared tools/matlib"
