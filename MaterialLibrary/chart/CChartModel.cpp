@@ -161,8 +161,7 @@ void CChartModel::RebuildDataRanges()
             {
                 const CurveAxes bound = GetCurveAxes(entry);
                 const bool horizontal = bound.horizontal == &axis;
-                // Without points its bounds are those of nothing, not of the origin.
-                if ((horizontal || bound.vertical == &axis) && !entry.curve->points.empty())
+                if (horizontal || bound.vertical == &axis)
                 {
                     const DataRect& box = entry.curve->bounds;
                     Cover(axis.dataMin, axis.dataMax, horizontal ? box.xMin : box.yMin,
@@ -225,6 +224,7 @@ void CChartModel::ResetRanges()
         [](CAxis& axis, const IScale&, Direction)
         {
             axis.pixelShift = 0;
+            axis.kept = {};
             axis.requestedMin = axis.dataMin;
             axis.requestedMax = axis.dataMax;
         });

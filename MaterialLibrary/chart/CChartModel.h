@@ -10,6 +10,15 @@
 #include <string_view>
 #include <vector>
 
+// A visible range that a zoom has left as it was, on a plot of so many pixels.
+struct KeptRange
+{
+    double min = 0.0;
+    double max = 0.0;
+    double tickStep = 0.0;
+    int pixels = 0; // 0: there is none
+};
+
 // One axis of a chart. The order of the members is kept.
 struct CAxis
 {
@@ -34,6 +43,7 @@ struct CAxis
     Colour gridColour = 0x808080;
     std::int32_t minorTicks = 1; // 0 leaves them out
     std::int32_t identifier = -1;
+    KeptRange kept;
 };
 
 // What a chart draws as one curve. The caller owns it and keeps it alive as long as a chart shows it. The
@@ -134,8 +144,8 @@ public:
     // stays the caller's and must outlive its use here. Returns its index.
     std::int64_t AddCurve(CChartCurve& curve, std::int32_t horizontalAxis, std::int32_t verticalAxis);
     void RemoveCurves();
-    // After the owner has changed curves: the axes' data ranges are rebuilt from the curves' bounds. Without
-    // any curve they and the requested ranges are 0.
+    // After the owner has changed curves: the axes' data ranges are rebuilt from the curves' bounds, of a
+    // curve without points too. Without any curve they and the requested ranges are 0.
     void RebuildDataRanges();
 
     [[nodiscard]] std::int64_t GetCurveCount() const { return static_cast<std::int64_t>(curves.size()); }

@@ -59,9 +59,9 @@ TEST(CChartModel, DataRangesCoverTheCurvesOfTheAxis)
     EXPECT_EQ(model.FindAxis(0)->requestedMax, 9.0);
 
     CChartCurve empty = MakeCurve({});
-    model.AddCurve(empty, 0, 2); // has no bounds
-    expectRange(0, 1, 9);
-    expectRange(2, 100, 100);
+    model.AddCurve(empty, 0, 2); // its box is that of the origin
+    expectRange(0, 0, 9);
+    expectRange(2, 0, 100);
     second.points[0].y = -20;
     second.UpdateBounds();
     model.RebuildDataRanges();
