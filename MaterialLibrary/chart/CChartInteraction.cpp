@@ -43,6 +43,35 @@ bool CChartInteraction::IsZooming() const
     return mode >= MouseMode::zoomIn && mode <= MouseMode::zoomInVertically;
 }
 
+ChartResponse CChartInteraction::SetMode(std::int32_t newMode)
+{
+    ChartResponse response;
+    if (newMode == mode)
+    {
+        return response;
+    }
+    response.feedback = GetFeedback(); // erases it
+    if (IsDraggingRectangle() || IsPanning())
+    {
+        response.capture = false;
+    }
+    if (IsPanning() || animation)
+    {
+        ClearShifts();
+        animation.reset();
+        response.repaints = true;
+    }
+    if (hoveredCurve >= 0)
+    {
+        RestoreHoveredColour();
+        hoveredCurve = -1;
+        response.repaints = true;
+    }
+    buttonDown = false;
+    mode = newMode;
+    return response;
+}
+
 ChartResponse CChartInteraction::OnButtonDown(PixelPoint point)
 {
     point = Clamp(point);
@@ -56,7 +85,10 @@ ChartResponse CChartInteraction::OnButtonDown(PixelPoint point)
     else if (mode == MouseMode::pickPoint)
     {
         PickPoint(point);
-        mode = MouseMode::pickCurve;
+        if (mode == MouseMode::pickPoint) // the listener may have changed it
+        {
+            mode = MouseMode::pickCurve;
+        }
     }
     else if (IsZooming() || mode == MouseMode::pan)
     {

@@ -89,8 +89,9 @@ public:
     CChartInteraction& operator=(const CChartInteraction&) = delete;
     ~CChartInteraction() = default;
 
-    // A MouseMode; zooming in at first.
-    void SetMode(std::int32_t newMode) { mode = newMode; }
+    // A MouseMode; zooming in at first. A change ends whatever was going on: a drag leads to nothing, a
+    // highlighted or locked curve is so no longer.
+    [[nodiscard]] ChartResponse SetMode(std::int32_t newMode);
     [[nodiscard]] std::int32_t GetMode() const { return mode; }
     // Null for none; not owned.
     void SetPickListener(IPickListener* listener) { pickListener = listener; }

@@ -93,8 +93,17 @@ void PlacePlot(CChartModel& model, const PixelRect& client)
     plot.top = std::min(plot.top, plot.bottom - smallestPlot);
 }
 
+// Ends that are ticks are not always found to be ticks, by the rounding of a quotient.
 void ChooseVisibleRange(CAxis& axis, const IScale& scale, int pixels)
 {
+    const KeptRange& kept = axis.kept;
+    if (pixels == kept.pixels && axis.requestedMin == kept.min && axis.requestedMax == kept.max)
+    {
+        axis.tickStep = kept.tickStep;
+        axis.visibleMin = kept.min;
+        axis.visibleMax = kept.max;
+        return;
+    }
     axis.tickStep = scale.ChooseStep(axis.requestedMin, axis.requestedMax, pixels);
     axis.visibleMin = scale.GetFirstTick(axis.requestedMin, axis.tickStep);
     axis.visibleMax = scale.GetLastTick(axis.requestedMax, axis.tickStep, axis.visibleMin);

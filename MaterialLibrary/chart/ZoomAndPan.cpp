@@ -44,6 +44,12 @@ PixelSpan GetSpan(const CChartModel& model, Direction direction, const CAxis& ax
     return {origin - rect.bottom, origin - rect.top};
 }
 
+// Whether the rectangle spans the plot and the axis stands where its values are.
+bool CoversAxis(const CChartModel& model, Direction direction, const PixelSpan& span)
+{
+    return span.from == 0.0 && span.to == model.frame.plot.GetLength(direction);
+}
+
 // `sign` is -1 where moving the picture with the pixels lowers the values, +1 where it raises them.
 void PanAxis(CAxis& axis, const IScale& scale, int pixels, int sign)
 {
@@ -79,6 +85,14 @@ void ZoomIn(CChartModel& model, const PixelRect& rect)
         [&](CAxis& axis, const IScale& scale, Direction direction)
         {
             const PixelSpan span = GetSpan(model, direction, axis, rect);
+            if (CoversAxis(model, direction, span))
+            {
+                // The way over pixels would miss them by a rounding, which costs an interval or a decade.
+                RequestWithinLimits(axis, axis.visibleMin, axis.visibleMax);
+                axis.kept = {axis.visibleMin, axis.visibleMax, axis.tickStep,
+                             model.frame.plot.GetLength(direction)};
+                return;
+            }
             RequestWithinLimits(axis, scale.GetValueAtOffset(axis.visibleMin, span.from, axis.scale),
                                 scale.GetValueAtOffset(axis.visibleMin, span.to, axis.scale));
             if (!scale.IsLogarithmic())

@@ -4,7 +4,8 @@
 
 // What drags do to the axes' ranges. Rectangles are in client pixels, with edges in order.
 
-// The requested ranges become what the rectangle encloses, within the axes' limits.
+// The requested ranges become what the rectangle encloses, within the axes' limits: where it is as wide or as
+// high as the plot, exactly what is visible.
 void ZoomIn(CChartModel& model, const PixelRect& rect);
 
 // The requested ranges grow about the rectangle's centre, by as much as the rectangle is smaller than the

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <random>
 #include <sstream>
 
 namespace
@@ -51,6 +52,7 @@ protected:
     CChartCurve curve;
     CChartCurve more;
     std::string picks;
+    std::int32_t modeAfterPick = 0; // where the listener sets one
     CAxis& horizontal = *model.FindAxis(0);
     CAxis& vertical = *model.FindAxis(1);
 
@@ -71,6 +73,10 @@ protected:
         std::snprintf(text, sizeof text, "picked %.9g, %.9g on the curve %.9g, %.9g\n", where.x, where.y,
                       on.x, on.y);
         picks += text;
+        if (modeAfterPick != 0)
+        {
+            (void)mouse.SetMode(modeAfterPick);
+        }
     }
 
     void Reset(bool logarithmic = false)
@@ -141,6 +147,7 @@ protected:
         else if (word == "listen")
         {
             mouse.SetPickListener(numbers[0] != 0.0 ? this : nullptr);
+            modeAfterPick = static_cast<std::int32_t>(numbers[1]);
         }
         else if (word == "colour")
         {
@@ -155,7 +162,7 @@ protected:
         }
         else if (word == "mode")
         {
-            mouse.SetMode(static_cast<std::int32_t>(numbers[0]));
+            return Describe(mouse.SetMode(static_cast<std::int32_t>(numbers[0])));
         }
         else if (word == "limits")
         {
@@ -216,11 +223,11 @@ TEST_F(Mouse, EveryModeHasItsCursor)
                                                          {7, Pick},   {8, Arrow}, {99, Arrow}};
     for (const auto& [mode, cursor] : rows)
     {
-        mouse.SetMode(mode);
+        (void)mouse.SetMode(mode);
         EXPECT_EQ(mouse.OnMove({1, 1}).cursor, cursor) << mode;
     }
     EXPECT_EQ(Drag({100, 100}, {200, 200}), "");
-    mouse.SetMode(MouseMode::pickCurve);
+    (void)mouse.SetMode(MouseMode::pickCurve);
     Click(GetPixel({25, 75})); // locked
     EXPECT_EQ(mouse.OnMove({1, 1}).cursor, Arrow);
     EXPECT_EQ(mouse.OnButtonDown({1, 1}).cursor, Arrow);
@@ -258,7 +265,7 @@ TEST_F(Mouse, FeedbackErasesItself)
     { return std::vector(feedback.Get().begin(), feedback.Get().end()); };
     for (const std::int32_t mode : {1, 2, 3, 4})
     {
-        mouse.SetMode(mode);
+        (void)mouse.SetMode(mode);
         std::vector<PixelLine> shown;
         (void)mouse.OnButtonDown({100, 100});
         for (const PixelPoint to : {PixelPoint{101, 100}, {220, 140}, {60, 170}, {101, 101}})
@@ -285,7 +292,7 @@ TEST_F(Mouse, FeedbackErasesItself)
     }
     const auto getLines = [&](std::int32_t mode, PixelPoint to)
     {
-        mouse.SetMode(mode);
+        (void)mouse.SetMode(mode);
         (void)mouse.OnButtonDown({100, 100});
         return toLines(mouse.OnMove(to).feedback);
     };
@@ -301,10 +308,51 @@ TEST_F(Mouse, FeedbackErasesItself)
     EXPECT_EQ(getLine(2, 4), (PixelLine{{100, 100}, {plot.left, plot.top}}));
 }
 
+// Rounding in the way from pixels to values would cost a tick, on a logarithmic axis a decade.
+TEST(Zooming, InOneDirectionLeavesTheOtherAsItIs)
+{
+    std::mt19937 random(7);
+    const auto draw = [&random](double lo, double hi)
+    { return std::uniform_real_distribution<double>(lo, hi)(random); };
+    for (int i = 0; i < 5'000; ++i)
+    {
+        CFakeHost host;
+        CChartModel& model = host.chart.GetModel();
+        CChartInteraction& mouse = host.chart.GetInteraction();
+        const bool logarithmic = i % 2 == 1;
+        if (logarithmic)
+        {
+            model.ForEachAxis([](CAxis& axis, const IScale&, Direction) { axis.lowerLimit = 1e-300; });
+        }
+        const double around = logarithmic ? 0.0 : draw(-1e4, 1e4);
+        const auto drawValue = [&] { return around + std::pow(10.0, draw(-9.0, 9.0)); };
+        CChartCurve curve = MakeCurve({{drawValue(), drawValue()}, {drawValue(), drawValue()}});
+        host.chart.AddCurve(curve, 0, 1);
+        model.SetScaleMode(logarithmic, logarithmic);
+        host.chart.RecomputeLayout();
+        const bool horizontally = i % 4 < 2;
+        const CAxis& other = *model.FindAxis(horizontally ? 1 : 0);
+        const CAxis before = other;
+        const PixelRect& plot = model.frame.plot;
+        const int length = plot.GetLength(horizontally ? Direction::Vertical : Direction::Horizontal);
+        (void)mouse.SetMode(horizontally ? MouseMode::zoomInHorizontally : MouseMode::zoomInVertically);
+        (void)mouse.OnButtonDown({plot.left + 30, plot.top + 30});
+        (void)mouse.OnButtonUp({static_cast<int>(draw(plot.left + 40, plot.right)), plot.bottom - 40});
+        EXPECT_EQ(other.requestedMin, before.visibleMin) << i;
+        EXPECT_EQ(other.requestedMax, before.visibleMax) << i;
+        host.chart.RecomputeLayout();
+        if (plot.GetLength(horizontally ? Direction::Vertical : Direction::Horizontal) == length)
+        {
+            EXPECT_EQ(other.visibleMin, before.visibleMin) << i << ": " << Describe(before);
+            EXPECT_EQ(other.visibleMax, before.visibleMax) << i << ": " << Describe(before);
+        }
+    }
+}
+
 TEST_F(Mouse, AReleasedPanRunsOnToTheNextTickIn180Milliseconds)
 {
     const int tick = GetTickPixels(horizontal);
-    mouse.SetMode(MouseMode::pan);
+    (void)mouse.SetMode(MouseMode::pan);
     Press({200, 150});
     Move({200 + tick + 10, 150 - 4});
     EXPECT_EQ(Release({200 + tick + 10, 150 - 4}), "release animate repaint");

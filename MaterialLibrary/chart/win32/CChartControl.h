@@ -40,8 +40,8 @@ public:
     [[nodiscard]] std::int64_t HitTest(PixelPoint point) const;
     bool GetAxisRange(std::int32_t identifier, double& lo, double& hi) const;
 
-    // A MouseMode.
-    void SetMouseMode(std::int32_t mode) { chart.GetInteraction().SetMode(mode); }
+    // A MouseMode. A change ends a drag that is going on, without effect.
+    void SetMouseMode(std::int32_t mode) { Apply(chart.GetInteraction().SetMode(mode)); }
     // Null for none; not owned.
     void SetPickListener(IPickListener* listener) { chart.GetInteraction().SetPickListener(listener); }
 

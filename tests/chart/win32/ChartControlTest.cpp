@@ -145,6 +145,14 @@ TEST(ChartControl, DragFeedbackErasesItselfToThePixel)
         window.Send(WM_LBUTTONUP, {151, 101}); // too short to zoom
         EXPECT_EQ(window.Read(), before);
         EXPECT_EQ(GetCapture(), nullptr);
+        window.Send(WM_LBUTTONDOWN, {150, 100});
+        window.Send(WM_MOUSEMOVE, {300, 210});
+        window.chart.SetMouseMode(0);
+        EXPECT_EQ(GetCapture(), nullptr);
+        window.Send(WM_LBUTTONUP, {300, 210});
+        window.Send(WM_MOUSEMOVE, {151, 101});
+        UpdateWindow(window.chart.GetHandle());
+        EXPECT_EQ(window.Read(), before);
         EXPECT_EQ(window.parent.zoomChanges, 0);
     }
 }
