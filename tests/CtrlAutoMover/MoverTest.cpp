@@ -1,11 +1,13 @@
 #include "framework/CDialog.h"
 #include "framework/Profile.h"
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
+#include "shared/CtrlAutoMover/win32/WindowPlacement.h"
 #include "tests/CModalScript.h"
 #include "tests/CPixels.h"
 #include "tests/CSandboxedProfile.h"
 #include "tests/CollectedMessages.h"
 #include "tests/CountHandles.h"
+#include "tests/FindImport.h"
 
 #include <gmock/gmock.h>
 #include <memory>
@@ -210,6 +212,31 @@ TEST_F(Mover, TheWindowReopensWhereItWasLeft)
                  [&] { EXPECT_EQ(Place(dialog.GetHandle()), left); }});
         }
     }
+}
+
+// As a system that snaps windows tells it.
+BOOL WINAPI GetPlacementOfSnapped(HWND, WINDOWPLACEMENT* placement)
+{
+    placement->showCmd = SW_SHOWNORMAL;
+    placement->rcNormalPosition = {33, 44, 33 + 421, 44 + 322};
+    return TRUE;
+}
+
+TEST_F(Mover, AWindowSnappedToAnEdgeReopensInItsNormalFrame)
+{
+    void** const import = FindImport(GetModuleHandleW(nullptr), "user32", "GetWindowPlacement");
+    void* const original = *import;
+    Run({[&]
+         {
+             MoveWindow(dialog.GetHandle(), 0, 0, 512, 768, FALSE);
+             *import = reinterpret_cast<void*>(GetPlacementOfSnapped);
+             EXPECT_TRUE(IsSnapped(dialog.GetHandle()));
+         }});
+    *import = original;
+    EXPECT_EQ(ReadProfileString(section, "WndPosition", ""), "33,44");
+    EXPECT_EQ(ReadProfileString(section, "WndSize", ""), "421,322");
+    Run({[&] { EXPECT_FALSE(IsSnapped(dialog.GetHandle())); }});
+    EXPECT_EQ(first, (CtrlRect{33, 44, 33 + 421, 44 + 322}));
 }
 
 TEST_F(Mover, AMonitorThatHasGoneBringsTheWindowBack)

@@ -9,6 +9,7 @@
 #include "framework/WindowScopes.h"
 #include "resources/DialogIds.h"
 #include "resources/Texts.h"
+#include "shared/CtrlAutoMover/win32/WindowPlacement.h"
 #include "shared/MessageManager/MessageManager.h"
 
 #include <algorithm>
@@ -250,6 +251,11 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
         StoreProfileInteger(profileSection, showChartName, showChart ? 1 : 0);
     }
     const LRESULT result = CDialog::HandleMessage(message, wParam, lParam);
+    if (message == WM_SHOWWINDOW && wParam != FALSE && !opened)
+    {
+        opened = true;
+        KeepInWorkArea(); // the mover has placed it where it was left
+    }
     if (message == WM_WINDOWPOSCHANGED)
     {
         OnResized(); // the mover has placed the controls
@@ -337,14 +343,14 @@ void CChooseMaterialDlg::CreateMover()
     mover = std::make_unique<CCtrlAutoMover>(this);
     mover->minWidth = size.cx;
     mover->minHeight = size.cy - chartHeight;
-    chartPane.Show(size.cx, size.cy - chartHeight);
+    chartPane = CChartPaneState(chartHeight, size.cy - chartHeight);
     LayOutControls();
 }
 
 void CChooseMaterialDlg::LayOutControls()
 {
     mover->RemoveAllGroups();
-    const bool withChart = chartPane.GetLayout() == ChooserLayout::WithChart;
+    const bool withChart = chartPane.GetLayout(GetWindowSize(GetHandle()).cy) == ChooserLayout::WithChart;
     const int groups[] = {
         mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
         mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),
@@ -378,50 +384,41 @@ void CChooseMaterialDlg::ToggleChart()
     }
 }
 
-// The window grows or shrinks by the chart, as far as it can: not when it is maximised.
+// The window grows or shrinks by the chart; a maximised one does so when it is restored.
 void CChooseMaterialDlg::ShowOrHideChart()
 {
     const HWND dialog = GetHandle();
     mover->RemoveAllGroups();
     ShowItem(dialog, ML_CHART, showChart);
-    const RECT chartRect = GetControlRect(dialog, ML_CHART);
-    const int chartHeight = chartRect.bottom - chartRect.top;
+    const bool snapped = IsSnapped(dialog); // keeps its size
     const SIZE before = GetWindowSize(dialog);
-    if (!IsZoomed(dialog))
+    const WindowFrame frame = snapped ? WindowFrame{0, 0, before.cx, before.cy} : GetNormalFrame(dialog);
+    const WindowFrame room = snapped ? frame : GetWorkArea(frame);
+    const WindowFrame next = showChart ? chartPane.Show(frame, room) : chartPane.Hide(frame, room);
+    if (!snapped)
     {
-        changingSize = true;
-        SetWindowPos(dialog, nullptr, 0, 0, before.cx, before.cy + (showChart ? chartHeight : -chartHeight),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        changingSize = false;
+        const CFlagScope scope(changingSize);
+        SetNormalFrame(dialog, next);
     }
     const int height = GetWindowSize(dialog).cy;
     for (const int control : bottomControls)
     {
         ShiftControl(dialog, control, height - before.cy);
     }
-    if (showChart)
-    {
-        const int shown = std::min(chartHeight, height - mover->minHeight);
-        chartPane.Show(before.cx, height - shown);
-        StackGridAndChart(shown);
-    }
-    else
-    {
-        chartPane.Hide();
-        StackGridAndChart(0);
-    }
+    chartPane.Resize(height, ResizedBy::System);
+    StackGridAndChart();
     LayOutControls();
 }
 
-// Gives the room above the bottom controls to the chart, so many pixels of it, and to the grid. A hidden
-// chart keeps its height for the time when it is shown again.
-void CChooseMaterialDlg::StackGridAndChart(int chartHeight)
+// Shares the room above the bottom controls between chart and grid. A hidden chart keeps its height for the
+// time when it is shown again.
+void CChooseMaterialDlg::StackGridAndChart()
 {
+    const int chartHeight = chartPane.GetChartHeight(GetWindowSize(GetHandle()).cy);
     const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
-    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
     const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
     SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
-    SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartRect.bottom - chartRect.top);
+    SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartPane.GetHiddenHeight());
 }
 
 void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
@@ -431,12 +428,41 @@ void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// A dialog that was left on a larger screen, or at a smaller scale, opens no larger than this one.
+void CChooseMaterialDlg::KeepInWorkArea()
+{
+    WindowFrame frame = GetNormalFrame(GetHandle());
+    const WindowFrame workArea = GetWorkArea(frame);
+    mover->minWidth = std::min(mover->minWidth, workArea.width);
+    mover->minHeight = std::min(mover->minHeight, workArea.height);
+    frame.width = std::min(frame.width, workArea.width);
+    frame.height = std::min(frame.height, workArea.height);
+    frame = MoveIntoWorkArea(frame, workArea);
+    if (frame != GetNormalFrame(GetHandle()))
+    {
+        SetNormalFrame(GetHandle(), frame);
+    }
+    const int height = GetWindowSize(GetHandle()).cy;
+    chartPane.Resize(height, ResizedBy::System);
+    StackGridAndChart();
+    LayOutControls();
+}
+
 void CChooseMaterialDlg::OnResized()
 {
-    const int height = GetWindowSize(GetHandle()).cy;
-    if (!changingSize && mover != nullptr && !IsIconic(GetHandle()) && chartPane.Resize(height))
+    const bool normal = !IsZoomed(GetHandle()) && !IsIconic(GetHandle()) && !IsSnapped(GetHandle());
+    const bool byUser = opened && std::exchange(wasNormal, normal) && normal;
+    if (changingSize || mover == nullptr || IsIconic(GetHandle()))
     {
-        StackGridAndChart(chartPane.GetRoomForChart(height));
+        return;
+    }
+    const int height = GetWindowSize(GetHandle()).cy;
+    chartPane.Resize(height, byUser ? ResizedBy::User : ResizedBy::System);
+    const int gridBottom = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - gapAboveChart -
+                           chartPane.GetChartHeight(height);
+    if (GetControlRect(GetHandle(), ML_GRID).bottom != gridBottom)
+    {
+        StackGridAndChart();
         LayOutControls(); // measured in the window's present size
     }
 }

@@ -65,8 +65,9 @@ private:
     void ToggleChart();
     void ShowOrHideChart();
     void ReadShowChart();
-    void StackGridAndChart(int chartHeight);
+    void StackGridAndChart();
     void SetControlHeight(int control, int top, int height);
+    void KeepInWorkArea();
     void OnResized();
 
     IMatLib* library;
@@ -84,4 +85,6 @@ private:
     int gapAboveChart = 0;
     int gapBelowChart = 0;
     bool changingSize = false; // the dialog itself, not its user
+    bool opened = false;       // where it was left
+    bool wasNormal = true;     // its frame, when that changed last
 };

@@ -1,7 +1,6 @@
 #include "shared/CtrlAutoMover/win32/WindowPlacement.h"
 
 #include "framework/Profile.h"
-#include "shared/CtrlAutoMover/WindowFrame.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -33,20 +32,22 @@ MONITORINFO NearestMonitor(const RECT& rect)
     return monitor;
 }
 
-// The system keeps the normal rectangle of a maximised or minimised window relative to the work area.
+// From the screen to the work area: a placement counts from the latter, but not for tool windows.
+POINT GetPlacementOrigin(HWND window, const RECT& rect)
+{
+    if ((GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0)
+    {
+        return {0, 0};
+    }
+    const MONITORINFO monitor = NearestMonitor(rect);
+    return {monitor.rcWork.left - monitor.rcMonitor.left, monitor.rcWork.top - monitor.rcMonitor.top};
+}
+
 WindowFrame NormalFrame(HWND window, const WINDOWPLACEMENT& placement)
 {
     RECT rect = placement.rcNormalPosition;
-    if (!IsZoomed(window) && !IsIconic(window))
-    {
-        GetWindowRect(window, &rect);
-    }
-    else if ((GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) == 0)
-    {
-        const MONITORINFO monitor = NearestMonitor(rect);
-        OffsetRect(&rect, monitor.rcWork.left - monitor.rcMonitor.left,
-                   monitor.rcWork.top - monitor.rcMonitor.top);
-    }
+    const POINT origin = GetPlacementOrigin(window, rect);
+    OffsetRect(&rect, origin.x, origin.y);
     return ToFrame(rect);
 }
 
@@ -81,10 +82,43 @@ void RestoreWindowPlacement(HWND window, const char* section)
     WindowFrame frame =
         ApplySettings(NormalFrame(window, placement), ReadProfileString(section, positionName, ""),
                       ReadProfileString(section, sizeName, ""));
-    frame = MoveIntoWorkArea(frame, ToFrame(NearestMonitor(ToRect(frame)).rcWork));
+    frame = MoveIntoWorkArea(frame, GetWorkArea(frame));
     MoveWindow(window, frame.left, frame.top, frame.width, frame.height, TRUE);
     if (maximise)
     {
         ShowWindow(window, SW_MAXIMIZE);
     }
+}
+
+WindowFrame GetNormalFrame(HWND window)
+{
+    WINDOWPLACEMENT placement{};
+    return GetPlacement(window, placement) ? NormalFrame(window, placement) : WindowFrame();
+}
+
+bool IsSnapped(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return IsZoomed(window) == FALSE && IsIconic(window) == FALSE && ToFrame(rect) != GetNormalFrame(window);
+}
+
+void SetNormalFrame(HWND window, const WindowFrame& frame)
+{
+    WINDOWPLACEMENT placement{};
+    if (IsZoomed(window) == FALSE || !GetPlacement(window, placement))
+    {
+        SetWindowPos(window, nullptr, frame.left, frame.top, frame.width, frame.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
+    placement.rcNormalPosition = ToRect(frame);
+    const POINT origin = GetPlacementOrigin(window, placement.rcNormalPosition);
+    OffsetRect(&placement.rcNormalPosition, -origin.x, -origin.y);
+    SetWindowPlacement(window, &placement);
+}
+
+WindowFrame GetWorkArea(const WindowFrame& frame)
+{
+    return ToFrame(NearestMonitor(ToRect(frame)).rcWork);
 }

@@ -6,6 +6,37 @@ namespace
 class ChooserSize : public CChooserFixture
 {
 protected:
+    void SetUp() override
+    {
+        Choose({[] { templateHeight = Place(ML_CHART).bottom - Place(ML_CHART).top; }});
+    }
+
+    void ExpectChartInWorkArea()
+    {
+        ASSERT_TRUE(IsItemChecked(Dialog(), ML_CHECK_SHOW_GRAPHICALLY));
+        EXPECT_TRUE(IsWindowVisible(Item(ML_CHART)));
+        EXPECT_GE(2 * (Place(ML_CHART).bottom - Place(ML_CHART).top), templateHeight);
+        ExpectNoOverlap();
+        RECT window{};
+        GetWindowRect(Dialog(), &window);
+        RECT work{};
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+        if (IsZoomed(Dialog()) == FALSE)
+        {
+            UnionRect(&window, &window, &work);
+            EXPECT_TRUE(EqualRect(&window, &work));
+        }
+    }
+
+    void ExpectTogglingTwiceRestores()
+    {
+        const std::vector<LONG> before = Look();
+        Press(ML_CHECK_SHOW_GRAPHICALLY);
+        EXPECT_GE(Place(ML_CHART).bottom - Place(ML_CHART).top, templateHeight) << "kept for later";
+        Press(ML_CHECK_SHOW_GRAPHICALLY);
+        EXPECT_EQ(Look(), before);
+    }
+
     // The window's size, and where the controls are that move or stretch.
     static std::vector<LONG> Look()
     {
@@ -18,7 +49,37 @@ protected:
         }
         return now;
     }
+
+    static inline int templateHeight = 0; // of the chart
 };
+
+// Ways on which the chart used to be lost, or the window to grow beyond the screen.
+TEST_F(ChooserSize, AShownChartHasRoomAndTheWindowLiesInTheWorkArea)
+{
+    const auto maximise = [] { ShowWindow(Dialog(), SW_MAXIMIZE); };
+    const auto restore = [] { ShowWindow(Dialog(), SW_RESTORE); };
+    const auto toggle = [&] { Press(ML_CHECK_SHOW_GRAPHICALLY); };
+    const std::vector<Steps> ways = {
+        {toggle, maximise, toggle, restore},
+        {maximise, toggle, restore, toggle},
+        {[] { Resize(10, 10); }, toggle, toggle},
+        {[] { Resize(10, 10); }, maximise, restore},
+        {[] { Resize(800, 10'000); }, toggle, toggle},
+        {maximise, toggle, toggle},
+        {[] { SetWindowPos(Dialog(), nullptr, 0, GetSystemMetrics(SM_CYSCREEN) - 99, 0, 0, SWP_NOSIZE); },
+         toggle, toggle},
+    };
+    for (std::size_t way = 0; way < ways.size(); ++way)
+    {
+        SCOPED_TRACE("way " + std::to_string(way));
+        Steps steps = ways[way];
+        steps.emplace_back([&] { ExpectChartInWorkArea(); });
+        steps.emplace_back([&] { ExpectTogglingTwiceRestores(); });
+        Choose(steps);
+    }
+    Choose({[] { Resize(10, 10); }});
+    Choose({[&] { ExpectChartInWorkArea(); }, [&] { ExpectTogglingTwiceRestores(); }});
+}
 
 TEST_F(ChooserSize, HidingTheChartTakesItsHeightFromTheWindow)
 {

@@ -1,0 +1,167 @@
+#include "chooser/CChartPaneState.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace
+{
+// The chooser's window without its controls: what its user, its host and the system do to it.
+class CWindowModel
+{
+public:
+    CWindowModel(int dpi, WindowFrame work) : least(396 * dpi / 96), chart(172 * dpi / 96), workArea(work)
+    {
+        workArea.height = std::max(workArea.height, least);
+        frame = {0, 0, 700, least + chart};
+        pane = CChartPaneState(chart, least);
+    }
+
+    // Where it was left, with the box as it was left.
+    void Open(const WindowFrame& left, bool withChart)
+    {
+        if (!withChart)
+        {
+            Toggle();
+        }
+        frame = left;
+        frame.height = std::clamp(frame.height, least, workArea.height);
+        frame = MoveIntoWorkArea(frame, workArea);
+        Settle();
+    }
+
+    void Toggle()
+    {
+        shown = !shown;
+        frame = shown ? pane.Show(frame, workArea) : pane.Hide(frame, workArea);
+        frame.height = std::max(frame.height, least);
+        Settle();
+    }
+
+    // By hand, within the work area.
+    void Drag(int top, int height)
+    {
+        frame.top = std::clamp(top, workArea.top, workArea.top + workArea.height - least);
+        frame.height = std::clamp(height, least, workArea.top + workArea.height - frame.top);
+        maximised = false;
+        dragged = true;
+        pane.Resize(frame.height, ResizedBy::User);
+    }
+
+    void Maximise(bool on)
+    {
+        if (maximised != on)
+        {
+            maximised = on;
+            Settle();
+        }
+    }
+
+    void ExpectInOrder() const
+    {
+        const int height = GetHeight();
+        const int chartHeight = pane.GetChartHeight(height);
+        EXPECT_TRUE(dragged || !shown || 2 * chartHeight >= chart) << chartHeight;
+        EXPECT_TRUE(shown || chartHeight == 0);
+        EXPECT_LT(chartHeight, height - least / 2) << "something is left for the grid";
+        EXPECT_GE(pane.GetHiddenHeight(), chart);
+        EXPECT_GE(height, least);
+        EXPECT_EQ(frame, MoveIntoWorkArea(frame, workArea));
+        EXPECT_LE(frame.height, workArea.height);
+    }
+
+    void ExpectTogglingTwiceRestores()
+    {
+        const WindowFrame before = frame;
+        const int chartBefore = pane.GetChartHeight(GetHeight());
+        const bool anyChart = shown && 2 * pane.GetChartHeight(frame.height) < chart;
+        Toggle();
+        ExpectInOrder();
+        Toggle();
+        ExpectInOrder();
+        if (!anyChart) // or the chart has got its room back
+        {
+            EXPECT_EQ(frame, before);
+            EXPECT_EQ(pane.GetChartHeight(GetHeight()), chartBefore);
+        }
+    }
+
+    [[nodiscard]] const WindowFrame& GetFrame() const { return frame; }
+    [[nodiscard]] bool IsShown() const { return shown; }
+
+private:
+    [[nodiscard]] int GetHeight() const { return maximised ? workArea.height : frame.height; }
+    void Settle()
+    {
+        dragged = false;
+        pane.Resize(GetHeight(), ResizedBy::System);
+    }
+
+    int least;
+    int chart;
+    WindowFrame workArea;
+    WindowFrame frame;
+    CChartPaneState pane;
+    bool shown = true;
+    bool maximised = false;
+    bool dragged = false;
+};
+
+TEST(ChartPaneState, AShownChartHasRoomAfterTenThousandActs)
+{
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto makeWindow = [&]
+    {
+        constexpr int scales[] = {96, 120, 144, 192, 288};
+        return CWindowModel(scales[pick(5)], {0, pick(2) * 30, 1920, 600 + pick(1500)});
+    };
+    CWindowModel window = makeWindow();
+    window.Open(window.GetFrame(), true);
+    for (int act = 0; act < 10'000 && !testing::Test::HasFailure(); ++act)
+    {
+        switch (pick(6))
+        {
+        case 0:
+        {
+            const CWindowModel closed = window;
+            window = makeWindow();
+            window.Open(closed.GetFrame(), closed.IsShown());
+            break;
+        }
+        case 1:
+            window.Drag(pick(1500), pick(2000));
+            break;
+        case 2:
+            window.Maximise(true);
+            break;
+        case 3:
+            window.Maximise(false);
+            break;
+        case 4:
+            window.ExpectTogglingTwiceRestores();
+            break;
+        default:
+            window.Toggle();
+            break;
+        }
+        SCOPED_TRACE(act);
+        window.ExpectInOrder();
+    }
+}
+
+TEST(ChartPaneState, AChartGivesWayToWhoDragsAndComesBack)
+{
+    CChartPaneState pane(172, 396);
+    pane.Resize(450, ResizedBy::User);
+    EXPECT_EQ(pane.GetChartHeight(450), 54);
+    EXPECT_EQ(pane.GetLayout(396), ChooserLayout::WithoutChart);
+    EXPECT_EQ(pane.GetChartHeight(700), 304) << "the grid stays as it was";
+    const WindowFrame screen = {0, 0, 1000, 700};
+    EXPECT_EQ(pane.Hide({0, 300, 500, 396}, screen).height, 396);
+    EXPECT_EQ(pane.Show({0, 300, 500, 396}, screen), (WindowFrame{0, 132, 500, 568}));
+    EXPECT_EQ(pane.Hide({5, 100, 500, 568}, screen), (WindowFrame{5, 100, 500, 396})) << "moved meanwhile";
+}
+} // namespace
