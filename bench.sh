@@ -10,6 +10,8 @@ scripts/build.sh bench "${targets[@]%.cpp}"
 for target in "${targets[@]%.cpp}"; do
     "build/bench/bench/$target" </dev/null
 done
+scripts/build.sh bench materials
+PYTHONPATH=python MATERIALLIBRARY_PATH=build/bench/bin /usr/bin/python3 -B bench/bench_python.py
 
 # The chart's window and the module's entries, under Wine.
 scripts/packages.sh run

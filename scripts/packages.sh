@@ -5,16 +5,20 @@ set -euo pipefail
 
 build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev googletest libgtest-dev libgmock-dev"
 run="$build g++-mingw-w64-x86-64-posix wine64 fonts-wine"
+wheel="python3 python3-build python3-setuptools python3-wheel"
 display="xvfb openbox xdotool imagemagick"
 case ${1:-} in
 run) wanted=$run ;;
 display) wanted=$display ;;
-test) wanted="$run $display clang lld man-db bsdextrautils doxygen llvm zip unzip pkg-config" ;;
-package) wanted="$build g++-mingw-w64-x86-64-posix llvm zip" ;;
+test)
+    wanted="$run $display $wheel clang lld man-db bsdextrautils doxygen llvm zip unzip pkg-config
+        python3-numpy python3-matplotlib python3-pytest mypy python3-pip"
+    ;;
+package) wanted="$build $wheel g++-mingw-w64-x86-64-posix llvm zip" ;;
 docs) wanted="doxygen" ;;
 bench)
     wanted="$build libbenchmark-dev rapidjson-dev libsimdjson-dev libpugixml-dev libeigen3-dev
-        liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev"
+        liblapacke-dev pkg-config libcairo2-dev qtbase5-dev libqwt-qt5-dev libqcustomplot-dev python3-numpy"
     ;;
 fuzz) wanted="$build clang libclang-rt-14-dev" ;;
 coverage) wanted="$build gcovr" ;;

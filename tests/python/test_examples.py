@@ -1,0 +1,33 @@
+"""The example scripts print what stands beside them."""
+
+import subprocess
+import sys
+from pathlib import Path
+
+import pytest
+
+from conftest import MATERIALS
+
+EXAMPLES = MATERIALS.parent / "python"
+LAMINATES = "DefaultMaterialD.mat"
+COMMANDS: dict[str, list[str]] = {
+    "laminate": [],
+    "export_poles": [LAMINATES, "FR4 Standard Core 0.20 mm", "--per-decade", "1"],
+    "microstrip": [LAMINATES, "DefaultMaterialM.mat"],
+}
+
+
+def run(name: str, *arguments: str) -> str:
+    command = [sys.executable, str(EXAMPLES / f"{name}.py"), *arguments]
+    return subprocess.run(command, cwd=MATERIALS, capture_output=True, check=True, text=True).stdout
+
+
+@pytest.mark.parametrize("name", COMMANDS)
+def test_prints(name: str) -> None:
+    assert run(name, *COMMANDS[name]) == (EXAMPLES / f"{name}.txt").read_text()
+
+
+def test_draws_the_line(tmp_path: Path) -> None:
+    picture = tmp_path / "line.png"
+    run("microstrip", *COMMANDS["microstrip"], str(picture))
+    assert picture.read_bytes().startswith(b"\x89PNG")
