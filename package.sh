@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the packages in dist/: the library for Windows hosts and the tool for Linux.
+# Makes the packages in dist/: the library for Windows hosts, the tool for Linux and the wheel for Python on Linux.
 #   package.sh [--output FOLDER]   builds and packs, with SHA256SUMS beside the archives; the same commit gives the same
 #                                  archives, byte for byte
 #   package.sh --verify            does so once more from a fresh clone of the commit and compares
@@ -22,6 +22,8 @@ esac
 version=$(sed -n 's/^#define MATERIALLIBRARY_VERSION "\(.*\)"/\1/p' include/MaterialLibrary/Version.h)
 windows=MaterialLibrary-$version-windows-x64
 linux=matlib-$version-linux-x64
+glibc=2.36 # of Debian 12; check_oldest_glibc looks
+wheel=materiallibrary-$version-py3-none-manylinux_${glibc/./_}_x86_64.whl
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
 
@@ -72,8 +74,27 @@ check_oldest_glibc()
 {
     local oldest
     oldest=$(objdump --dynamic-syms "$1/bin/matlib" "$1/lib/libmaterials.so" | grep -o 'GLIBC_[0-9.]*' | sort --unique --version-sort | tail -n 1)
-    grep -q "needs glibc ${oldest#GLIBC_} " "$1/share/doc/matlib/README.md" ||
+    [[ $oldest == "GLIBC_$glibc" ]] && grep -q "needs glibc $glibc " "$1/share/doc/matlib/README.md" ||
         fail "matlib needs $oldest, its README says otherwise"
+}
+
+# make_wheel FOLDER STAGED-LIBRARY: builds the wheel there. Only Debian's Python knows Debian's packages.
+make_wheel()
+{
+    local file source=build/wheel
+    rm -rf "$source"
+    while IFS= read -r file; do
+        install -D -m 644 "$file" "$source/${file#python/}"
+    done < <(git ls-files --cached --others --exclude-standard python)
+    install -D -m 644 include/MaterialLibrary/Version.h -t "$source/include/MaterialLibrary"
+    install -m 644 LICENSE THIRD-PARTY.md "$source"
+    install -m 644 "$2" "$source/materiallibrary/libmaterials.so"
+    (cd "$source" && /usr/bin/python3 -m build --wheel --no-isolation --outdir . \
+        "-C--build-option=--plat-name=manylinux_${glibc/./_}_x86_64" . >build.log 2>&1) || {
+        cat "$source/build.log" >&2
+        fail "no wheel"
+    }
+    cp "$source/$wheel" "$1"
 }
 
 pack()
@@ -99,6 +120,7 @@ pack()
     (cd "$staged" && find "$windows" -type f | sort | zip -q -X -9 "$archive" -@)
     tar --directory "$staged" --sort=name --owner=0 --group=0 --numeric-owner --format=ustar --create "$linux" |
         gzip --no-name -9 >"$output/$linux.tar.gz"
+    make_wheel "$output" "$staged/$linux/lib/libmaterials.so"
 }
 
 if $verify; then
@@ -106,7 +128,7 @@ if $verify; then
     trap 'rm -rf "$fresh"' EXIT
     git clone --quiet . "$fresh/tree"
     "$fresh/tree/package.sh"
-    for archive in "$windows.zip" "$linux.tar.gz" SHA256SUMS; do
+    for archive in "$windows.zip" "$linux.tar.gz" "$wheel" SHA256SUMS; do
         cmp "dist/$archive" "$fresh/tree/dist/$archive"
     done
     echo "A fresh clone gives the same archives."
@@ -125,4 +147,4 @@ done
 scripts/build.sh native matlib materials
 scripts/build.sh windows MaterialLibrary materials matlib matlib_messages import_libraries
 pack
-(cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz" | tee SHA256SUMS)
+(cd "$output" && sha256sum "$windows.zip" "$linux.tar.gz" "$wheel" | tee SHA256SUMS)

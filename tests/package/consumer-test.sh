@@ -71,6 +71,13 @@ for program in laminate laminate_too; do
 done
 echo "c: fine"
 
+# The wheel, as pip installs it.
+/usr/bin/python3 -m pip install --quiet --root-user-action ignore --no-index --no-deps --no-compile --target "$work/python" "$dist"/materiallibrary-*.whl
+(cd "$documentation/examples/materials" &&
+    PYTHONPATH=$work/python /usr/bin/python3 -B ../python/laminate.py | diff ../python/laminate.txt -) || fail "the wheel"
+! grep -rlaF -e "$root" -e "${HOME:-/root}/" "$work/python" || fail "paths of the build in the wheel"
+echo "python: fine"
+
 headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
 mingw=/usr/x86_64-w64-mingw32
 build_hosts clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_CXX_COMPILER_TARGET=x86_64-w64-windows-gnu \
