@@ -8,6 +8,9 @@
 
 namespace
 {
+// To the dialog itself: whatever took the focus from the refused control has come to its end.
+constexpr UINT returnToRefused = WM_APP + 0x3A1;
+
 struct DialogStart
 {
     CDialog* dialog;
@@ -85,6 +88,11 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM /*wParam*/
 
 LRESULT CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (message == returnToRefused)
+    {
+        ReturnToRefused();
+        return 0;
+    }
     if (message != WM_COMMAND)
     {
         return CWnd::HandleMessage(message, wParam, lParam);
@@ -121,8 +129,35 @@ void CDialog::RefuseText(int control, const std::function<void()>& tellUser)
 {
     const bool before = std::exchange(listening, false);
     tellUser();
+    SelectText(control);
+    listening = before;
+    refused = control;
+    PostMessageW(GetHandle(), returnToRefused, 0, 0);
+}
+
+void CDialog::SelectText(int control)
+{
     const HWND edit = GetDlgItem(GetHandle(), control);
     SetFocus(edit);
     SendMessageW(edit, EM_SETSEL, 0, -1);
-    listening = before;
+}
+
+// A control takes the mouse after it has taken the focus, and does not know that a message box came between.
+void CDialog::ReturnToRefused()
+{
+    const int control = std::exchange(refused, 0);
+    if (control == 0 || !listening)
+    {
+        return;
+    }
+    listening = false;
+    ReleaseCapture();
+    const auto closeDropDownList = [](HWND child, LPARAM) -> BOOL
+    {
+        SendMessageW(child, CB_SHOWDROPDOWN, FALSE, 0);
+        return TRUE;
+    };
+    EnumChildWindows(GetHandle(), closeDropDownList, 0);
+    SelectText(control);
+    listening = true;
 }

@@ -34,14 +34,19 @@ protected:
     void EndModal(int result);
 
     // Calls `tellUser` for an edit control whose text will not do, and gives it the focus with the whole text
-    // selected. All that takes the focus from controls, so the dialog does not listen to them meanwhile.
+    // selected. All that takes the focus from controls, so the dialog does not listen to them meanwhile. A
+    // control that was being clicked on lets the mouse go, and is not clicked.
     void RefuseText(int control, const std::function<void()>& tellUser);
 
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void SelectText(int control);
+    void ReturnToRefused();
+
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     unsigned identifier;
     bool listening = false; // to the controls
+    int refused = 0;        // the control whose text will not do
 };

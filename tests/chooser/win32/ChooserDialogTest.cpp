@@ -136,6 +136,40 @@ TEST_F(Chooser, WhatIsNoThicknessIsRefusedBeforeAnythingChanges)
     EXPECT_THAT(messages.boxes, IsEmpty()) << "who leaves is not asked for a number";
 }
 
+TEST_F(Chooser, AfterARefusedNumberTheMouseIsFreeAndTheTextSelected)
+{
+    Steps steps;
+    for (const int clicked : {IDCANCEL, IDOK, ML_COMBO_TYPE, ML_CHECK_SHOW_GRAPHICALLY, ML_EDIT_ASSIGNED})
+    {
+        steps.emplace_back(
+            [this, clicked]
+            {
+                messages.boxes.clear();
+                SetFocus(Item(ML_EDIT_THICKNESS_MINIMUM));
+                SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "wrong");
+                SendMessageW(Item(clicked), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+            });
+        steps.emplace_back(
+            [this, clicked]
+            {
+                SCOPED_TRACE(clicked);
+                EXPECT_EQ(messages.boxes.size(), 1U);
+                EXPECT_EQ(GetCapture(), nullptr);
+                EXPECT_EQ(GetFocus(), Item(ML_EDIT_THICKNESS_MINIMUM));
+                EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELONG(0, 5));
+                EXPECT_EQ(SendMessageW(Item(IDOK), BM_GETSTATE, 0, 0) & BST_PUSHED, 0);
+                EXPECT_EQ(SendMessageW(Item(IDCANCEL), BM_GETSTATE, 0, 0) & BST_PUSHED, 0);
+                EXPECT_FALSE(SendMessageW(Item(ML_COMBO_TYPE), CB_GETDROPPEDSTATE, 0, 0));
+                EXPECT_TRUE(IsItemChecked(Dialog(), ML_CHECK_SHOW_GRAPHICALLY));
+                SendMessageW(GetFocus(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+                SendMessageW(GetFocus(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+                EXPECT_EQ(messages.boxes.size(), 1U) << "who corrects it is left alone";
+                SetItemText(Dialog(), ML_EDIT_THICKNESS_MINIMUM, "0");
+            });
+    }
+    Choose(steps);
+}
+
 TEST_F(Chooser, EnterInAnEditAppliesAndElsewhereEndsWithOk)
 {
     IMaterial* const flex = library.FindMaterial("Flex");
