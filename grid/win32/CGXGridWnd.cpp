@@ -196,7 +196,8 @@ void CGXGridWnd::SetCurrentRow(int row)
 void CGXGridWnd::OnGridChanged(unsigned changes)
 {
     constexpr unsigned selection = GRIDCHANGE_SELECTION | GRIDCHANGE_CURRENT;
-    if (const unsigned shown = following ? changes & ~selection : changes; shown != 0)
+    const bool isShown = following || list.IsHandlingInput();
+    if (const unsigned shown = isShown ? changes & ~selection : changes; shown != 0)
     {
         list.Show(shown);
     }

@@ -402,11 +402,24 @@ LRESULT CGridList::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         break;
     }
-    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+    const bool isMouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+    if (isMouse)
     {
         tip.Relay(GetHandle(), message, wParam, lParam);
     }
-    return CWnd::HandleMessage(message, wParam, lParam);
+    const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    return (isMouse && message != WM_MOUSEMOVE) || isKey ? HandleInput(message, wParam, lParam)
+                                                         : CWnd::HandleMessage(message, wParam, lParam);
+}
+
+// The list deselects one row and selects another: the grid's listener is told of both at once.
+LRESULT CGridList::HandleInput(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const CFlagScope scope(handlingInput);
+    CGridUpdateScope oneChange(*model);
+    const LRESULT answer = CWnd::HandleMessage(message, wParam, lParam);
+    oneChange.Finish();
+    return answer;
 }
 
 LVHITTESTINFO CGridList::HitTest(POINT point) const

@@ -14,7 +14,7 @@
 class CGridList : public CWnd
 {
 public:
-    explicit CGridList(const CGridModel& gridModel) : model(&gridModel) {}
+    explicit CGridList(CGridModel& gridModel) : model(&gridModel) {}
 
     // Makes the list as the only child of `parent`, which gets its notifications. Throws std::bad_alloc when
     // the system has no room for another window.
@@ -25,6 +25,9 @@ public:
 
     // True while the list is being brought in line: what it notifies then is no doing of the user.
     [[nodiscard]] bool IsUpdating() const { return updating; }
+
+    // True while the list follows its user: what the grid then learns from it is shown already.
+    [[nodiscard]] bool IsHandlingInput() const { return handlingInput; }
 
     // The column of the grid that a subitem shows, 0 for none.
     [[nodiscard]] int GetColumn(int subItem) const;
@@ -69,12 +72,14 @@ private:
     void FitNewColumns();
     void SetItemState(int item, UINT state, UINT mask);
 
+    LRESULT HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
     void PointTipAt(POINT point);
 
-    const CGridModel* model;
+    CGridModel* model;
     std::vector<int> columns;         // of the grid; one for each subitem
     std::vector<std::string> headers; // their texts as shown
     bool updating = false;
+    bool handlingInput = false;
     bool columnsAreNew = false; // and have not been fitted to any rows yet
     int pressedColumn = 0;
 

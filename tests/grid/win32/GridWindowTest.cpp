@@ -125,6 +125,26 @@ TEST_F(GridWindow, LeavesHiddenColumnsOut)
     EXPECT_EQ(alignment(1), HDF_RIGHT);
 }
 
+TEST_F(GridWindow, TellsOfEachChangeOnce)
+{
+    grid.Fill({"a", "b", "c", "d"});
+    const HWND list = grid.GetList();
+    const auto count = [&](const std::function<void()>& act)
+    {
+        grid.selectionChanges = 0;
+        act();
+        return grid.selectionChanges;
+    };
+    CGridFixture::ClickCell(list, 0, 0);
+    EXPECT_EQ(count([&] { CGridFixture::ClickCell(list, 2, 0); }), 1);
+    EXPECT_EQ(grid.GetListSelection(), std::vector{2});
+    EXPECT_EQ(count([&] { CGridFixture::PressKey(list, VK_UP); }), 1);
+    EXPECT_EQ(count([&] { CGridFixture::PressKey(list, VK_HOME); }), 1);
+    EXPECT_EQ(count([&] { CGridFixture::ClickCell(list, 2, 0, MK_SHIFT); }), 1);
+    EXPECT_EQ(count([&] { CGridFixture::PressKey(list, 'A', true); }), 1);
+    EXPECT_EQ(grid.GetModel().GetSelection().GetSelectedCount(), 4);
+}
+
 TEST_F(GridWindow, SortsWithItsArrowsAndTheSelectionFollows)
 {
     grid.Fill({"b", "c", "a"});
