@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <map>
@@ -34,29 +35,27 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs)
         {
-            if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median")
+            if (run.run_type == Run::RT_Iteration)
             {
-                seconds[run.run_name.str()] = TimeOf(run) / benchmark::GetTimeUnitMultiplier(run.time_unit);
+                auto& times = seconds[run.run_name.str()];
+                times.push_back(TimeOf(run) / benchmark::GetTimeUnitMultiplier(run.time_unit));
+                std::sort(times.begin(), times.end());
             }
         }
     }
 
-    // Seconds of one iteration of the run, 0 when it did not run. With repetitions it is their median.
-    [[nodiscard]] double GetSeconds(const std::string& run) const
-    {
-        const auto found = seconds.find(run);
-        return found != seconds.end() ? found->second : 0.0;
-    }
+    // Seconds of one iteration of the run, the median of its repetitions; 0 when it did not run.
+    [[nodiscard]] double GetSeconds(const std::string& run) const { return GetQuantile(run, 2); }
 
-    // "title: ours 1.2 us, peer 3.6 us, peer / ours = 3.0", when both ran.
+    // "title: ours 1.2 us, peer 3.6 us, peer / ours = 3.0", when both ran. With repetitions also the spread
+    // of each: half of its times lie within that many per cent of its median.
     void PrintRatio(const std::string& title, const std::string& ours, const std::string& peer) const
     {
-        const double own = GetSeconds(ours);
-        const double other = GetSeconds(peer);
-        if (own > 0.0 && other > 0.0)
+        if (GetSeconds(ours) > 0.0 && GetSeconds(peer) > 0.0)
         {
-            std::printf("%-52s ours %10.3f us   peer %10.3f us   peer/ours %6.2f\n", title.c_str(), own * 1e6,
-                        other * 1e6, other / own);
+            std::printf("%-52s ours %10.3f us%s   peer %10.3f us%s   peer/ours %6.2f\n", title.c_str(),
+                        GetSeconds(ours) * 1e6, DescribeSpread(ours).c_str(), GetSeconds(peer) * 1e6,
+                        DescribeSpread(peer).c_str(), GetSeconds(peer) / GetSeconds(ours));
         }
     }
 
@@ -68,5 +67,23 @@ private:
         return manual ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
     }
 
-    std::map<std::string, double> seconds;
+    // The quarter-th quartile of the run's times.
+    [[nodiscard]] double GetQuantile(const std::string& run, std::size_t quarter) const
+    {
+        const auto found = seconds.find(run);
+        return found != seconds.end() ? found->second[(found->second.size() - 1) * quarter / 4] : 0.0;
+    }
+
+    [[nodiscard]] std::string DescribeSpread(const std::string& run) const
+    {
+        char text[32] = "";
+        if (seconds.at(run).size() > 1)
+        {
+            const double width = (GetQuantile(run, 3) - GetQuantile(run, 1)) / 2;
+            std::snprintf(text, sizeof text, " +-%.0f%%", 100 * width / GetSeconds(run));
+        }
+        return text;
+    }
+
+    std::map<std::string, std::vector<double>> seconds; // of each run's repetitions, ascending
 };

@@ -1,263 +1,191 @@
-// Scanning numbers: the system's scanner beside std::from_chars and fast_float, on the same tokens. Ends
-// with a table of nanoseconds per number, the best pass of all.
-
+// Converting the numbers of a material file, in the order of the file: ours beside fast_float and the
+// standard library, all within the text. One iteration is a thousand numbers, so microseconds are nanoseconds
+// a number.
+#include "bench/MaterialTexts.h"
+#include "bench/RatioTable.h"
 #include "shared/Misc_String/Decimal.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 
-#include <algorithm>
 #include <array>
-#include <benchmark/benchmark.h>
 #include <charconv>
-#include <chrono>
-#include <cmath>
-#include <cstdio>
 #include <fast_float/fast_float.h>
 #include <functional>
-#include <map>
 #include <random>
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace
 {
-// Blank-separated tokens.
-class CTokens
+constexpr std::size_t count = 1000;
+
+// Texts with a NUL behind them, and where their numbers begin.
+class CNumbers
 {
 public:
-    explicit CTokens(const std::function<std::string(std::mt19937&)>& makeToken)
+    explicit CNumbers(std::string numbers) : text(std::move(numbers))
     {
-        std::mt19937 random(1);
-        std::vector<std::size_t> ends;
-        for (std::size_t i = 0; i < 20000; ++i)
+        for (std::size_t at = 0; begins.size() < count; at = text.find_first_of(" \n", at))
         {
-            text += makeToken(random);
-            ends.push_back(text.size());
-            text += ' ';
-        }
-        std::size_t begin = 0;
-        for (const std::size_t end : ends)
-        {
-            tokens.emplace_back(text.data() + begin, end - begin);
-            begin = end + 1;
+            at = text.find_first_not_of(" \n", at);
+            begins.push_back(at);
         }
     }
 
-    CTokens(const CTokens&) = delete;
-    CTokens& operator=(const CTokens&) = delete;
-
-    const std::vector<std::string_view>& All() const { return tokens; }
-    const char* End() const { return text.data() + text.size(); }
+    [[nodiscard]] std::string_view From(std::size_t index) const
+    {
+        return std::string_view(text).substr(begins[index]);
+    }
 
 private:
     std::string text;
-    std::vector<std::string_view> tokens;
+    std::vector<std::size_t> begins;
 };
 
-std::string Print(const char* format, double value)
+// The rows of the first tables: frequencies and values in turn.
+std::string MakeRows()
 {
-    std::array<char, 64> text;
-    std::snprintf(text.data(), text.size(), format, value);
-    return text.data();
-}
-
-double Uniform(std::mt19937& random, double low, double high)
-{
-    return std::uniform_real_distribution<double>(low, high)(random);
-}
-
-// What the rows of dielectric tables hold: frequencies, permittivities and loss tangents.
-std::string MakeTableValue(std::mt19937& random)
-{
-    const double frequency = std::pow(10.0, Uniform(random, 6.0, 10.0));
-    switch (random() % 4)
+    const std::string file = MakeMaterialTexts(20, 40).materialFile;
+    std::string rows;
+    for (std::size_t table = 0; (table = file.find("TABLE =", table)) != std::string::npos; ++table)
     {
-    case 0:
-        return Print("%.0f", std::round(frequency / 1e5) * 1e5);
-    case 1:
-        return Print("%.3g", frequency);
-    case 2:
-        return Print("%.4g", Uniform(random, 2.5, 5.0));
-    default:
-        return Print("%.4g", Uniform(random, 0.001, 0.03));
+        const std::size_t begin = table + std::string_view("TABLE =").size();
+        rows += file.substr(begin, file.find(')', begin) - begin);
     }
+    return rows;
 }
 
-std::string MakeMixedValue(std::mt19937& random)
+std::string MakeLongNumbers()
 {
-    constexpr std::array texts = {"4.3", "0.0215", "1e9", "1.25e+10", "2500000000", "3.141592653589793"};
-    return texts[random() % texts.size()];
+    std::mt19937_64 random(1);
+    std::uniform_real_distribution<double> permittivity(2.5, 5.0);
+    std::string numbers;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        char text[32];
+        std::snprintf(text, sizeof text, "%.17g ", permittivity(random));
+        numbers += text;
+    }
+    return numbers;
 }
 
-std::string MakeLongValue(std::mt19937& random)
+std::string MakeFrequencies()
 {
-    return Print("%.17g", Uniform(random, 2.5, 5.0));
+    constexpr std::array<const char*, 8> texts = {"1MHz ", "10MHz ",  "100MHz ", "500MHz ",
+                                                  "1GHz ", "2.5GHz ", "5GHz ",   "10GHz "};
+    std::string numbers;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        numbers += texts[i % texts.size()];
+    }
+    return numbers;
 }
 
-std::string MakeEngineeringValue(std::mt19937& random)
+double ConvertByUs(std::string_view text)
 {
-    constexpr std::array texts = {"1GHz", "2.5GHz", "100MHz", "1e9", "10k", "12.5G", "350kHz", "1000000"};
-    return texts[random() % texts.size()];
+    return ParseUnsignedDecimal(text.data()).value;
 }
 
-double ScanByUs(const char* first, const char* last)
+double ConvertByUsWithinBounds(std::string_view text)
 {
-    return ParseDecimal(first, last).value;
+    return ParseDecimal(text).value;
 }
 
-double ScanByUsWithSuffix(const char* first, const char* last)
+double ConvertByUsWithUnit(std::string_view text)
 {
     double value = 0.0;
-    (void)ParseEngineeringNumber(std::string_view(first, static_cast<std::size_t>(last - first)), &value);
+    static_cast<void>(ParseEngineeringNumber(text.substr(0, text.find(' ')), &value));
     return value;
 }
 
-double ScanByStandard(const char* first, const char* last)
+double ConvertByFastFloat(std::string_view text)
 {
     double value = 0.0;
-    std::from_chars(first, last, value);
+    fast_float::from_chars(text.data(), text.data() + text.size(), value);
     return value;
 }
 
-double ScanByFastFloat(const char* first, const char* last)
+double ConvertByStandard(std::string_view text)
 {
     double value = 0.0;
-    fast_float::from_chars(first, last, value);
+    std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
 }
 
-// Each pass is timed by itself: the best pass is the one that nothing else on the machine disturbed.
-template <double (*Scan)(const char*, const char*)>
-void ScanAll(benchmark::State& state, const CTokens& tokens, bool withinText)
+template <double (*convert)(std::string_view)>
+void ConvertAll(benchmark::State& state, const CNumbers& numbers)
 {
-    double best = HUGE_VAL;
     for (auto _ : state)
     {
-        const auto start = std::chrono::steady_clock::now();
         double sum = 0.0;
-        for (const std::string_view token : tokens.All())
+        for (std::size_t i = 0; i < count; ++i)
         {
-            sum += Scan(token.data(), withinText ? tokens.End() : token.data() + token.size());
+            sum += convert(numbers.From(i));
         }
         benchmark::DoNotOptimize(sum);
-        const std::chrono::duration<double, std::nano> time = std::chrono::steady_clock::now() - start;
-        best = std::min(best, time.count() / static_cast<double>(tokens.All().size()));
     }
-    state.counters["best_ns_per_number"] = best;
 }
 
-// Keeps the best pass of each benchmark; shows the medians.
-class CBestTimes : public benchmark::ConsoleReporter
+struct Contender
 {
-public:
-    CBestTimes() : ConsoleReporter(OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        std::vector<Run> medians;
-        for (const Run& run : runs)
-        {
-            if (run.aggregate_name == "median")
-            {
-                medians.push_back(run);
-            }
-            if (run.run_type != Run::RT_Iteration)
-            {
-                continue;
-            }
-            double& best = times.try_emplace(run.run_name.function_name, HUGE_VAL).first->second;
-            best = std::min(best, run.counters.at("best_ns_per_number").value);
-        }
-        ConsoleReporter::ReportRuns(medians);
-    }
-
-    double Best(const std::string& name) const
-    {
-        const auto found = times.find(name);
-        return found != times.end() ? found->second : NAN;
-    }
-
-private:
-    std::map<std::string, double> times;
+    const char* name;
+    void (*convertAll)(benchmark::State&, const CNumbers&);
 };
+constexpr Contender peers[] = {{"fast_float", ConvertAll<ConvertByFastFloat>},
+                               {"std::from_chars", ConvertAll<ConvertByStandard>}};
 
 struct Workload
 {
     const char* name;
-    CTokens tokens;
-    bool withinText;
-    bool hasSuffixes = false;
+    CNumbers numbers;
+    std::vector<Contender> ours;
 };
 
-constexpr std::array scanners = {"system", "from_chars", "fast_float"};
-
-std::string NameOf(const Workload& workload, std::size_t scanner)
+std::string NameOf(const Workload& workload, const Contender& contender)
 {
-    return std::string(workload.name) + "/" + scanners[scanner];
+    return std::string(workload.name) + ", " + contender.name;
 }
 
-void Register(const Workload& workload)
-{
-    const std::array functions = {workload.hasSuffixes ? ScanAll<ScanByUsWithSuffix> : ScanAll<ScanByUs>,
-                                  ScanAll<ScanByStandard>, ScanAll<ScanByFastFloat>};
-    for (std::size_t i = 0; i < scanners.size(); ++i)
-    {
-        benchmark::RegisterBenchmark(NameOf(workload, i).c_str(), functions[i], std::cref(workload.tokens),
-                                     workload.withinText);
-    }
-}
-
-void PrintTable(std::span<const Workload> workloads, const CBestTimes& times)
-{
-    std::printf("\n%-38s %9s %11s %11s   %s\n", "ns per number, best pass", scanners[0], scanners[1],
-                scanners[2], "system's time against from_chars, fast_float");
-    for (const Workload& workload : workloads)
-    {
-        std::array<double, scanners.size()> each{};
-        for (std::size_t i = 0; i < each.size(); ++i)
-        {
-            each[i] = times.Best(NameOf(workload, i));
-        }
-        std::printf("%-38s %9.1f %11.1f %11.1f   %.2f, %.2f\n", workload.name, each[0], each[1], each[2],
-                    each[0] / each[1], each[0] / each[2]);
-    }
-}
 } // namespace
 
 int main(int argc, char** argv)
 {
-    // Short runs of all benchmarks in turn: what else the machine does then meets them all alike.
-    std::vector<std::string> arguments = {argv[0], "--benchmark_repetitions=40", "--benchmark_min_time=0.01",
-                                          "--benchmark_enable_random_interleaving=true"};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    std::vector<char*> pointers;
-    for (std::string& argument : arguments)
-    {
-        pointers.push_back(argument.data());
-    }
-    int count = static_cast<int>(pointers.size());
-    benchmark::Initialize(&count, pointers.data());
-    if (benchmark::ReportUnrecognizedArguments(count, pointers.data()))
+    if (!InitializeInterleaved(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.02"}))
     {
         return 1;
     }
-
-    const std::array<Workload, 7> workloads = {{
-        {"table values within the text", CTokens(MakeTableValue), true},
-        {"table values cut out", CTokens(MakeTableValue), false},
-        {"3 to 17 digits within the text", CTokens(MakeMixedValue), true},
-        {"3 to 17 digits cut out", CTokens(MakeMixedValue), false},
-        {"17 digits within the text", CTokens(MakeLongValue), true},
-        {"17 digits cut out", CTokens(MakeLongValue), false},
-        {"with suffixes, which the others leave", CTokens(MakeEngineeringValue), false, true},
-    }};
+    const Contender row = {"in a row", ConvertAll<ConvertByUs>};
+    const Contender bounded = {"within bounds", ConvertAll<ConvertByUsWithinBounds>};
+    const Contender withUnit = {"with its unit", ConvertAll<ConvertByUsWithUnit>};
+    const Workload workloads[] = {
+        {"rows", CNumbers(MakeRows()), {row, bounded}},
+        {"17 digits", CNumbers(MakeLongNumbers()), {row, bounded}},
+        {"frequencies", CNumbers(MakeFrequencies()), {row, withUnit}},
+    };
     for (const Workload& workload : workloads)
     {
-        Register(workload);
+        for (const std::span<const Contender> contenders :
+             {std::span<const Contender>(workload.ours), std::span<const Contender>(peers)})
+        {
+            for (const Contender& contender : contenders)
+            {
+                benchmark::RegisterBenchmark(NameOf(workload, contender).c_str(), contender.convertAll,
+                                             std::cref(workload.numbers));
+            }
+        }
     }
-    CBestTimes times;
-    benchmark::RunSpecifiedBenchmarks(&times);
-    PrintTable(workloads, times);
+    RatioTable table;
+    benchmark::RunSpecifiedBenchmarks(&table);
+    std::printf("\nA thousand numbers (peer/ours above 1: ours is faster)\n");
+    for (const Workload& workload : workloads)
+    {
+        for (const Contender& own : workload.ours)
+        {
+            for (const Contender& peer : peers)
+            {
+                table.PrintRatio(NameOf(workload, own) + "; " + peer.name, NameOf(workload, own),
+                                 NameOf(workload, peer));
+            }
+        }
+    }
     return 0;
 }

@@ -49,9 +49,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     msg::ReplaceSystemMessageBox(&message);
     std::string text(reinterpret_cast<const char*>(data), size);
     CFakeMaterialLib library;
-    const bool loaded = LoadMaterialText(library, text.data(), "fuzz.mat");
-    const ParsedFile first = ParseMaterialFile(text.c_str(), AfterError::stop);
-    const ParsedFile whole = ParseMaterialFile(text.c_str(), AfterError::goOn);
+    const bool loaded = LoadMaterialText(library, text, "fuzz.mat");
+    const ParsedFile first = ParseMaterialFile(text, AfterError::stop);
+    const ParsedFile whole = ParseMaterialFile(text, AfterError::goOn);
     Require(text == std::string(reinterpret_cast<const char*>(data), size));
     Require(first.errors.size() == (loaded ? 0 : 1));
     Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);

@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string original(reinterpret_cast<const char*>(data), size);
     std::string text = original;
     CFakeMaterialLib library;
-    const bool loaded = LoadMaterialText(library, text.data(), "fuzz.mat");
+    const bool loaded = LoadMaterialText(library, text, "fuzz.mat");
     Require(messages.count == (loaded ? 0 : 1));
     Require(loaded || library.GetMaterialCount() == 0);
     Require(text == original || original.find('\0') != std::string::npos);

@@ -53,10 +53,10 @@ public:
         AddText(text.get(), path);
     }
 
-    void AddText(const char* text, const char* name)
+    void AddText(const char* paddedText, const char* name)
     {
         auto file = std::make_unique<CFakeMaterialLib>();
-        if (auto failure = ReadMaterials(*file, text))
+        if (auto failure = ReadMaterials(*file, paddedText))
         {
             Refuse(name, std::move(*failure));
             return;
@@ -169,8 +169,7 @@ ml_error ml_open_text(const char* text, size_t length, const char* name, uint32_
         [=]
         {
             CLibraryMaker maker(flags);
-            const std::string copy(text != nullptr ? text : "", length);
-            maker.AddText(copy.c_str(), name);
+            maker.AddText(PadText({text != nullptr ? text : "", length}).c_str(), name);
             *library = maker.Finish();
             return ML_OK;
         });

@@ -1,11 +1,9 @@
 #include "model/CArena.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace
 {
-constexpr std::size_t largeBlockBytes = std::size_t{64} * 1024;
 constexpr std::size_t firstChunkBytes = std::size_t{4} * 1024;
 constexpr std::size_t largestChunkBytes = std::size_t{1024} * 1024;
 constexpr std::size_t headerBytes = 32; // a chunk's header, rounded up to the alignment of its blocks
@@ -48,19 +46,6 @@ void CArena::Release() noexcept
     }
     cursor = nullptr;
     end = nullptr;
-}
-
-void* CArena::Allocate(std::size_t bytes, std::size_t alignment)
-{
-    const std::size_t padding = -reinterpret_cast<std::uintptr_t>(cursor) & (alignment - 1);
-    const auto room = static_cast<std::size_t>(end - cursor);
-    if (bytes >= largeBlockBytes || room < bytes + padding)
-    {
-        return AllocateBeyondChunk(bytes);
-    }
-    std::byte* const block = cursor + padding;
-    cursor = block + bytes;
-    return block;
 }
 
 // The block is a chunk of its own or the first of a new one, whose start suits every alignment.

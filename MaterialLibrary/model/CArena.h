@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory_resource>
 #include <new>
 #include <utility>
@@ -22,7 +23,17 @@ public:
     CArena& operator=(const CArena&) = delete;
 
     // A block for anything of that alignment, at most that of std::max_align_t.
-    [[nodiscard]] void* Allocate(std::size_t bytes, std::size_t alignment);
+    [[nodiscard]] void* Allocate(std::size_t bytes, std::size_t alignment)
+    {
+        const std::size_t padding = -reinterpret_cast<std::uintptr_t>(cursor) & (alignment - 1);
+        if (bytes + padding > static_cast<std::size_t>(end - cursor) || bytes >= largeBlockBytes)
+        {
+            return AllocateBeyondChunk(bytes);
+        }
+        std::byte* const block = cursor + padding;
+        cursor = block + bytes;
+        return block;
+    }
 
     // An object whose destructor never runs.
     template <class T, class... Arguments>
@@ -49,6 +60,8 @@ public:
     [[nodiscard]] std::size_t GetReservedBytes() const noexcept { return reservedBytes; }
 
 private:
+    static constexpr std::size_t largeBlockBytes = std::size_t{64} * 1024;
+
     // Stands at the start of each piece of upstream memory; both kinds form doubly linked lists.
     struct Chunk
     {

@@ -65,7 +65,7 @@ private:
     {
         const auto old = static_cast<std::size_t>(capacity);
         const std::size_t extended = std::max(least, old + std::max<std::size_t>(4, old / 4));
-        const std::size_t grown = std::max(least, old + old / 2);
+        const std::size_t grown = std::max({least, old + old / 2, 16 / sizeof(T)});
         if (std::max(extended, grown) > INT_MAX)
         {
             throw std::bad_alloc();

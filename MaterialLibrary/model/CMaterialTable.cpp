@@ -16,3 +16,8 @@ void CMaterialTable::SetSingleValue(double value)
     entries.Release(*arena);
     AddEntry({singleValueFrequency, value});
 }
+
+void CMaterialTable::AddEntries(std::span<const MLTBLENTRY> rows)
+{
+    entries.Append(*arena, rows);
+}

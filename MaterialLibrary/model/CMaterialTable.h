@@ -36,7 +36,7 @@ public:
     [[nodiscard]] std::span<const MLTBLENTRY> GetEntries() const noexcept { return entries.GetAll(); }
 
     // Appends the rows, which are none of this table's own.
-    void AddEntries(std::span<const MLTBLENTRY> rows) { entries.Append(*arena, rows); }
+    void AddEntries(std::span<const MLTBLENTRY> rows);
 
     // Keeps a computed value for FindCachedValue.
     void AddCachedValue(double frequency, double value) { cache.Keep(*arena, frequency, value); }

@@ -4,6 +4,7 @@
 #include "model/CMaterial.h"
 #include "reader/IReadObserver.h"
 #include "reader/ReadError.h"
+#include "reader/ReadPlainRows.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 
 #include <algorithm>
@@ -117,8 +118,10 @@ void CMaterialReader::NeedToken()
 
 void CMaterialReader::NeedSign(char expected, MLTEXTID reason)
 {
-    if (!NextToken() || !IsSign(expected))
+    scanner->GoToToken();
+    if (!scanner->TakeDelimiter(expected, token))
     {
+        static_cast<void>(NextToken()); // an error is told behind the token that breaks the rule
         Refuse(reason);
     }
 }
@@ -197,47 +200,51 @@ void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
             ReadVersion();
         });
     scanner->SetDelimiters("{}()="); // in the body a point is part of a number or of a word
-    if (!hasHeader)
+    if (!hasHeader && observer->GoToFirstBlock(token))
     {
-        observer->GoToFirstBlock(token);
-        if (NextToken())
-        {
-            ReadBlock(library);
-        }
+        ReadBlock(library);
     }
-    while (NextToken())
+    for (bool isOpen = true; isOpen;)
     {
-        const auto readBlock = [&]
-        {
-            if (!IsSign('{'))
-            {
-                Refuse(MLTEXT_BRACKET_EXPECTED);
-            }
-            NeedToken();
-            ReadBlock(library);
-        };
-        if (!Attempt(readBlock))
+        if (!Attempt([&] { isOpen = ReadNextBlock(library); }))
         {
             observer->GoToNextBlock(token);
         }
     }
 }
 
-// Stands behind the block's word.
+// False at the end of the text.
+bool CMaterialReader::ReadNextBlock(CFakeMaterialLib& library)
+{
+    scanner->GoToToken();
+    if (!scanner->TakeDelimiter('{', token))
+    {
+        if (NextToken())
+        {
+            Refuse(MLTEXT_BRACKET_EXPECTED);
+        }
+        return false;
+    }
+    ReadBlock(library);
+    return true;
+}
+
+// Reads a block from its word on.
 void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
 {
-    const bool isDielectric = token == dielectricWord;
-    if (!isDielectric && token != metalWord)
+    scanner->GoToToken();
+    const bool isDielectric = scanner->TakeWord(dielectricWord, token);
+    if (!isDielectric && !scanner->TakeWord(metalWord, token))
     {
+        NeedToken();
         return; // the word of an unknown block is passed over
     }
     Tell(&IReadObserver::OnBlock, token);
-    const std::string_view known = isDielectric ? dielectricWord : metalWord;
     if (blockWord.empty())
     {
-        blockWord = known;
+        blockWord = token;
     }
-    if (blockWord != known)
+    if (blockWord != token)
     {
         static_cast<void>(Attempt([this] { Refuse(MLTEXT_MIXED_KINDS); })); // read it all the same
     }
@@ -255,23 +262,24 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
 bool CMaterialReader::ReadDielectric(CMaterial& material)
 {
     material.SetKind(MLMATERIAL_DIELECTRIC);
-    return ReadRecords(material, dielectricKeys);
+    return ReadRecords<dielectricKeys>(material);
 }
 
 bool CMaterialReader::ReadMetal(CMaterial& material)
 {
     material.SetKind(MLMATERIAL_METAL);
-    return ReadRecords(material, metalKeys);
+    return ReadRecords<metalKeys>(material);
 }
 
 // Reads up to the "}" of the block. Whether the material is without an error.
-bool CMaterialReader::ReadRecords(CMaterial& material, std::span<const MLRECORDKEY> keys)
+template <const auto& keys>
+bool CMaterialReader::ReadRecords(CMaterial& material)
 {
     bool isWhole = true;
     bool isOpen = true;
     while (isOpen)
     {
-        if (!Attempt([&] { isOpen = ReadRecord(material, keys); }))
+        if (!Attempt([&] { isOpen = ReadRecord<keys>(material); }))
         {
             isWhole = false;
             isOpen = observer->GoToNextRecord(token);
@@ -281,23 +289,26 @@ bool CMaterialReader::ReadRecords(CMaterial& material, std::span<const MLRECORDK
 }
 
 // False at the "}" of the block.
-bool CMaterialReader::ReadRecord(CMaterial& material, std::span<const MLRECORDKEY> keys)
+template <const auto& keys>
+bool CMaterialReader::ReadRecord(CMaterial& material)
 {
-    NeedToken();
-    if (IsSign('}'))
+    scanner->GoToToken();
+    if (!scanner->TakeDelimiter('(', token))
     {
+        NeedToken();
+        if (!IsSign('}'))
+        {
+            Refuse(MLTEXT_BRACKET_EXPECTED);
+        }
         return false;
     }
-    if (!IsSign('('))
+    const MLRECORDKEY* const key = TakeKey<keys>(std::make_index_sequence<std::size(keys)>());
+    if (key == nullptr)
     {
-        Refuse(MLTEXT_BRACKET_EXPECTED);
+        NeedToken(); // a word alone, "(FOO)", passes
     }
-    NeedToken();
     Tell(&IReadObserver::OnRecord, token);
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [this](const MLRECORDKEY& each)
-                                  { return each.word.front() == token.front() && each.word == token; });
-    if (key != keys.end())
+    if (key != nullptr)
     {
         if (const auto* const table = std::get_if<TableValue>(&key->value))
         {
@@ -307,8 +318,19 @@ bool CMaterialReader::ReadRecord(CMaterial& material, std::span<const MLRECORDKE
         }
         ReadValue(material, *key);
     }
-    NeedSign(')', MLTEXT_BRACKET_EXPECTED); // a word alone, "(FOO)", passes
+    NeedSign(')', MLTEXT_BRACKET_EXPECTED);
     return true;
+}
+
+// Takes a key. Written out for each of the keys, so that the compiler knows the words: null when it is none.
+template <const auto& keys, std::size_t... index>
+const MLRECORDKEY* CMaterialReader::TakeKey(std::index_sequence<index...>)
+{
+    const MLRECORDKEY* taken = nullptr;
+    scanner->GoToToken();
+    static_cast<void>(
+        ((scanner->TakeWord(keys[index].word, token) && (taken = &keys[index]) != nullptr) || ...));
+    return taken;
 }
 
 void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
@@ -329,53 +351,72 @@ void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
     {
         NeedToken();
         Tell(&IReadObserver::OnTechnology, token);
-        material.SetIntAttribute(MLATTR_TECHNOLOGY,
-                                 technologies->GetTechnologyId(std::string(token).c_str()));
+        material.SetIntAttribute(MLATTR_TECHNOLOGY, GetTechnologyId(token));
     }
+}
+
+// A file repeats few words; looking one up takes as long as reading three records.
+int CMaterialReader::GetTechnologyId(std::string_view word)
+{
+    if (word != technology.word)
+    {
+        technology = {word, technologies->GetTechnologyId(std::string(word).c_str())};
+    }
+    return technology.identifier;
 }
 
 // Reads the body of a table up to its ")" or the end of the text.
 void CMaterialReader::ReadTable(CMaterialTable& table)
 {
-    bool isOpen = NextToken();
-    while (isOpen && !IsSign(')'))
+    while (scanner->GoToToken() != ')')
     {
-        if (token == "TABLE")
+        if (scanner->TakeWord("TABLE", token))
         {
             NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-            isOpen = ReadRows(table);
-            continue;
+            ReadRows(table);
         }
-        if (token == "TEMPERATURE")
+        else if (scanner->TakeWord("TEMPERATURE", token))
         {
             table.SetTemperature(NeedAssignedNumber());
         }
-        else if (token == "VALUE")
+        else if (scanner->TakeWord("VALUE", token))
         {
             Tell(&IReadObserver::OnSingleValue, token);
             table.SetSingleValue(NeedAssignedNumber());
         }
-        else
+        else if (NextToken())
         {
             Refuse(MLTEXT_UNKNOWN_TABLE_ITEM);
         }
-        isOpen = NextToken();
+        else
+        {
+            return;
+        }
     }
+    static_cast<void>(NextToken());
 }
 
-// Reads up to the first token that is no row's frequency; false at the end of the text.
-bool CMaterialReader::ReadRows(CMaterialTable& table)
+// Reads up to the first token that is no row's frequency.
+void CMaterialReader::ReadRows(CMaterialTable& table)
 {
-    MLTBLENTRY row{};
-    while (NextToken())
+    for (;;)
     {
-        if (IsSign(')') || !ParseEngineeringNumber(token, &row.frequency))
+        if (observer == nullptr)
         {
-            return true;
+            ReadPlainRows(scanner->GetPlace(), table);
+        }
+        if (scanner->GoToToken() == ')')
+        {
+            return;
+        }
+        MLTBLENTRY row{};
+        if (!NextToken() || !ParseEngineeringNumber(token, &row.frequency))
+        {
+            scanner->GoBackTo(token);
+            return;
         }
         Tell(&IReadObserver::OnRow, token);
         row.value = NeedNumber(MLTEXT_FREQUENCY_WITHOUT_VALUE);
         table.AddEntry(row);
     }
-    return false;
 }

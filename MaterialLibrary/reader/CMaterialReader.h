@@ -1,11 +1,12 @@
 #pragma once
 
+#include "MaterialLibrary/MLTypes.h"
 #include "model/ITechnologyMapProvider.h"
 #include "reader/CLexReader.h"
 #include "reader/CTokenScanner.h"
 #include "resources/TextIds.h"
 
-#include <span>
+#include <utility>
 
 class CFakeMaterialLib;
 class CMaterial;
@@ -35,14 +36,20 @@ public:
 private:
     void ReadHeader();
     void ReadVersion();
+    [[nodiscard]] bool ReadNextBlock(CFakeMaterialLib& library);
     void ReadBlock(CFakeMaterialLib& library);
     [[nodiscard]] bool ReadDielectric(CMaterial& material);
     [[nodiscard]] bool ReadMetal(CMaterial& material);
-    [[nodiscard]] bool ReadRecords(CMaterial& material, std::span<const MLRECORDKEY> keys);
-    [[nodiscard]] bool ReadRecord(CMaterial& material, std::span<const MLRECORDKEY> keys);
+    template <const auto& keys>
+    [[nodiscard]] bool ReadRecords(CMaterial& material);
+    template <const auto& keys>
+    [[nodiscard]] bool ReadRecord(CMaterial& material);
+    template <const auto& keys, std::size_t... index>
+    [[nodiscard]] const MLRECORDKEY* TakeKey(std::index_sequence<index...>);
     void ReadValue(CMaterial& material, const MLRECORDKEY& key);
+    [[nodiscard]] int GetTechnologyId(std::string_view word);
     void ReadTable(CMaterialTable& table);
-    [[nodiscard]] bool ReadRows(CMaterialTable& table);
+    void ReadRows(CMaterialTable& table);
 
     [[nodiscard]] bool NextToken() { return scanner->NextToken(token); }
     [[nodiscard]] bool IsSign(char sign) const { return token.size() == 1 && token.front() == sign; }
@@ -62,6 +69,11 @@ private:
     std::uint32_t major = 0;
     std::uint32_t minor = 0;
     ITechnologyMapProvider* technologies;
+    struct
+    {
+        std::string_view word;
+        int identifier;
+    } technology = {{}, MLTECHNOLOGY_UNKNOWN}; // the last one looked up
     IReadObserver* observer;
     std::string_view token;     // the last one; empty at the end of the text
     std::string_view blockWord; // of the first block; a file holds blocks of one word only

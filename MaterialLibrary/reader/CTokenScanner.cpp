@@ -3,21 +3,10 @@
 #include "shared/Misc_String/Decimal.h"
 
 #include <charconv>
-#include <cstring>
 #include <limits>
 
-namespace
-{
-bool IsDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
-bool IsSign(char character)
-{
-    return character == '+' || character == '-';
-}
-} // namespace
+using decimal::IsDigit;
+using decimal::IsSign;
 
 CTokenScanner::CTokenScanner()
 {
@@ -26,10 +15,7 @@ CTokenScanner::CTokenScanner()
 
 void CTokenScanner::Attach(const char* text)
 {
-    cursor = text;
-    textEnd = text + std::strlen(text);
-    lineStart = text;
-    line = 0;
+    at = {text, text, 0};
 }
 
 void CTokenScanner::SetDelimiters(const char* set)
@@ -53,110 +39,95 @@ void CTokenScanner::SetCommentChars(const char* set)
 void CTokenScanner::SetQuoteChars(const char* set)
 {
     quoteChars = set;
+    Reclassify();
 }
 
-// A character of several sets belongs to the one assigned last.
+// A character of several sets belongs to the one assigned last; a quote character may have another class
+// besides.
 void CTokenScanner::Reclassify()
 {
     classes.fill(ordinary);
-    const auto assign = [this](const char* set, Class value)
+    const auto assign = [this](const char* set, Class value, unsigned kept = 0)
     {
         for (; *set != '\0'; ++set)
         {
-            classes[static_cast<unsigned char>(*set)] = value;
+            std::uint8_t& each = classes[static_cast<unsigned char>(*set)];
+            each = static_cast<std::uint8_t>((each & kept) | value);
         }
     };
     assign(delimiters, delimiter);
     assign(whitespace, blank);
     assign("\r\n", lineBreak);
     assign(commentChars, comment);
+    assign(quoteChars, quote, ~0U);
     classes[0] = endOfText;
 }
 
-bool CTokenScanner::IsQuote(char character) const
+void CTokenScanner::SkipLinesAndComments()
 {
-    return character != '\0' && std::strchr(quoteChars, character) != nullptr;
-}
-
-void CTokenScanner::SkipLineBreak()
-{
-    if (*cursor == '\r')
-    {
-        ++cursor;
-    }
-    if (*cursor == '\n')
-    {
-        ++cursor;
-    }
-    ++line;
-    lineStart = cursor;
-}
-
-bool CTokenScanner::NextToken(std::string_view& token)
-{
-    token = {};
-    // What stands before the token.
+    const char* p = at.cursor;
     for (;;)
     {
-        const Class kind = ClassOf(*cursor);
+        const unsigned kind = ClassOf(*p);
         if (kind == blank)
         {
-            ++cursor;
+            ++p;
         }
         else if (kind == lineBreak)
         {
-            SkipLineBreak();
+            p += *p == '\r' && p[1] == '\n' ? 2 : 1;
+            at.lineStart = p;
+            ++at.line;
         }
         else if (kind == comment)
         {
-            cursor += std::strcspn(cursor, "\r\n");
+            p += std::strcspn(p, "\r\n");
         }
         else
         {
             break;
         }
     }
-    const char* const start = cursor;
-    switch (ClassOf(*cursor))
+    at.cursor = p;
+}
+
+bool CTokenScanner::NextToken(std::string_view& token)
+{
+    GoToToken();
+    const char* const start = at.cursor;
+    const char* p = start;
+    while (IsOrdinary(*p))
     {
-    case endOfText:
-        return false;
-    case delimiter:
-        ++cursor;
-        break;
-    default:
-        do
-        {
-            ++cursor;
-        } while (ClassOf(*cursor) == ordinary);
-        break;
+        ++p;
     }
-    token = {start, static_cast<std::size_t>(cursor - start)};
-    return true;
+    p += p == start && *p != '\0' ? 1 : 0; // a delimiter
+    at.cursor = p;
+    token = {start, static_cast<std::size_t>(p - start)};
+    return p != start;
 }
 
 bool CTokenScanner::SkipBlanks()
 {
-    while (ClassOf(*cursor) == blank)
+    while ((ClassOf(*at.cursor) & blank) != 0)
     {
-        ++cursor;
+        ++at.cursor;
     }
-    return *cursor != '\0';
+    return *at.cursor != '\0';
 }
 
 bool CTokenScanner::ScanDigits()
 {
-    const char* const start = cursor;
-    if (*cursor == '0')
+    const char* const start = at.cursor;
+    if (*at.cursor == '0')
     {
-        ++cursor;
-        return !IsDigit(*cursor);
+        ++at.cursor;
+        return !IsDigit(*at.cursor);
     }
-    while (IsDigit(*cursor))
+    while (IsDigit(*at.cursor))
     {
-        ++cursor;
+        ++at.cursor;
     }
-    return cursor != start;
+    return at.cursor != start;
 }
 
 bool CTokenScanner::ReadInteger(std::uint32_t& value)
@@ -165,12 +136,12 @@ bool CTokenScanner::ReadInteger(std::uint32_t& value)
     {
         return false;
     }
-    const char* const start = cursor;
+    const char* const start = at.cursor;
     if (!ScanDigits())
     {
         return false;
     }
-    const auto [stop, error] = std::from_chars(start, cursor, value);
+    const auto [stop, error] = std::from_chars(start, at.cursor, value);
     if (error == std::errc::result_out_of_range)
     {
         value = std::numeric_limits<std::uint32_t>::max();
@@ -180,113 +151,115 @@ bool CTokenScanner::ReadInteger(std::uint32_t& value)
 
 bool CTokenScanner::ScanMantissa()
 {
-    if (IsDigit(*cursor))
+    if (IsDigit(*at.cursor))
     {
         if (!ScanDigits())
         {
             return false;
         }
-        if (*cursor == '.')
+        if (*at.cursor == '.')
         {
-            ++cursor;
-            while (IsDigit(*cursor))
+            ++at.cursor;
+            while (IsDigit(*at.cursor))
             {
-                ++cursor;
+                ++at.cursor;
             }
         }
         return true;
     }
-    if (*cursor != '.')
+    if (*at.cursor != '.')
     {
         return false;
     }
-    ++cursor;
-    if (!IsDigit(*cursor))
+    ++at.cursor;
+    if (!IsDigit(*at.cursor))
     {
         return false;
     }
-    while (IsDigit(*cursor))
+    while (IsDigit(*at.cursor))
     {
-        ++cursor;
+        ++at.cursor;
     }
     return true;
 }
 
 bool CTokenScanner::ScanExponent()
 {
-    if (*cursor != 'E' && *cursor != 'e')
+    if (*at.cursor != 'E' && *at.cursor != 'e')
     {
         return true;
     }
-    ++cursor;
-    if (*cursor == '\0')
+    ++at.cursor;
+    if (*at.cursor == '\0')
     {
         return false;
     }
-    if (IsSign(*cursor))
+    if (IsSign(*at.cursor))
     {
-        ++cursor;
-        if (!IsDigit(*cursor))
+        ++at.cursor;
+        if (!IsDigit(*at.cursor))
         {
             return false;
         }
     }
-    ++cursor; // whatever it is: files in use rely on it
-    while (IsDigit(*cursor))
+    ++at.cursor; // whatever it is: files in use rely on it
+    while (IsDigit(*at.cursor))
     {
-        ++cursor;
+        ++at.cursor;
     }
     return true;
 }
 
-// Nearly every number is one that the scanner's rules and those of decimal conversion end at the same
-// place. False, with nothing taken, where they may differ: leading zeros, unfinished exponents, no number.
-bool CTokenScanner::TakeOrdinaryNumber(double& value)
+// Any number, by the scanner's own rules.
+bool CTokenScanner::ReadOddNumber(double& value)
 {
-    const char* const digits = cursor + (IsSign(*cursor) ? 1 : 0);
-    const DecimalResult number = ParseDecimal(cursor, textEnd);
-    if (number.verdict == DecimalVerdict::None || *number.stop == 'e' || *number.stop == 'E' ||
-        (*digits == '0' && IsDigit(digits[1])))
+    const char* const start = at.cursor;
+    at.cursor += IsSign(*start) ? 1 : 0;
+    if (!ScanMantissa() || !ScanExponent())
     {
         return false;
     }
-    value = number.value;
-    cursor += number.stop - cursor;
+    value = ParseDecimal(start, at.cursor).value;
     return true;
 }
 
+// Nearly every number is one that the scanner's rules and those of decimal conversion end at the same place.
+// They may differ after leading zeros and unfinished exponents, and where there is no digit.
 bool CTokenScanner::ReadNumber(double& value)
 {
     if (!SkipBlanks())
     {
         return false;
     }
-    if (TakeOrdinaryNumber(value))
+    const char* const start = at.cursor;
+    const char* const digits = start + (IsSign(*start) ? 1 : 0);
+    if (!IsDigit(*digits) || (*digits == '0' && IsDigit(digits[1])))
     {
-        return true;
+        return ReadOddNumber(value);
     }
-    const char* const start = cursor;
-    if (IsSign(*cursor))
+    const UnsignedDecimal number = ParseUnsignedDecimal(digits);
+    if (number.stop == nullptr || decimal::IsExponentLetter(*number.stop))
     {
-        ++cursor;
+        return ReadOddNumber(value);
     }
-    if (!ScanMantissa() || !ScanExponent())
-    {
-        return false;
-    }
-    value = ParseDecimal({start, static_cast<std::size_t>(cursor - start)}).value;
+    value = *start == '-' ? -number.value : number.value;
+    at.cursor = number.stop;
     return true;
 }
 
 bool CTokenScanner::ReadQuoted(std::string_view& value)
 {
-    if (!SkipBlanks() || !IsQuote(*cursor))
+    if (!SkipBlanks() || (ClassOf(*at.cursor) & quote) == 0)
     {
         return false;
     }
-    ++cursor;
-    const std::size_t length = std::strcspn(cursor, quoteChars);
-    value = {cursor, length};
-    cursor += length + (cursor[length] != '\0' ? 1 : 0);
+    const char* const start = at.cursor + 1;
+    const char* p = start;
+    while ((ClassOf(*p) & (quote | endOfText)) == 0)
+    {
+        ++p;
+    }
+    value = {start, static_cast<std::size_t>(p - start)};
+    at.cursor = p + (*p != '\0' ? 1 : 0);
     return true;
 }

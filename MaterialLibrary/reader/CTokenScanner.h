@@ -3,6 +3,7 @@
 #include <array>
 #include <compare>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 // Where something stands in a text, both counted from 1.
@@ -14,8 +15,27 @@ struct Place
     friend auto operator<=>(const Place&, const Place&) = default;
 };
 
-// Cuts a NUL-terminated text into tokens. The text must stay as it is while the scanner or a token is in use.
-// No operation reads past the text's NUL.
+// Where a scanner is in its text.
+struct TextPlace
+{
+    const char* cursor = nullptr;
+    const char* lineStart = nullptr;
+    std::uint32_t line = 0; // line breaks passed; those inside quotes do not count
+};
+
+// So many bytes behind a text's NUL must be readable, so that words can be compared as a whole; what they
+// hold does not matter.
+inline constexpr std::size_t textPadding = 16;
+
+// Whether the padded text at `p` begins with `word`, at most textPadding characters: compared at once where
+// the compiler knows the word.
+[[nodiscard]] inline bool StartsWith(const char* p, std::string_view word)
+{
+    return std::memcmp(p, word.data(), word.size()) == 0;
+}
+
+// Cuts a text that ends with NUL and is padded into tokens. The text must stay as it is while the scanner or
+// a token is in use.
 class CTokenScanner
 {
 public:
@@ -34,6 +54,42 @@ public:
     // tokens like blanks.
     [[nodiscard]] bool NextToken(std::string_view& token);
 
+    // Goes to the next token, or to the text's end. Its first character, NUL at the end.
+    char GoToToken()
+    {
+        if ((ClassOf(*at.cursor) & beforeToken) != 0)
+        {
+            at.cursor += ClassOf(*at.cursor) == blank ? 1 : 0; // nearly always all there is
+            if ((ClassOf(*at.cursor) & beforeToken) != 0)
+            {
+                SkipLinesAndComments();
+            }
+        }
+        return *at.cursor;
+    }
+
+    // Take the token that the scanner has gone to, if it is this delimiter or this word; otherwise false.
+    // Quicker than to compare what NextToken gives, the more so with a word that the compiler knows.
+    [[nodiscard]] bool TakeDelimiter(char expected, std::string_view& token)
+    {
+        if (*at.cursor != expected)
+        {
+            return false;
+        }
+        token = {at.cursor++, 1};
+        return true;
+    }
+    [[nodiscard]] bool TakeWord(std::string_view word, std::string_view& token)
+    {
+        if (!StartsWith(at.cursor, word) || IsOrdinary(at.cursor[word.size()]))
+        {
+            return false;
+        }
+        token = {at.cursor, word.size()};
+        at.cursor += word.size();
+        return true;
+    }
+
     // The three operations below skip blanks, but no line break: what they read stands on the line of what
     // is before it. On failure the scanner stays where it could not go on.
 
@@ -49,40 +105,52 @@ public:
     [[nodiscard]] bool ReadQuoted(std::string_view& value);
 
     // Has NextToken give the token, the last that it gave, once more.
-    void GoBackTo(std::string_view token) { cursor = token.data(); }
+    void GoBackTo(std::string_view token) { at.cursor = token.data(); }
+
+    // Where the next operation goes on.
+    [[nodiscard]] TextPlace& GetPlace() { return at; }
 
     // Line breaks passed, 0 on the first line. Those inside quotes do not count.
-    [[nodiscard]] std::uint32_t GetLine() const { return line; }
+    [[nodiscard]] std::uint32_t GetLine() const { return at.line; }
 
     // Characters consumed since the start of the line.
-    [[nodiscard]] std::uint32_t GetColumn() const { return static_cast<std::uint32_t>(cursor - lineStart); }
+    [[nodiscard]] std::uint32_t GetColumn() const
+    {
+        return static_cast<std::uint32_t>(at.cursor - at.lineStart);
+    }
 
     // Where the last token begins.
     [[nodiscard]] Place GetPlaceOf(std::string_view token) const
     {
-        return {line + 1, static_cast<unsigned>(token.data() - lineStart) + 1};
+        return {at.line + 1, static_cast<unsigned>(token.data() - at.lineStart) + 1};
     }
 
 private:
     enum Class : std::uint8_t
     {
-        ordinary,
-        delimiter,
-        blank,
-        lineBreak,
-        comment,
-        endOfText
+        ordinary = 0,
+        delimiter = 1,
+        endOfText = 2,
+        blank = 4,
+        lineBreak = 8,
+        comment = 16,
+        beforeToken = blank | lineBreak | comment,
+        quote = 32 // ordinary besides
     };
 
-    [[nodiscard]] Class ClassOf(char character) const
+    [[nodiscard]] unsigned ClassOf(char character) const
     {
         return classes[static_cast<unsigned char>(character)];
     }
-    [[nodiscard]] bool IsQuote(char character) const;
+    [[nodiscard]] bool IsOrdinary(char character) const
+    {
+        return (ClassOf(character) & ~unsigned{quote}) == ordinary;
+    }
     void Reclassify();
     [[nodiscard]] bool SkipBlanks();
-    void SkipLineBreak();
-    [[nodiscard]] bool TakeOrdinaryNumber(double& value);
+
+    void SkipLinesAndComments();
+    [[nodiscard]] bool ReadOddNumber(double& value);
     [[nodiscard]] bool ScanDigits();
     [[nodiscard]] bool ScanMantissa();
     [[nodiscard]] bool ScanExponent();
@@ -91,9 +159,6 @@ private:
     const char* whitespace = " \t";
     const char* commentChars = "*";
     const char* quoteChars = "\"";
-    const char* cursor = nullptr;
-    const char* textEnd = nullptr;
-    const char* lineStart = nullptr;
-    std::uint32_t line = 0;
-    std::array<Class, 256> classes{};
+    TextPlace at;
+    std::array<std::uint8_t, 256> classes{}; // of each character
 };

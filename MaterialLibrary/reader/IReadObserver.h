@@ -34,8 +34,8 @@ public:
     // Behind an error outside: before the next "{".
     virtual void GoToNextBlock(std::string_view token) = 0;
 
-    // Behind an error in the header: before the word of the first block.
-    virtual void GoToFirstBlock(std::string_view token) = 0;
+    // Behind an error in the header: before the word of the first block. False when there is none.
+    [[nodiscard]] virtual bool GoToFirstBlock(std::string_view token) = 0;
 
 protected:
     ~IReadObserver() = default;

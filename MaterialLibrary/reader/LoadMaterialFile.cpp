@@ -8,10 +8,10 @@
 #include "resources/Texts.h"
 #include "shared/MessageManager/MessageManager.h"
 
-std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* text)
+std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* paddedText)
 {
     CTokenScanner scanner;
-    scanner.Attach(text);
+    scanner.Attach(paddedText);
     CMaterialReader reader(scanner);
     try
     {
@@ -24,9 +24,17 @@ std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* 
     return std::nullopt;
 }
 
-bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path)
+std::string PadText(std::string text)
 {
-    const auto failure = ReadMaterials(library, text);
+    text.append(1 + textPadding, '\0');
+    return text;
+}
+
+namespace
+{
+bool ReadOrWarn(CFakeMaterialLib& library, const char* paddedText, const char* path)
+{
+    const auto failure = ReadMaterials(library, paddedText);
     if (!failure)
     {
         return true;
@@ -36,6 +44,12 @@ bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* p
                     .c_str());
     library.RemoveAllMaterials();
     return false;
+}
+} // namespace
+
+bool LoadMaterialText(CFakeMaterialLib& library, std::string text, const char* path)
+{
+    return ReadOrWarn(library, PadText(std::move(text)).c_str(), path);
 }
 
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
@@ -51,5 +65,5 @@ bool LoadMaterialFile(CFakeMaterialLib& library, const char* path)
         library.RemoveAllMaterials();
         return false;
     }
-    return LoadMaterialText(library, text.get(), path);
+    return ReadOrWarn(library, text.get(), path);
 }

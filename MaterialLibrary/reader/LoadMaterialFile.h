@@ -11,8 +11,8 @@ class CFakeMaterialLib;
 // exhausted.
 bool LoadMaterialFile(CFakeMaterialLib& library, const char* path);
 
-// The same for a text in memory that ends with NUL; `path` is what the message calls it.
-bool LoadMaterialText(CFakeMaterialLib& library, const char* text, const char* path);
+// The same for a text in memory; `path` is what the message calls it. A NUL ends the text too.
+bool LoadMaterialText(CFakeMaterialLib& library, std::string text, const char* path);
 
 // Why a text gave no materials.
 struct ReadFailure
@@ -22,6 +22,9 @@ struct ReadFailure
     std::string reason; // what was expected there
 };
 
-// Reads a text that ends with NUL and appends its materials to the library; nothing is shown to the user.
-// After a failure the library also holds those materials that were read before it.
-[[nodiscard]] std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* text);
+// The text with the NUL and the padding behind it that the scanner wants.
+[[nodiscard]] std::string PadText(std::string text);
+
+// Reads a padded text and appends its materials to the library; nothing is shown to the user. After a failure
+// the library also holds those materials that were read before it.
+[[nodiscard]] std::optional<ReadFailure> ReadMaterials(CFakeMaterialLib& library, const char* paddedText);

@@ -1,9 +1,11 @@
 #include "reader/ReadWholeFile.h"
 
+#include "reader/CTokenScanner.h"
 #include "reader/ReadError.h"
 #include "resources/FormatText.h"
 #include "resources/Texts.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -58,12 +60,12 @@ std::unique_ptr<char[]> ReadWholeFile(File file, const char* path)
         ThrowFileError(MLTEXT_READ_ERROR, path);
     }
     const auto bytes = static_cast<std::size_t>(size);
-    auto text = std::make_unique_for_overwrite<char[]>(bytes + 1);
+    auto text = std::make_unique_for_overwrite<char[]>(bytes + 1 + textPadding);
     const std::size_t got = std::fread(text.get(), 1, bytes, file.get());
     if (got != bytes && std::ferror(file.get()) != 0)
     {
         ThrowFileError(MLTEXT_READ_ERROR, path);
     }
-    text[got] = '\0';
+    std::fill_n(text.get() + got, 1 + textPadding, '\0');
     return text;
 }

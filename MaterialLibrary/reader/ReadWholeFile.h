@@ -9,6 +9,7 @@ struct CloseFile
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-// The bytes of the file, which was opened for binary reading, with a NUL behind them. Throws CFileError when
-// they cannot be read, and when `file` is null; errno then says why it was not opened.
+// The bytes of the file, which was opened for binary reading, with a NUL and the scanner's padding behind
+// them. Throws CFileError when they cannot be read, and when `file` is null; errno then says why it was not
+// opened.
 [[nodiscard]] std::unique_ptr<char[]> ReadWholeFile(File file, const char* path);

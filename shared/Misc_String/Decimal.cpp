@@ -6,15 +6,13 @@
 
 namespace
 {
-// The library reads infinities and NaNs too, but no number with a "+".
-bool BeginsDecimal(const char* digits, const char* last)
+DecimalVerdict Judge(double value, const char* digits, const char* stop)
 {
-    return digits != last && ((*digits >= '0' && *digits <= '9') || *digits == '.');
-}
-
-DecimalVerdict JudgeZero(const char* digits, const char* stop)
-{
-    const char* const exponent = std::find_if(digits, stop, [](char c) { return c == 'e' || c == 'E'; });
+    if (value != 0.0)
+    {
+        return std::isinf(value) ? DecimalVerdict::Overflow : DecimalVerdict::Ok;
+    }
+    const char* const exponent = std::find_if(digits, stop, decimal::IsExponentLetter);
     const bool isZero = std::all_of(digits, exponent, [](char c) { return c == '0' || c == '.'; });
     return isZero ? DecimalVerdict::Ok : DecimalVerdict::Underflow;
 }
@@ -22,23 +20,42 @@ DecimalVerdict JudgeZero(const char* digits, const char* stop)
 
 DecimalResult ParseDecimal(const char* first, const char* last) noexcept
 {
-    const bool hasMinus = first != last && *first == '-';
-    const bool hasPlus = first != last && *first == '+';
-    const char* const digits = first + (hasMinus || hasPlus ? 1 : 0);
-    DecimalResult result = {0.0, first, DecimalVerdict::None};
-    if (!BeginsDecimal(digits, last))
-    {
-        return result;
-    }
+    const bool hasSign = first != last && decimal::IsSign(*first);
+    const char* const digits = first + (hasSign ? 1 : 0);
+    // The library reads a number with "-" but none with "+", and infinities and NaNs besides.
     double value = 0.0;
-    const auto [stop, error] = fast_float::from_chars(hasPlus ? digits : first, last, value);
+    if (digits == last || (!decimal::IsDigit(*digits) && *digits != '.'))
+    {
+        return {value, first, DecimalVerdict::None};
+    }
+    const auto [stop, error] = fast_float::from_chars(digits, last, value);
     if (error == std::errc::invalid_argument)
     {
-        return result;
+        return {0.0, first, DecimalVerdict::None};
     }
-    if (value == 0.0)
+    return {hasSign && *first == '-' ? -value : value, stop, Judge(value, digits, stop)};
+}
+
+UnsignedDecimal decimal::Convert(const char* first, const char* stop, std::uint64_t mantissa,
+                                 std::int64_t exponent, std::ptrdiff_t digitCount) noexcept
+{
+    constexpr std::ptrdiff_t digitsOfMantissa = 19;
+    double value = 0.0;
+    // What the library does with a number once it has scanned it. Only of more digits, or where the number
+    // lies too near to the middle between two doubles, does it need the text.
+    fast_float::adjusted_mantissa parts;
+    parts.power2 = -1;
+    if (digitCount <= digitsOfMantissa)
     {
-        return {value, stop, JudgeZero(digits, stop)};
+        parts = fast_float::compute_float<fast_float::binary_format<double>>(exponent, mantissa);
     }
-    return {value, stop, std::isinf(value) ? DecimalVerdict::Overflow : DecimalVerdict::Ok};
+    if (parts.power2 >= 0)
+    {
+        fast_float::to_float(false, parts, value);
+    }
+    else
+    {
+        fast_float::from_chars(first, stop, value);
+    }
+    return {value, Judge(value, first, stop) == DecimalVerdict::Ok ? stop : nullptr};
 }

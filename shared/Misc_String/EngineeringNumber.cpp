@@ -23,41 +23,9 @@ constexpr bool BeginsNumber(char c)
     return (c >= '0' && c <= '9') || c == '-' || c == '+' || c == '.';
 }
 
-constexpr double ScaleOf(char suffix)
-{
-    switch (suffix)
-    {
-    case 'T':
-        return 1e12;
-    case 'G':
-        return 1e9;
-    case 'M':
-        return 1e6;
-    case 'K':
-    case 'k':
-        return 1e3;
-    case 'm':
-        return 1e-3;
-    case 'U':
-    case 'u':
-        return 1e-6;
-    case 'N':
-    case 'n':
-        return 1e-9;
-    case 'P':
-    case 'p':
-        return 1e-12;
-    case 'F':
-    case 'f':
-        return 1e-15;
-    default:
-        return 1.0;
-    }
-}
-
 bool StoreScaled(const DecimalResult& number, const char* last, double* out)
 {
-    *out = number.stop == last ? number.value : number.value * ScaleOf(*number.stop);
+    *out = number.stop == last ? number.value : number.value * ScaleOfSuffix(*number.stop);
     return true;
 }
 

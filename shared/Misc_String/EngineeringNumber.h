@@ -17,3 +17,36 @@
 
 // The same for a text of known length, which may be empty; a NUL in it is a control character.
 [[nodiscard]] bool ParseEngineeringNumber(std::string_view text, double* out);
+
+// What a number is multiplied by that this character follows.
+[[nodiscard]] constexpr double ScaleOfSuffix(char suffix)
+{
+    switch (suffix)
+    {
+    case 'T':
+        return 1e12;
+    case 'G':
+        return 1e9;
+    case 'M':
+        return 1e6;
+    case 'K':
+    case 'k':
+        return 1e3;
+    case 'm':
+        return 1e-3;
+    case 'U':
+    case 'u':
+        return 1e-6;
+    case 'N':
+    case 'n':
+        return 1e-9;
+    case 'P':
+    case 'p':
+        return 1e-12;
+    case 'F':
+    case 'f':
+        return 1e-15;
+    default:
+        return 1.0;
+    }
+}

@@ -68,7 +68,7 @@ private:
 double AskFreshly(const std::string& text, int property, double temperature, double frequency)
 {
     CFakeMaterialLib library;
-    EXPECT_FALSE(ReadMaterials(library, text.c_str()));
+    EXPECT_FALSE(ReadMaterials(library, PadText(text).c_str()));
     double value = untouched;
     library.GetMaterial(0)->GetValue(property, frequency, &value, temperature);
     return value;

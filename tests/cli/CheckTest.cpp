@@ -21,7 +21,7 @@ std::string RefusalOfLibrary(std::string text)
 {
     CollectedMessages messages;
     CFakeMaterialLib library;
-    if (LoadMaterialText(library, text.data(), "x.mat"))
+    if (LoadMaterialText(library, text, "x.mat"))
     {
         return {};
     }
@@ -31,7 +31,7 @@ std::string RefusalOfLibrary(std::string text)
 
 std::string RefusalOfCheck(std::string text, AfterError afterError)
 {
-    const ParsedFile file = ParseMaterialFile(text.c_str(), afterError);
+    const ParsedFile file = ParseMaterialFile(text, afterError);
     if (file.errors.empty())
     {
         return {};
@@ -64,7 +64,7 @@ TEST(Check, RefusesCutAndDamagedFilesWhereTheLibraryDoes)
 TEST(Check, GoesOnBehindABrokenHeader)
 {
     std::string text = "{MATFILE}{DIELECTRIC(NAME=\"A\")(FOO=1)}{DIELECTRIC(NAME=\"B\")}";
-    const ParsedFile file = ParseMaterialFile(text.c_str(), AfterError::goOn);
+    const ParsedFile file = ParseMaterialFile(text, AfterError::goOn);
     ASSERT_EQ(file.errors.size(), 2U);
     EXPECT_EQ(file.errors[1].place, (Place{1, 35}));
     ASSERT_EQ(file.materials.size(), 1U);

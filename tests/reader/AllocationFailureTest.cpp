@@ -66,7 +66,7 @@ TEST(AllocationFailure, WhileEvaluating)
     {
         std::string copy = text;
         CFakeMaterialLib library;
-        ASSERT_TRUE(LoadMaterialText(library, copy.data(), "x.mat"));
+        ASSERT_TRUE(LoadMaterialText(library, copy, "x.mat"));
         IMaterial& material = *library.GetMaterial(0);
         double first = 0.0;
         allocationsLeft = n;

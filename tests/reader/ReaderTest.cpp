@@ -14,7 +14,7 @@ const std::string header = "{MAT_FILE}\n{VERSION=1.0}\n";
 
 bool Load(CFakeMaterialLib& library, const std::string& text)
 {
-    return LoadMaterialText(library, text.c_str(), "x.mat");
+    return LoadMaterialText(library, text, "x.mat");
 }
 
 std::string Expect(MLTEXTID reason, unsigned line, unsigned column)

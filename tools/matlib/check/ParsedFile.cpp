@@ -78,7 +78,7 @@ public:
     [[nodiscard]] bool GoesOn() const override { return afterError == AfterError::goOn; }
     [[nodiscard]] bool GoToNextRecord(std::string_view token) override;
     void GoToNextBlock(std::string_view token) override;
-    void GoToFirstBlock(std::string_view token) override;
+    [[nodiscard]] bool GoToFirstBlock(std::string_view token) override;
 
     ParsedFile file;
 
@@ -163,7 +163,7 @@ void CFileObserver::GoToNextBlock(std::string_view token)
 }
 
 // The error may have hidden the first material's "{".
-void CFileObserver::GoToFirstBlock(std::string_view token)
+bool CFileObserver::GoToFirstBlock(std::string_view token)
 {
     scanner.Attach(start);
     while (NextOutsideQuotes(token))
@@ -171,17 +171,19 @@ void CFileObserver::GoToFirstBlock(std::string_view token)
         if (IsBlockWord(token))
         {
             scanner.GoBackTo(token);
-            return;
+            return true;
         }
     }
+    return false;
 }
 } // namespace
 
-ParsedFile ParseMaterialFile(const char* text, AfterError afterError)
+ParsedFile ParseMaterialFile(std::string text, AfterError afterError)
 {
+    text.append(1 + textPadding, '\0');
     CTokenScanner scanner;
-    scanner.Attach(text);
-    CFileObserver observer(scanner, text, afterError);
+    scanner.Attach(text.data());
+    CFileObserver observer(scanner, text.data(), afterError);
     CFakeMaterialLib library;
     CMaterialReader reader(scanner, &observer);
     try

@@ -61,5 +61,5 @@ enum class AfterError
 };
 
 // Reads a material file for its author, by the library's own reader: it is refused for the same reason at the
-// same place. The text ends with NUL.
-[[nodiscard]] ParsedFile ParseMaterialFile(const char* text, AfterError afterError);
+// same place.
+[[nodiscard]] ParsedFile ParseMaterialFile(std::string text, AfterError afterError);

@@ -33,7 +33,7 @@ std::vector<Finding> FindAll(const std::string& path, AfterError afterError)
 {
     std::ifstream stream(path, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    ParsedFile file = ParseMaterialFile(text.c_str(), afterError);
+    ParsedFile file = ParseMaterialFile(text, afterError);
     std::vector<Finding> findings = FindWarnings(file);
     std::ranges::move(file.errors, std::back_inserter(findings));
     std::ranges::stable_sort(findings, {}, &Finding::place);
