@@ -55,9 +55,9 @@ void ReplaceUndrawableRange(CAxis& axis, bool logarithmic)
     lo = std::clamp(lo, -farthestValue, farthestValue);
     hi = std::clamp(hi, -farthestValue, farthestValue);
     WidenDegenerateRange(axis, logarithmic);
-    if (logarithmic && !(lo > 0.0))
+    if (logarithmic && !(lo >= 1.0 / farthestValue)) // decades below it have no ticks, or only one
     {
-        lo = std::clamp(axis.lowerLimit, 1.0 / farthestValue, farthestValue / 10.0);
+        lo = std::clamp(lo > 0.0 ? lo : axis.lowerLimit, 1.0 / farthestValue, farthestValue / 10.0);
         hi = hi > lo ? hi : lo * 10.0;
     }
     if (!logarithmic && hi - lo < smallestExtent)

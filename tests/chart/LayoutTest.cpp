@@ -93,6 +93,7 @@ TEST(Layout, WidensRangesThatCannotBeDrawn)
         {true, 0.0, 0.0, 1e-3, 1e-2}, // from the lower limit
         {true, -4.0, 1e3, 1e-3, 1e3},
         {true, 0.0, infinity, 1.0, 2.0},
+        {true, 0x1p-1074, 1e300, 1e-300, 1e300}, // the first decade has no tick
     };
     for (const auto& row : rows)
     {
