@@ -127,10 +127,10 @@ endfunction()
 # Tests are compiled more often than they run: only the code that they test is optimised.
 set(ml_test_options -O0)
 
-# ml_test(NAME SOURCES a.cpp ... [LIBS ...] [LABELS ...])
+# ml_test(NAME SOURCES a.cpp ... [LIBS ...])
 # A GoogleTest program and its CTest test; under Wine for the Windows build.
 function(ml_test name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LIBS;LABELS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ml_options ${arg_LIBS} GTest::gtest_main GTest::gmock)
     target_compile_options(${name} PRIVATE ${ml_test_options})
@@ -144,7 +144,6 @@ function(ml_test name)
         target_link_libraries(${name} PRIVATE module_resources)
     endif()
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 600)
 endfunction()
 
 # ml_fuzz_target(NAME SOURCE x.cpp LIBS ... CORPUS dir)

@@ -222,7 +222,7 @@ TEST(ChartControl, OutlivesItsWindowAlsoInTheMiddleOfAMessage)
 
 TEST(ChartControl, LeavesNoHandleBehind)
 {
-    ExpectRoundsLeaveNothingBehind(1, 1'000,
+    ExpectRoundsLeaveNothingBehind(1, 200,
                                    [](int)
                                    {
                                        ChartWindow window;
