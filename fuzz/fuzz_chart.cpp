@@ -61,7 +61,7 @@ public:
             return {x, Take<std::int32_t>()};
         }
         const auto x = Take<std::int16_t>();
-        return {x % 1'000, Take<std::int16_t>() % 1'000};
+        return {x % 200, Take<std::int16_t>() % 150}; // small windows: labels take the time
     }
 
 private:
@@ -128,7 +128,7 @@ public:
     void Apply(const ChartResponse& response)
     {
         canvas.DrawXorLines(response.feedback.Get(), feedbackColour);
-        for (std::uint32_t elapsed = 0; response.animates; elapsed += 7)
+        for (std::uint32_t elapsed = 0; response.animates; elapsed += 60)
         {
             const AnimationStep step = chart.GetInteraction().Animate(elapsed);
             if (step == AnimationStep::Ended)
@@ -155,8 +155,7 @@ public:
     void Run()
     {
         BuildChart();
-        Resize();
-        for (int steps = 0; !bytes.AtEnd() && steps < 64; ++steps)
+        for (int steps = 0; !bytes.AtEnd() && steps < 16; ++steps)
         {
             Step();
             if (steps % 4 == 0)
@@ -171,7 +170,7 @@ private:
     void BuildChart()
     {
         CChartModel& model = chart.GetModel();
-        const int axes = bytes.TakeBelow(5);
+        const int axes = bytes.TakeBelow(3);
         for (std::int32_t i = 0; i < axes; ++i)
         {
             model.AddAxis(i + 2, bytes.TakeBelow(4) != 0);
