@@ -8,7 +8,7 @@
 #include <unordered_set>
 
 CMaterialFilter::CMaterialFilter(int materialKind, const ChooserFilterSettings& filterSettings)
-    : kind(materialKind), settings(&filterSettings), allTypes(LoadText(MLTEXT_ALL))
+    : kind(materialKind), settings(&filterSettings), allTypes(LoadText(MLTEXT_ALL)), type(allTypes)
 {
 }
 
@@ -23,7 +23,7 @@ bool CMaterialFilter::Accept(IMaterial* material)
 
 bool CMaterialFilter::AcceptMetal(const IMaterial& material) const
 {
-    return settings->typeText == allTypes || settings->typeText == material.GetTypeName();
+    return type == allTypes || type == material.GetTypeName();
 }
 
 bool CMaterialFilter::AcceptDielectric(const IMaterial& material) const

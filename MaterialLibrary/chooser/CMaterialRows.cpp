@@ -3,6 +3,7 @@
 #include "MaterialLibrary/IMatLib.h"
 #include "MaterialLibrary/IMaterial.h"
 #include "MaterialLibrary/IMaterialTable.h"
+#include "chooser/CRememberedRows.h"
 #include "chooser/IMaterialFilter.h"
 #include "chooser/ISelectionChangeNotifier.h"
 #include "grid/SortRows.h"
@@ -67,6 +68,7 @@ void CMaterialRows::SetUp(int materialKind)
 void CMaterialRows::Refill()
 {
     CGridUpdateScope update(*model);
+    const CRememberedRows remembered(*model);
     model->SetRowCount(0);
     const std::vector<IMaterial*> materials = ListMaterials();
     std::vector<double> temperatures;
@@ -87,6 +89,11 @@ void CMaterialRows::Refill()
             FillRow(++row, *material, temperature);
         }
     }
+    if (model->GetSortKeys().GetFirst().column != 0)
+    {
+        SortRows(*model, CompareNatural);
+    }
+    remembered.Restore(*model);
     update.Finish();
 }
 
@@ -136,6 +143,25 @@ void CMaterialRows::ClickHeader(int column)
 {
     model->GetSortKeys().ClickHeader(column);
     SortRows(*model, CompareNatural);
+}
+
+void CMaterialRows::SelectMaterial(const IMaterial& material)
+{
+    const int column = model->FindColumn(COLUMNKEY_MATERIAL);
+    int row = 1;
+    while (row <= model->GetRowCount() && std::strcmp(model->GetText(row, column), material.GetName()) != 0)
+    {
+        ++row;
+    }
+    if (row > model->GetRowCount())
+    {
+        return;
+    }
+    CGridUpdateScope update(*model);
+    model->SelectRows(1, model->GetRowCount(), false);
+    model->SelectRows(row, row, true);
+    model->SetCurrentCell({row, column});
+    update.Finish();
 }
 
 IMaterial* CMaterialRows::GetCurrentMaterial() const

@@ -34,7 +34,8 @@ public:
     // Makes the columns for materials of that kind and fills the rows.
     void SetUp(int materialKind);
 
-    // Makes all rows anew, in the order of the library: the materials that the filter accepts.
+    // Makes all rows anew: the materials that the filter accepts, in the order of the library or sorted as
+    // the user has asked for. The rows that were selected are so again, as far as they are listed.
     void Refill();
 
     // Shows thicknesses in that unit (MLUNITS). The last row keeps its former unit until the next Refill.
@@ -45,6 +46,9 @@ public:
 
     // Sorts as a click on the header of that column asks for.
     void ClickHeader(int column);
+
+    // Selects the first row of that material and no other. Nothing happens when it is not listed.
+    void SelectMaterial(const IMaterial& material);
 
     // The material of the selected row, or of the current cell where nothing is selected. Null unless that is
     // exactly one row.

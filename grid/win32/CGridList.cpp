@@ -78,8 +78,22 @@ void CGridList::Create(HWND parent, HFONT font)
 
 void CGridList::Show(unsigned changes)
 {
-    const CRedrawLock lock(GetHandle());
+    constexpr unsigned ofSelection =
+        GRIDCHANGE_ROWS | GRIDCHANGE_ORDER | GRIDCHANGE_SELECTION | GRIDCHANGE_CURRENT;
     const CFlagScope scope(updating);
+    Update(changes, (changes & ofSelection) != 0);
+    const int current = model->GetSelection().GetCurrentCell().row;
+    if ((changes & ofSelection) != 0 && current != 0)
+    {
+        // Not every list knows how far it can scroll before it draws again.
+        ListView_EnsureVisible(GetHandle(), current - 1, FALSE);
+    }
+    tip.Forget();
+}
+
+void CGridList::Update(unsigned changes, bool ofSelection)
+{
+    const CRedrawLock lock(GetHandle());
     if ((changes & GRIDCHANGE_COLUMNS) != 0)
     {
         ShowColumns();
@@ -96,11 +110,10 @@ void CGridList::Show(unsigned changes)
     {
         ShowSortArrow();
     }
-    if ((changes & (GRIDCHANGE_ROWS | GRIDCHANGE_ORDER | GRIDCHANGE_SELECTION | GRIDCHANGE_CURRENT)) != 0)
+    if (ofSelection)
     {
         ShowSelection();
     }
-    tip.Forget();
 }
 
 void CGridList::ShowColumns()
@@ -196,7 +209,6 @@ void CGridList::ShowSelection()
     {
         SetItemState(current - 1, LVIS_FOCUSED, LVIS_FOCUSED);
         ListView_SetSelectionMark(GetHandle(), current - 1);
-        ListView_EnsureVisible(GetHandle(), current - 1, FALSE);
     }
 }
 

@@ -55,6 +55,7 @@ protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void Update(unsigned changes, bool ofSelection);
     void ShowColumns();
     void ShowHeaderTexts();
     void ShowSortArrow();

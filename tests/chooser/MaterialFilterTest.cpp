@@ -21,10 +21,11 @@ TEST(CMaterialFilter, NarrowsMetalsByTypeAndDielectricsByTheRest)
     EXPECT_FALSE(metals.Accept(&laminate));
     EXPECT_FALSE(metals.Accept(nullptr));
 
-    settings.typeText = "ed";
+    metals.SetType("ed");
+    dielectrics.SetType("ed");
     EXPECT_FALSE(metals.Accept(&foil)) << "types are compared with case";
     EXPECT_TRUE(dielectrics.Accept(&laminate)) << "whatever their type";
-    settings.typeText = "ED";
+    metals.SetType("ED");
     settings.technology = MLTECHNOLOGY_CORE;
     settings.thicknessMinimum = 1.0;
     foil.SetAttribute(MLATTR_THICKNESS, 0.5);

@@ -181,9 +181,50 @@ TEST_F(MaterialRows, SortInTheNaturalOrderOfTexts)
     EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("a_b", "a-b", "layer2", "Layer10", ""));
     rows.ClickHeader(model.FindColumn(COLUMNKEY_MATERIAL));
     EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("Layer10", "layer2", "a-b", "a_b", ""));
+    AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "layer3"), MLTABLE_ER, 25.0, {4.0});
     rows.Refill();
-    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("a_b", "a-b", "", "layer2", "Layer10"))
-        << "refilled rows stand in the library's order";
-    EXPECT_EQ(model.GetSortedBy(), GridSortKey());
+    EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("Layer10", "layer3", "layer2", "a-b", "a_b", ""))
+        << "refilled rows are sorted as before";
+    EXPECT_EQ(model.GetSortedBy(), (GridSortKey{COLUMNKEY_MATERIAL, false}));
+}
+
+TEST_F(MaterialRows, AreSelectedAgainByMaterialAndTemperature)
+{
+    CMaterial& first = AddMaterial(library, MLMATERIAL_DIELECTRIC, "first");
+    AddTable(first, MLTABLE_ER, 25.0, {4.0});
+    AddTable(first, MLTABLE_ER, 85.0, {4.0});
+    CMaterial& gone = AddMaterial(library, MLMATERIAL_DIELECTRIC, "gone");
+    AddTable(gone, MLTABLE_ER, 25.0, {4.0});
+    for (int twin = 0; twin < 2; ++twin)
+    {
+        AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "twin"), MLTABLE_ER, 25.0, {4.0});
+    }
+    rows.SetUp(MLMATERIAL_DIELECTRIC); // twin, twin, gone, first, first
+    const auto refillWithout = [this](IMaterial* rejected)
+    {
+        owner.rejected = rejected;
+        rows.Refill();
+        const CGridSelection& selection = model.GetSelection();
+        return std::pair(selection.GetSelectedCount() > 0 ? selection.GetRows() : std::vector<int>(),
+                         selection.GetCurrentCell());
+    };
+    using Places = std::pair<std::vector<int>, GridCell>;
+    model.SetCurrentCell({5, COLUMNKEY_ER});
+    EXPECT_EQ(refillWithout(&gone), Places({}, {4, COLUMNKEY_ER})) << "nothing but the current cell";
+    EXPECT_EQ(refillWithout(nullptr), Places({}, {5, COLUMNKEY_ER}));
+    model.SetCurrentCell({3, COLUMNKEY_ER});
+    model.SelectRows(1, 1, true);
+    model.SelectRows(3, 3, true);
+    model.SelectRows(5, 5, true);
+    EXPECT_EQ(refillWithout(&gone), Places({1, 4}, {1, COLUMNKEY_ER})) << "one of the twins";
+    rows.ClickHeader(COLUMNKEY_MATERIAL);
+    const auto withoutFirst = refillWithout(&first);
+    EXPECT_EQ(withoutFirst.first.size(), 1U);
+    rows.SelectMaterial(first);
+    EXPECT_EQ(refillWithout(&first), withoutFirst) << "what is not listed changes nothing";
+    owner.rejected = nullptr;
+    rows.Refill();
+    rows.SelectMaterial(gone);
+    EXPECT_EQ(rows.GetCurrentMaterial(), &gone);
 }
 } // namespace

@@ -13,6 +13,7 @@
 #include "shared/MessageManager/MessageManager.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace
@@ -101,7 +102,10 @@ void ShiftControl(HWND dialog, int control, int down)
 
 CChooseMaterialDlg::CChooseMaterialDlg(IMatLib& materialLibrary, IMaterial* current, int materialKind)
     : CDialog(ML_DIALOG_CHOOSE_MATERIAL), library(&materialLibrary), assigned(current), kind(materialKind),
-      units(MLUNITS_ENGLISH), materialFilter(materialKind, GetChooserFilterSettings()), chart(materialKind)
+      units(MLUNITS_ENGLISH), materialFilter(materialKind, GetChooserFilterSettings()),
+      thickness{{{ML_EDIT_THICKNESS_MINIMUM, GetChooserFilterSettings().thicknessMinimum, {}},
+                 {ML_EDIT_THICKNESS_MAXIMUM, GetChooserFilterSettings().thicknessMaximum, {}}}},
+      chart(materialKind)
 {
 }
 
@@ -166,6 +170,7 @@ void CChooseMaterialDlg::FillTypeCombo()
         }
     }
     SelectComboData(GetHandle(), ML_COMBO_TYPE, selected);
+    materialFilter.SetType(typeNames[static_cast<std::size_t>(selected)]);
 }
 
 void CChooseMaterialDlg::FillTechnologyCombo()
@@ -211,7 +216,7 @@ bool CChooseMaterialDlg::OnCommand(int control, unsigned code)
     else if ((control == ML_EDIT_THICKNESS_MINIMUM || control == ML_EDIT_THICKNESS_MAXIMUM) &&
              code == EN_KILLFOCUS)
     {
-        ApplyThicknessRange();
+        LeaveThickness();
     }
     else if (control == ML_COMBO_TYPE && chosen)
     {
@@ -255,6 +260,10 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
     {
         opened = true;
         KeepInWorkArea(); // the mover has placed it where it was left
+        if (assigned != nullptr)
+        {
+            grid->SelectMaterial(*assigned);
+        }
     }
     if (message == WM_WINDOWPOSCHANGED)
     {
@@ -277,6 +286,7 @@ void CChooseMaterialDlg::ChooseType()
 {
     const LRESULT chosen = GetComboData(GetHandle(), ML_COMBO_TYPE, 0);
     GetChooserFilterSettings().typeText = typeNames.at(static_cast<std::size_t>(chosen));
+    materialFilter.SetType(GetChooserFilterSettings().typeText);
     RefillGrid();
 }
 
@@ -289,34 +299,62 @@ void CChooseMaterialDlg::ChooseTechnology()
 
 void CChooseMaterialDlg::ApplyThicknessRange()
 {
-    const std::optional<double> minimum = ReadThickness(ML_EDIT_THICKNESS_MINIMUM);
-    const std::optional<double> maximum = minimum ? ReadThickness(ML_EDIT_THICKNESS_MAXIMUM) : std::nullopt;
-    if (!maximum)
+    if (!ReadThickness())
     {
         return;
     }
-    GetChooserFilterSettings().thicknessMinimum = ThicknessToMetres(*minimum, units);
-    GetChooserFilterSettings().thicknessMaximum = ThicknessToMetres(*maximum, units);
+    GetChooserFilterSettings().thicknessMinimum = thickness[0].metres;
+    GetChooserFilterSettings().thicknessMaximum = thickness[1].metres;
     RefillGrid();
 }
 
-std::optional<double> CChooseMaterialDlg::ReadThickness(int control)
+void CChooseMaterialDlg::LeaveThickness()
 {
-    const std::optional<double> thickness = ParseThickness(GetItemText(GetHandle(), control));
-    if (!thickness)
+    const auto isChanged = [this](const ThicknessBox& box)
+    { return GetItemText(GetHandle(), box.control) != box.text; };
+    if (std::ranges::any_of(thickness, isChanged))
     {
-        RefuseText(control, [this] { ShowWarning(GetHandle(), "Please enter a number."); });
+        ApplyThicknessRange();
     }
-    return thickness;
+}
+
+bool CChooseMaterialDlg::ReadThickness()
+{
+    std::array<ThicknessBox, 2> read = thickness;
+    for (ThicknessBox& box : read)
+    {
+        std::string text = GetItemText(GetHandle(), box.control);
+        if (text == box.text)
+        {
+            continue;
+        }
+        const std::optional<double> number = ParseThickness(text);
+        if (!number)
+        {
+            RefuseText(box.control, [this] { ShowWarning(GetHandle(), "Please enter a number."); });
+            return false;
+        }
+        box.metres = ThicknessToMetres(*number, units);
+        box.text = std::move(text);
+    }
+    thickness = std::move(read);
+    return true;
+}
+
+void CChooseMaterialDlg::ShowThickness()
+{
+    for (ThicknessBox& box : thickness)
+    {
+        box.text = FormatThickness(box.metres, units);
+        SetItemText(GetHandle(), box.control, box.text);
+    }
 }
 
 void CChooseMaterialDlg::ApplyUnits()
 {
     units = static_cast<unsigned>(GetComboData(GetHandle(), ML_COMBO_UNITS, MLUNITS_ENGLISH));
-    const ChooserFilterSettings& settings = GetChooserFilterSettings();
     SetItemText(GetHandle(), ML_LABEL_UNIT, LoadText(GetThicknessUnit(units).unitText));
-    SetItemText(GetHandle(), ML_EDIT_THICKNESS_MINIMUM, FormatThickness(settings.thicknessMinimum, units));
-    SetItemText(GetHandle(), ML_EDIT_THICKNESS_MAXIMUM, FormatThickness(settings.thicknessMaximum, units));
+    ShowThickness();
     grid->SetUnits(units);
 }
 

@@ -9,8 +9,8 @@
 #include "framework/CHandle.h"
 #include "shared/CtrlAutoMover/win32/CCtrlAutoMover.h"
 
+#include <array>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,9 +52,19 @@ private:
 
     void ChooseType();
     void ChooseTechnology();
+    // An edit box for a thickness and what it stands for. The text is rounded, the metres are not.
+    struct ThicknessBox
+    {
+        int control;
+        double metres;
+        std::string text;
+    };
+
     void ApplyThicknessRange();
-    // Tells the user where the control holds no number; the answer is nothing then.
-    [[nodiscard]] std::optional<double> ReadThickness(int control);
+    void LeaveThickness();
+    // Whether the boxes hold numbers; tells the user where one does not.
+    [[nodiscard]] bool ReadThickness();
+    void ShowThickness();
     void ApplyUnits();
     void RefillGrid();
 
@@ -76,7 +86,8 @@ private:
     unsigned units;
     bool showChart = true;
     CMaterialFilter materialFilter;
-    std::vector<std::string> typeNames; // of the type combo's entries
+    std::vector<std::string> typeNames;    // of the type combo's entries
+    std::array<ThicknessBox, 2> thickness; // least and greatest
     CChooserChart chart;
     std::unique_ptr<CMaterialGrid> grid; // goes before the chart's curves
     std::unique_ptr<CCtrlAutoMover> mover;

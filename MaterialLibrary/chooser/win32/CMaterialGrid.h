@@ -21,6 +21,7 @@ public:
     // As those of CMaterialRows.
     void Refill() { rows.Refill(); }
     void SetUnits(unsigned units) { rows.SetUnits(units); }
+    void SelectMaterial(const IMaterial& material) { rows.SelectMaterial(material); }
     void RefreshAssignedMarker() { rows.RefreshAssignedMarker(); }
     [[nodiscard]] IMaterial* GetCurrentMaterial() const { return rows.GetCurrentMaterial(); }
     [[nodiscard]] double GetCurrentTemperature() const { return rows.GetCurrentTemperature(); }

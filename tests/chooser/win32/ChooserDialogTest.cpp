@@ -105,6 +105,75 @@ TEST_F(Chooser, DielectricsAreNarrowedByTechnologyAndThicknessButNotByType)
     Choose({lookAgain});
 }
 
+TEST_F(Chooser, FiltersByTheTypeThatItsBoxShows)
+{
+    Choose({[] { ChooseFrom(ML_COMBO_TYPE, "a"); }});
+    const auto lookAtMetals = [&]
+    {
+        EXPECT_EQ(Text(ML_COMBO_TYPE), "<All>");
+        EXPECT_THAT(Names(), ElementsAre("Wire", "Foil"));
+    };
+    Choose({lookAtMetals}, MLMATERIAL_METAL);
+    Choose({[&] { EXPECT_EQ(Text(ML_COMBO_TYPE), "a") << "known here"; }});
+}
+
+TEST_F(Chooser, AThicknessThatNobodyTypesKeepsItsMetresAndTheRows)
+{
+    const double metres = 0.00012345678;
+    GetChooserFilterSettings().thicknessMaximum = metres;
+    const auto leave = [&]
+    {
+        for (const char* const unit : {"Metric", "English", "Metric"})
+        {
+            ChooseFrom(ML_COMBO_UNITS, unit);
+        }
+        CGridModel& model = Grid().GetModel();
+        model.SetCell(1, COLUMNKEY_COMMENT, 0, "still there");
+        Type(ML_EDIT_THICKNESS_MAXIMUM, Text(ML_EDIT_THICKNESS_MAXIMUM).c_str());
+        EXPECT_STREQ(model.GetText(1, COLUMNKEY_COMMENT), "still there") << "nothing was changed";
+        SendMessageW(Dialog(), WM_COMMAND, ML_BUTTON_APPLY, 0);
+        EXPECT_STREQ(model.GetText(1, COLUMNKEY_COMMENT), "") << "asked for";
+        Type(ML_EDIT_THICKNESS_MINIMUM, "50");
+        EXPECT_EQ(GetChooserFilterSettings().thicknessMaximum, metres);
+        EXPECT_EQ(GetChooserFilterSettings().thicknessMinimum, 5e-5);
+    };
+    Choose({leave});
+}
+
+TEST_F(Chooser, OpensWithTheAssignedMaterialSelectedAndInView)
+{
+    for (int i = 0; i < 40; ++i)
+    {
+        AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, ("More " + std::to_string(i)).c_str(), "c"),
+                 MLTABLE_ER, 25.0, {4.0});
+    }
+    const auto isInView = [](int row)
+    {
+        const HWND list = Grid().GetList();
+        const int top = ListView_GetTopIndex(list);
+        return row > top && row <= top + ListView_GetCountPerPage(list);
+    };
+    const auto look = [&]
+    {
+        EXPECT_EQ(Grid().GetModel().GetSelection().GetRows(), std::vector{44});
+        EXPECT_TRUE(isInView(44));
+        ASSERT_EQ(Chart().GetModel().GetCurveCount(), 2);
+        EXPECT_EQ(Chart().GetModel().GetCurve(0).curve->points.size(), 3U);
+        NMLISTVIEW click{{Grid().GetList(), 0, static_cast<UINT>(LVN_COLUMNCLICK)}, -1, 5, 0, 0, 0, {}, 0};
+        for (int i = 0; i < 2; ++i) // upwards, downwards
+        {
+            SendMessageW(GetParent(Grid().GetList()), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+        }
+        ChooseFrom(ML_COMBO_TECHNOLOGY, "Core");
+        EXPECT_EQ(Grid().GetModel().GetSelection().GetRows(), std::vector{1});
+        ChooseFrom(ML_COMBO_TECHNOLOGY, "<All>");
+        EXPECT_EQ(Grid().GetCurrentMaterial(), library.FindMaterial("Core"));
+        EXPECT_TRUE(isInView(Grid().GetModel().GetSelection().GetOnlyRow()));
+        EXPECT_EQ(Names().front(), "Prepreg") << "sorted downwards";
+    };
+    Choose({look}, MLMATERIAL_DIELECTRIC, library.FindMaterial("Core"));
+}
+
 TEST_F(Chooser, WhatIsNoThicknessIsRefusedBeforeAnythingChanges)
 {
     const auto mistype = [&]
