@@ -23,7 +23,7 @@ bench)
 fuzz) wanted="$build clang libclang-rt-14-dev" ;;
 coverage) wanted="$build gcovr" ;;
 lint) wanted="$build clang clang-format clang-tidy" ;;
-mutate) wanted="$build python3" ;;
+mutate) wanted="$build lld python3" ;;
 *)
     echo "usage: packages.sh run|display|test|package|docs|bench|fuzz|coverage|lint|mutate" >&2
     exit 2
