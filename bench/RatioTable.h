@@ -11,9 +11,9 @@
 // meets them all alike. False: an argument is unknown.
 [[nodiscard]] inline bool InitializeInterleaved(int argc, char** argv, std::vector<std::string> defaults)
 {
-    defaults.insert(defaults.begin(), {argv[0], "--benchmark_enable_random_interleaving=true"});
+    defaults.insert(defaults.begin(), "--benchmark_enable_random_interleaving=true");
     defaults.insert(defaults.end(), argv + 1, argv + argc);
-    std::vector<char*> pointers;
+    std::vector<char*> pointers = {argv[0]}; // the one that is used later
     for (std::string& argument : defaults)
     {
         pointers.push_back(argument.data());
@@ -23,8 +23,8 @@
     return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
 }
 
-// Shows the runs as they come and keeps their times, so that ratios between runs of one process can be
-// printed at the end.
+// Shows the runs as they come, of repeated ones what they come to, and keeps their times, so that ratios
+// between runs of one process can be printed at the end.
 class RatioTable : public benchmark::ConsoleReporter
 {
 public:
@@ -32,7 +32,10 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override
     {
-        ConsoleReporter::ReportRuns(runs);
+        if (runs.empty() || runs.front().run_type == Run::RT_Aggregate || runs.front().repetitions == 1)
+        {
+            ConsoleReporter::ReportRuns(runs);
+        }
         for (const Run& run : runs)
         {
             if (run.run_type == Run::RT_Iteration)

@@ -276,8 +276,7 @@ void Run()
 
 int main(int argc, char** argv)
 {
-    if (!InitializeInterleaved(argc, argv,
-                               {"--benchmark_min_time=0.05", "--benchmark_report_aggregates_only=true"}))
+    if (!InitializeInterleaved(argc, argv, {"--benchmark_min_time=0.05"}))
     {
         return 1;
     }

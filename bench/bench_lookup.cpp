@@ -165,9 +165,7 @@ BENCHMARK(FindAllNames)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond
 
 int main(int argc, char** argv)
 {
-    if (!InitializeInterleaved(argc, argv,
-                               {"--benchmark_repetitions=11", "--benchmark_min_time=0.02",
-                                "--benchmark_report_aggregates_only=true"}))
+    if (!InitializeInterleaved(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.02"}))
     {
         return 1;
     }
