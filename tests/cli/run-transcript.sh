@@ -7,6 +7,7 @@
 # this script; BIN stands for the folder of the programs, VERSION for that of the project. RUNNER starts Windows programs. With --update the
 # transcript is rewritten.
 set -euo pipefail
+unset MATLIB_PATH
 
 update=false
 [[ $1 == --update ]] && update=true && shift
@@ -24,6 +25,9 @@ matlib() { $runner "$BIN/matlib$suffix" "$@"; }
 smallest_host() { $runner "$BIN/smallest_host$suffix" "$@" | tr -d '\r'; }
 # matlib without the folders that belong beside it
 lone_matlib() { cp "$BIN/matlib$suffix" "$work/" && $runner "$work/matlib$suffix" "$@"; }
+
+# Without the digits in which the systems' mathematics may differ.
+matlib_rounded() { matlib "$@" | sed -E 's/([0-9.]{8})[0-9.]+/\1/g' | tr -s ' '; }
 
 name_what_varies() { sed "s|$BIN|BIN|g; s|${version//./\\.}|VERSION|g" "$1"; }
 

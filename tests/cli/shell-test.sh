@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Checks the manual page and the completion against what matlib itself says: shell-test.sh BIN-FOLDER MANUAL
 set -euo pipefail
+unset MATLIB_PATH
 BIN=$(realpath "$1")
 manual=$(realpath "$2")
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -26,6 +27,7 @@ complete_line()
 expect "a command" "show sweep" "$(complete_line matlib s)"
 expect "an option" "--log" "$(complete_line matlib sweep --lo)"
 expect "a kind" "losstangent" "$(complete_line matlib value X --kind l)"
+expect "a sort key" "thickness" "$(complete_line matlib list --sort thi)"
 expect "a name" "Getinaks Getinaks\\ -\\ 2" "$(complete_line matlib show Get)"
 expect "a quoted name" "Core\\ A Core\\ B" "$(complete_line matlib sweep --lib data/laminates.mat '"Core')"
 expect "a file" "data/laminates.mat" "$(complete_line matlib check data/lam)"

@@ -7,6 +7,7 @@
 # comment "<!-- saved as NAME -->" is the file NAME. The commands of one document run one after the other in a folder
 # with the repository's examples/ and the files of the first host and the first script.
 set -euo pipefail
+unset MATLIB_PATH
 wanted=console
 [[ $1 == --windows ]] && wanted="console windows" && shift
 programs=$(realpath "$1")

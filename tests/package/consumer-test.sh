@@ -106,4 +106,7 @@ expect "matlib" "62 materials" "$native"
 windows=$(wine "$documentation/examples/materials" "$package/bin/matlib.exe" \
     --lib "DefaultMaterialD.mat;DefaultMaterialM.mat" list)
 [[ $windows == "$native" ]] || fail "matlib.exe prints other materials than matlib"
+[[ $(env -u MATLIB_PATH "$tool/bin/matlib" list) == "$native" ]] || fail "matlib does not find its examples"
+[[ $(env -u MATLIB_PATH "$root/cmake/wine-run.sh" "$package/bin/matlib.exe" list | tr -d '\r') == "$native" ]] ||
+    fail "matlib.exe does not find its examples"
 echo "matlib: fine"

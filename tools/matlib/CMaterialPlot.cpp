@@ -3,17 +3,22 @@
 #include "MaterialLibrary/IMaterial.h"
 #include "chart/CSvgCanvas.h"
 #include "chart/PaintChart.h"
+#include "tools/matlib/CBulkMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/FrequencySweep.h"
+#include "tools/matlib/MaterialFacts.h"
+#include "tools/matlib/Origin.h"
 #include "tools/matlib/PropertyValue.h"
 #include "tools/matlib/Wording.h"
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace
 {
 constexpr std::int32_t frequencyAxis = 0;
+constexpr std::int32_t markersOnly = -1;
 
 // Well apart from each other on black; when they are used up the lines are dashed.
 constexpr Colour palette[] = {0x4DA6FF, 0xFFC066, 0x66E066, 0xFF80FF, 0x33E6FF, 0x7070FF, 0xFFFF80, 0xC0C0C0};
@@ -70,25 +75,24 @@ std::vector<MLTABLEKIND> CMaterialPlot::ListProperties(const IMaterial& material
 
 void CMaterialPlot::Add(IMaterial& material, double temperature)
 {
-    bool anyValue = false;
     const std::vector<MLTABLEKIND> plotted = ListProperties(material);
+    if (plotted.empty() && options.allMaterials)
+    {
+        return; // of the other kind
+    }
+    bool anyValue = false;
+    const CBulkMaterial bulk(material);
     for (const MLTABLEKIND property : plotted)
     {
-        auto curve = std::make_unique<CChartCurve>();
-        curve->name = MakePrintable(material.GetName()) + " " + std::string(WordsOf(property).title) +
-                      (options.temperatures.size() > 1 ? " " + FormatNumber(temperature) + " C" : "");
-        for (const double frequency : frequencies)
-        {
-            const auto value = FindValue(material, property, frequency, temperature);
-            if (value && std::isfinite(*value))
-            {
-                curve->points.push_back({frequency, *value});
-            }
-        }
-        if (!curve->points.empty())
+        const std::vector<DataPoint> rows = FindRows(bulk, material, property, temperature);
+        std::vector<DataPoint> line = Evaluate(bulk, material, property, temperature, rows);
+        if (!rows.empty() || !line.empty())
         {
             anyValue = true;
-            AddCurve(std::move(curve), property);
+            const std::string name = MakePrintable(material.GetName());
+            const std::string ending =
+                options.temperatures.size() > 1 ? " " + FormatNumber(temperature) + " C" : "";
+            AddCurves({property, name, ending}, rows, std::move(line));
         }
     }
     if (!anyValue)
@@ -98,8 +102,80 @@ void CMaterialPlot::Add(IMaterial& material, double temperature)
     }
 }
 
-void CMaterialPlot::AddCurve(std::unique_ptr<CChartCurve> curve, MLTABLEKIND property)
+// The rows in the picture's range that answer at the temperature, ascending.
+std::vector<DataPoint> CMaterialPlot::FindRows(const CBulkMaterial& bulk, IMaterial& material,
+                                               MLTABLEKIND property, double temperature) const
 {
+    std::set<double> candidates;
+    for (const IMaterialTable* table : ListTables(material))
+    {
+        for (int index = 0; table->GetTableKind() == property && index < table->GetEntryCount(); ++index)
+        {
+            const double frequency = table->GetEntry(index).frequency;
+            if (frequency >= options.sweepFrom && frequency <= options.sweepTo)
+            {
+                candidates.insert(frequency);
+            }
+        }
+    }
+    const std::vector<double> asked(candidates.begin(), candidates.end());
+    const BulkValues answers = bulk.Ask(property, temperature, false, asked);
+    std::vector<DataPoint> rows;
+    for (std::size_t i = 0; i < asked.size(); ++i)
+    {
+        if ((answers.status[i] & ML_STATUS_SOURCE) == ML_FROM_ROW && std::isfinite(answers.values[i]))
+        {
+            rows.push_back({asked[i], answers.values[i]});
+        }
+    }
+    return rows;
+}
+
+// A laminate's model; a metal's rows, to be joined, and the ends of the range.
+std::vector<DataPoint> CMaterialPlot::Evaluate(const CBulkMaterial& bulk, const IMaterial& material,
+                                               MLTABLEKIND property, double temperature,
+                                               std::span<const DataPoint> rows) const
+{
+    std::vector<double> asked = frequencies;
+    if (material.GetKind() == MLMATERIAL_METAL)
+    {
+        asked = {options.sweepFrom};
+        std::ranges::transform(rows, std::back_inserter(asked), &DataPoint::x);
+        asked.push_back(options.sweepTo);
+    }
+    const BulkValues answers = bulk.Ask(property, temperature, true, asked);
+    std::vector<DataPoint> line;
+    for (std::size_t i = 0; i < asked.size(); ++i)
+    {
+        RequireModel(material, temperature, answers.status[i]);
+        if (IsValue(answers.status[i]) && std::isfinite(answers.values[i]))
+        {
+            line.push_back({asked[i], answers.values[i]});
+        }
+    }
+    return line;
+}
+
+// The rows as markers, the line on top of them; one entry in the legend.
+void CMaterialPlot::AddCurves(PlottedProperty plotted, std::span<const DataPoint> rows,
+                              std::vector<DataPoint> line)
+{
+    const std::size_t number = names.size();
+    const Colour colour = palette[number % std::size(palette)];
+    const auto style = static_cast<std::int32_t>(number / std::size(palette) % (PenStyle::dashDotDot + 1));
+    AddCurve(plotted.property, colour, style, std::move(line));
+    AddCurve(plotted.property, colour, markersOnly, {rows.begin(), rows.end()});
+    names.push_back(std::move(plotted));
+    model.GetLegend().push_back({colour, {}});
+}
+
+void CMaterialPlot::AddCurve(MLTABLEKIND property, Colour colour, std::int32_t style,
+                             std::vector<DataPoint> points)
+{
+    if (points.empty())
+    {
+        return;
+    }
     const std::int32_t axis = GetAxisOf(property);
     if (model.FindAxis(axis) == nullptr)
     {
@@ -108,13 +184,23 @@ void CMaterialPlot::AddCurve(std::unique_ptr<CChartCurve> curve, MLTABLEKIND pro
         model.ClearAutomaticPrefix(axis);
         TellApart(*model.FindAxis(axis), model.GetAxes(Direction::Vertical).size());
     }
-    const std::size_t number = curves.size();
-    curve->colour = palette[number % std::size(palette)];
-    curve->lineStyle = static_cast<std::int32_t>(number / std::size(palette) % (PenStyle::dashDotDot + 1));
+    auto curve = std::make_unique<CChartCurve>();
+    curve->points = std::move(points);
+    curve->colour = colour;
+    curve->lineStyle = style;
     curve->UpdateBounds();
     model.AddCurve(*curve, frequencyAxis, axis);
-    model.GetLegend().push_back({curve->colour, curve->name});
     curves.push_back(std::move(curve));
+}
+
+void CMaterialPlot::NameCurves(bool briefly)
+{
+    for (std::size_t i = 0; i < names.size(); ++i)
+    {
+        const PropertyWords& words = WordsOf(names[i].property);
+        const std::string_view title = briefly ? words.brief : words.title;
+        model.GetLegend()[i].name = names[i].material + " " + std::string(title) + names[i].ending;
+    }
 }
 
 std::string CMaterialPlot::Render()
@@ -124,8 +210,11 @@ std::string CMaterialPlot::Render()
     const int fontSize = ChooseFontSize(size.height);
     CSvgCanvas canvas(size, fontSize);
     ChartStyle style;
+    style.flags = ChartStyle::drawMarkers; // of curves that have no style of line
     style.lineWidth = fontSize / 8;
+    style.markerHalfSide = std::max(2, fontSize / 5);
     model.SetScaleMode(options.sweepLogarithmic, false);
+    NameCurves(false);
     LayOutChart(model, client, canvas);
     PaintChart({model, style, ChartPointer(), client}, canvas);
     return canvas.GetDocument();

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class CBulkMaterial;
 class IMaterial;
 
 // A chart of materials' properties over frequency, one vertical axis for each kind of property, drawn into a
@@ -14,21 +15,39 @@ class CMaterialPlot
 public:
     explicit CMaterialPlot(const Options& options_);
 
-    // Adds one curve for each property of the material that is asked for, at that temperature (°C). Throws
-    // CFailure when the material has no value for any of them.
+    // Adds each property of the material that is asked for, at that temperature (°C): its rows as markers and
+    // its model as a line; a metal's rows are joined. Throws CFailure when the material
+    // has no value for any of them.
     void Add(IMaterial& material, double temperature);
 
-    [[nodiscard]] int GetCurveCount() const { return static_cast<int>(curves.size()); }
+    // How many properties were added.
+    [[nodiscard]] int GetCurveCount() const { return static_cast<int>(names.size()); }
 
     // The picture, an SVG document.
     [[nodiscard]] std::string Render();
 
 private:
+    // What the legend says of a curve.
+    struct PlottedProperty
+    {
+        MLTABLEKIND property;
+        std::string material;
+        std::string ending;
+    };
+
     [[nodiscard]] std::vector<MLTABLEKIND> ListProperties(const IMaterial& material) const;
-    void AddCurve(std::unique_ptr<CChartCurve> curve, MLTABLEKIND property);
+    [[nodiscard]] std::vector<DataPoint> FindRows(const CBulkMaterial& bulk, IMaterial& material,
+                                                  MLTABLEKIND property, double temperature) const;
+    [[nodiscard]] std::vector<DataPoint> Evaluate(const CBulkMaterial& bulk, const IMaterial& material,
+                                                  MLTABLEKIND property, double temperature,
+                                                  std::span<const DataPoint> rows) const;
+    void AddCurves(PlottedProperty plotted, std::span<const DataPoint> rows, std::vector<DataPoint> line);
+    void AddCurve(MLTABLEKIND property, Colour colour, std::int32_t style, std::vector<DataPoint> points);
+    void NameCurves(bool briefly);
 
     const Options& options;
     std::vector<double> frequencies;
+    std::vector<PlottedProperty> names;               // one for each entry of the legend
     std::vector<std::unique_ptr<CChartCurve>> curves; // the model refers to them
     CChartModel model;
 };

@@ -6,9 +6,11 @@
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/Platform.h"
+#include "tools/matlib/QuantityParsing.h"
 #include "tools/matlib/Wording.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 LibraryPtr MakeLibrary(ILibraryHost& host, const std::vector<std::string>& files)
 {
@@ -20,13 +22,46 @@ LibraryPtr MakeLibrary(ILibraryHost& host, const std::vector<std::string>& files
     return {host.Create(files.empty() ? nullptr : list.c_str()), FreeLibrary{&host}};
 }
 
-CMaterialSet::CMaterialSet(ILibraryHost& host, const std::vector<std::string>& files)
-    : library(MakeLibrary(host, files))
+namespace
 {
-    ReportFiles(host, files);
+// The files of a command that names none.
+std::vector<std::string> FindDefaultFiles()
+{
+    const char* const variable = std::getenv("MATLIB_PATH");
+    const std::vector<std::string> named = SplitPaths({variable != nullptr ? variable : ""});
+    return named.empty() ? ListInstalledExamples() : named;
 }
 
-void CMaterialSet::ReportFiles(ILibraryHost& host, const std::vector<std::string>& files)
+bool IsRoughness(MLTABLEKIND property)
+{
+    return property == MLTABLE_ROUGHNESS_TOP || property == MLTABLE_ROUGHNESS_BOTTOM;
+}
+
+bool AsksForMetals(const Options& options)
+{
+    switch (options.command)
+    {
+    case Command::list:
+        return options.filter.kind == MLMATERIAL_METAL;
+    case Command::choose:
+        return options.materialKind == MLMATERIAL_METAL;
+    case Command::value:
+        return IsRoughness(options.property);
+    default:
+        return !options.plottedProperties.empty() &&
+               std::ranges::all_of(options.plottedProperties, IsRoughness);
+    }
+}
+} // namespace
+
+CMaterialSet::CMaterialSet(ILibraryHost& host, const Options& options)
+    : files(options.libraryFiles.empty() ? FindDefaultFiles() : options.libraryFiles),
+      library(MakeLibrary(host, files))
+{
+    ReportFiles(host, options);
+}
+
+void CMaterialSet::ReportFiles(ILibraryHost& host, const Options& options)
 {
     for (const std::string& file : files)
     {
@@ -38,11 +73,22 @@ void CMaterialSet::ReportFiles(ILibraryHost& host, const std::vector<std::string
     }
     for (const std::string& message : host.TakeMessages())
     {
-        PrintProblem(message);
+        if (IsOfInterest(message, options))
+        {
+            PrintProblem(message);
+        }
         const auto isAbout = [&](const std::string& file)
         { return FindFileProblem(message, file).has_value(); };
         allFilesGood = allFilesGood && std::ranges::none_of(files, isAbout);
     }
+}
+
+// That there are no dielectrics is no news to those who have metals or want them.
+bool CMaterialSet::IsOfInterest(const std::string& message, const Options& options) const
+{
+    const auto isMetal = [](const IMaterial* material) { return material->GetKind() == MLMATERIAL_METAL; };
+    return message != GetLibraryText(MLTEXT_NO_DIELECTRIC) ||
+           (!AsksForMetals(options) && std::ranges::none_of(ListAll(), isMetal));
 }
 
 IMaterial& CMaterialSet::Find(const std::string& name) const
@@ -64,6 +110,21 @@ IMaterial& CMaterialSet::Find(const std::string& name) const
         separator = " or ";
     }
     throw CFailure(separator == " or " ? text + "?" : text);
+}
+
+std::vector<IMaterial*> CMaterialSet::Select(const Options& options) const
+{
+    std::vector<IMaterial*> materials;
+    if (options.allMaterials)
+    {
+        materials = ListAll();
+        return materials.empty() ? throw CFailure("there are no materials") : materials;
+    }
+    for (const std::string& name : options.materials)
+    {
+        materials.push_back(&Find(name));
+    }
+    return materials;
 }
 
 std::vector<IMaterial*> CMaterialSet::ListAll() const

@@ -2,6 +2,7 @@
 
 #include "MaterialLibrary/Version.h"
 #include "tools/matlib/CFailure.h"
+#include "tools/matlib/MaterialFilter.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/PictureFile.h"
 #include "tools/matlib/Platform.h"
@@ -15,7 +16,8 @@ namespace
 {
 constexpr int smallestPicture = 64; // pixels in each direction
 constexpr int largestPicture = 16384;
-constexpr int mostSweepPoints = 10000; // the library keeps every computed value and searches them one by one
+constexpr int mostSweepPoints = 10000; // more than any picture or table shows
+constexpr int mostPolesPerDecade = 20;
 
 const PropertyWords* FindProperty(const std::string& option)
 {
@@ -54,7 +56,8 @@ void AddLibraryFiles(CLI::App& app, Options& options)
     };
     app.add_option_function<std::vector<std::string>>(
            "--lib", addFiles,
-           "Material files, separated by \";\" or in several --lib; default: a sample library")
+           "Material files, separated by \";\" or in several --lib; default: those of MATLIB_PATH, else the "
+           "installed examples")
         ->type_name("FILES")
         ->allow_extra_args(false)
         ->check(DescribeBadList);
@@ -97,9 +100,14 @@ void AddTemperature(CLI::App& app, Options& options)
 
 void AddMaterials(CLI::App& app, Options& options)
 {
-    app.add_option("NAME", options.materials, "The names of one or more materials")
-        ->required()
-        ->type_name("");
+    app.add_option("NAME", options.materials, "The names of one or more materials")->type_name("");
+    app.add_flag("--all", options.allMaterials, "All materials; those without values are left out");
+}
+
+void AddModelFlag(CLI::App& app, Options& options)
+{
+    app.add_flag("--model", options.smooth,
+                 "The model also at the rows' frequencies: smooth and causal; roughness on straight lines");
 }
 
 void AddTemperatures(CLI::App& app, Options& options)
@@ -145,11 +153,28 @@ void AddSweepRange(CLI::App& app, Options& options)
     app.final_callback(
         [&options]
         {
+            if (options.materials.empty() != options.allMaterials)
+            {
+                options.allMaterials ? throw CLI::ValidationError("--all", "takes no NAME")
+                                     : throw CLI::RequiredError("NAME or --all");
+            }
             if (!(options.sweepFrom < options.sweepTo))
             {
                 throw CLI::ValidationError("--from", "must be below --to");
             }
         });
+}
+
+std::string DescribeBadKind(const std::string& text)
+{
+    return EqualIgnoringCase(text, "dielectric") || EqualIgnoringCase(text, "metal")
+               ? ""
+               : Quote(text) + " is unknown; use dielectric or metal";
+}
+
+MLMATERIALKIND KindNamed(const std::string& text)
+{
+    return EqualIgnoringCase(text, "metal") ? MLMATERIAL_METAL : MLMATERIAL_DIELECTRIC;
 }
 
 CLI::App& AddCommand(CLI::App& app, Options& options, Command command, const char* name,
@@ -163,10 +188,64 @@ CLI::App& AddCommand(CLI::App& app, Options& options, Command command, const cha
     return added;
 }
 
+std::string DescribeBadSortKey(const std::string& text)
+{
+    std::string known;
+    for (const char* const key : sortKeys)
+    {
+        if (EqualIgnoringCase(key, text))
+        {
+            return "";
+        }
+        known += std::string(known.empty() ? "" : ", ") + key;
+    }
+    return Quote(text) + " is unknown; use " + known;
+}
+
+std::string DescribeBadTechnology(const std::string& text)
+{
+    for (const int technology : {MLTECHNOLOGY_CORE, MLTECHNOLOGY_PREPREG, MLTECHNOLOGY_FLEXCORE})
+    {
+        if (EqualIgnoringCase(TechnologyWord(technology), text))
+        {
+            return "";
+        }
+    }
+    return Quote(text) + " is unknown; use core, prepreg or flexcore";
+}
+
+void AddFilters(CLI::App& list, ListFilter& filter)
+{
+    list.add_option("TEXT", filter.text, "Only materials with this text in name, type, vendor or comment")
+        ->type_name("");
+    list.add_option_function<std::string>(
+            "--kind", [&filter](const std::string& text) { filter.kind = KindNamed(text); },
+            "Only this kind: dielectric or metal")
+        ->type_name("KIND")
+        ->check(DescribeBadKind);
+    list.add_option("--type", filter.type, "Only this type of laminate or conductor")->type_name("TYPE");
+    list.add_option("--technology", filter.technology, "Only this technology: core, prepreg or flexcore")
+        ->type_name("TECHNOLOGY")
+        ->check(DescribeBadTechnology);
+    list.add_option("--vendor", filter.vendor, "Only this vendor")->type_name("VENDOR");
+    list.add_option_function<std::string>(
+            "--thickness",
+            [&filter](const std::string& text) { filter.thickness = ParseLengthRange(text).range; },
+            "Only thicknesses from one to another, either may be missing: 100um..0.2mm")
+        ->type_name("FROM..TO")
+        ->check([](const std::string& text) { return ParseLengthRange(text).problem; });
+    list.add_option("--sort", filter.sortKey,
+                    "Sort by: name, kind, type, vendor, technology, thickness or resistivity")
+        ->type_name("COLUMN")
+        ->check(DescribeBadSortKey)
+        ->transform(CLI::detail::to_lower);
+}
+
 void AddList(CLI::App& app, Options& options)
 {
-    CLI::App& list = AddCommand(app, options, Command::list, "list", "List the materials",
-                                "matlib list --lib \"laminates.mat;foils.mat\"");
+    CLI::App& list = AddCommand(app, options, Command::list, "list", "List the materials, or some of them",
+                                "matlib list --technology core --thickness ..150um --sort thickness");
+    AddFilters(list, options.filter);
     AddLibraryFiles(list, options);
 }
 
@@ -188,7 +267,29 @@ void AddValue(CLI::App& app, Options& options)
     AddProperty(value, options);
     AddFrequency(value, "--freq", options.frequency, "The frequency: 2.5GHz, 100kHz, 1e9", nullptr);
     AddTemperature(value, options);
+    AddModelFlag(value, options);
     AddLibraryFiles(value, options);
+}
+
+void AddModel(CLI::App& app, Options& options)
+{
+    CLI::App& model = AddCommand(app, options, Command::model, "model",
+                                 "Print the model that values between a material's rows come from",
+                                 "matlib model Getinaks --poles 3");
+    AddMaterial(model, options);
+    AddTemperature(model, options);
+    model
+        .add_option_function<std::string>(
+            "--poles",
+            [&options](const std::string& text) {
+                options.polesPerDecade =
+                    static_cast<int>(ParseWholeNumber(text, 1, mostPolesPerDecade).value);
+            },
+            "As single Debye poles, so many a decade, for a time-domain solver")
+        ->type_name("COUNT")
+        ->check([](const std::string& text)
+                { return ParseWholeNumber(text, 1, mostPolesPerDecade).problem; });
+    AddLibraryFiles(model, options);
 }
 
 void AddSweep(CLI::App& app, Options& options)
@@ -200,6 +301,7 @@ void AddSweep(CLI::App& app, Options& options)
     AddMaterials(sweep, options);
     AddSweepRange(sweep, options);
     AddTemperatures(sweep, options);
+    AddModelFlag(sweep, options);
     AddLibraryFiles(sweep, options);
 }
 
@@ -304,21 +406,11 @@ void AddChoose(CLI::App& app, Options& options)
                                   "matlib choose --kind metal --lib foils.mat");
     choose
         .add_option_function<std::string>(
-            "--kind",
-            [&options](const std::string& text) {
-                options.materialKind =
-                    EqualIgnoringCase(text, "metal") ? MLMATERIAL_METAL : MLMATERIAL_DIELECTRIC;
-            },
+            "--kind", [&options](const std::string& text) { options.materialKind = KindNamed(text); },
             "What to choose: dielectric or metal")
         ->type_name("KIND")
         ->default_str("dielectric")
-        ->check(
-            [](const std::string& text)
-            {
-                return EqualIgnoringCase(text, "dielectric") || EqualIgnoringCase(text, "metal")
-                           ? std::string()
-                           : Quote(text) + " is unknown; use dielectric or metal";
-            });
+        ->check(DescribeBadKind);
     choose.add_option("--current", options.assigned, "The material that is assigned at first")
         ->type_name("NAME");
     AddLibraryFiles(choose, options);
@@ -343,6 +435,7 @@ void DescribeProgram(CLI::App& app, Options& options)
     AddShow(app, options);
     AddValue(app, options);
     AddSweep(app, options);
+    AddModel(app, options);
     AddPlot(app, options);
     AddCheck(app, options);
     AddChoose(app, options);
@@ -355,7 +448,7 @@ std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error
     {
         const auto strangers = app.remaining();
         return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
-               "; use list, show, value, sweep, plot, check or choose (see matlib --help)";
+               "; use list, show, value, sweep, model, plot, check or choose (see matlib --help)";
     }
     return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
 }

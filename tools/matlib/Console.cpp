@@ -1,6 +1,5 @@
 #include "tools/matlib/Console.h"
 
-#include "tools/matlib/CFailure.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
 
@@ -28,4 +27,12 @@ void PrintProblem(std::string_view text)
 {
     const std::string line = "matlib: " + JoinLines(text) + "\n";
     static_cast<void>(std::fputs(line.c_str(), stderr)); // nowhere is left to report a failure
+}
+
+void PrintOrigins(const COriginCounter& origins)
+{
+    if (const std::string text = origins.Describe(); !text.empty())
+    {
+        PrintProblem(text);
+    }
 }

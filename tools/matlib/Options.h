@@ -2,8 +2,17 @@
 
 #include "MaterialLibrary/MLTypes.h"
 
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
+
+// Lengths in m, both ends included.
+struct LengthRange
+{
+    double shortest = 0.0;
+    double longest = std::numeric_limits<double>::infinity();
+};
 
 enum class Command
 {
@@ -13,23 +22,40 @@ enum class Command
     sweep,
     check,
     choose,
-    plot
+    plot,
+    model
+};
+
+// Which materials a list shows, and in which order. Texts count without the case of their letters.
+struct ListFilter
+{
+    std::optional<MLMATERIALKIND> kind;
+    std::string type; // this and the next three: empty for any
+    std::string vendor;
+    std::string technology;
+    std::string text;                     // within name, type, vendor or comment
+    std::optional<LengthRange> thickness; // m
+    std::string sortKey;                  // empty: as in the files
 };
 
 // What the user asked for; each command reads only its own part.
 struct Options
 {
     Command command = Command::list;
-    std::vector<std::string> libraryFiles; // none: the built-in sample library
+    std::vector<std::string> libraryFiles; // none: the default ones
     std::string dllPath;                   // Windows only; empty: the library beside the program
     bool json = false;
 
-    std::string material;                                // show, value
+    std::string material;                                // show, value, model
     std::vector<std::string> materials;                  // sweep, plot
+    bool allMaterials = false;                           // sweep, plot: instead of names
     std::vector<double> temperatures = {25.0};           // sweep, plot, °C
     MLTABLEKIND property = MLTABLE_ER;                   // value
     double frequency = 0.0;                              // value, Hz
-    double temperature = 25.0;                           // value, °C
+    double temperature = 25.0;                           // value, model, °C
+    bool smooth = false;                                 // value, sweep: the model everywhere
+    int polesPerDecade = 0;                              // model; 0: its terms
+    ListFilter filter;                                   // list
     double sweepFrom = 1e6;                              // sweep, plot, Hz
     double sweepTo = 2e10;                               // sweep, plot, Hz
     int sweepPoints = 200;                               // sweep, plot, at least 2

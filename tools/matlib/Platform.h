@@ -43,6 +43,10 @@ inline constexpr const char* dialogHint =
 // The path of a program in the folders of PATH, never in the current folder; empty when it is in none.
 [[nodiscard]] std::string FindProgram(const char* name);
 
+// The material files of the installation that the program belongs to, in the order of their names; none where
+// it is not installed.
+[[nodiscard]] std::vector<std::string> ListInstalledExamples();
+
 // Runs a program to its end. Its exit code, -1 when it could not be run.
 [[nodiscard]] int RunProgram(const std::string& path, const std::vector<std::string>& arguments);
 

@@ -1,11 +1,11 @@
 #include "tools/matlib/PropertyValue.h"
 
 #include "MaterialLibrary/IMaterial.h"
+#include "MaterialLibrary/materials.h"
+#include "tools/matlib/CBulkMaterial.h"
 #include "tools/matlib/CFailure.h"
+#include "tools/matlib/Origin.h"
 #include "tools/matlib/Wording.h"
-
-#include <bit>
-#include <cstdint>
 
 namespace
 {
@@ -14,29 +14,36 @@ bool BelongsToMetals(MLTABLEKIND property)
     return property == MLTABLE_ROUGHNESS_TOP || property == MLTABLE_ROUGHNESS_BOTTOM;
 }
 
-// The answer of the library when a dielectric's tables allow no model.
-constexpr double noModel = -1.0;
 } // namespace
 
-std::optional<double> FindValue(IMaterial& material, MLTABLEKIND property, double frequency,
-                                double temperature)
+void RequireModel(const IMaterial& material, double temperature, std::uint8_t status)
 {
-    // A NaN of our own shows that nothing was written, even to a file that holds NaN.
-    constexpr std::uint64_t untouched = 0x7FF8'0000'4D4C'5641;
-    auto value = std::bit_cast<double>(untouched);
-    material.GetValue(property, frequency, &value, temperature);
-    if (std::bit_cast<std::uint64_t>(value) == untouched)
-    {
-        return std::nullopt;
-    }
-    if (value == noModel && !BelongsToMetals(property))
+    if ((status & ML_STATUS_SOURCE) == ML_NO_FIT)
     {
         throw CFailure("no dielectric model fits the tables of " + Quote(material.GetName()) + " at " +
                        FormatNumber(temperature) +
                        " C: it needs Er above 0 and at least two rows of loss tangent from 10 kHz up, in "
                        "ascending order of frequency and at most 38 decades apart");
     }
-    return value;
+}
+
+void ExplainMissingModel(IMaterial& material, double temperature)
+{
+    const double anywhere = 1.0;
+    const auto status =
+        CBulkMaterial(material).Ask(MLTABLE_ER, temperature, true, std::span(&anywhere, 1)).status;
+    RequireValue(material, MLTABLE_ER, temperature, status.front());
+    throw CFailure("Er and loss tangent of " + Quote(material.GetName()) +
+                   " are constants; they have no model");
+}
+
+void RequireValue(const IMaterial& material, MLTABLEKIND property, double temperature, std::uint8_t status)
+{
+    RequireModel(material, temperature, status);
+    if (!IsValue(status))
+    {
+        throw CFailure(ExplainMissingValue(material, property));
+    }
 }
 
 std::string ExplainMissingValue(const IMaterial& material, MLTABLEKIND property)

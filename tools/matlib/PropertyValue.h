@@ -2,17 +2,21 @@
 
 #include "MaterialLibrary/MLTypes.h"
 
-#include <optional>
+#include <cstdint>
 #include <string>
 
 class IMaterial;
 
-// Properties of materials at a frequency (Hz) and a temperature (°C).
+// Why there is no value of a property.
 
-// The property's value; nothing when the material has no tables for it. Throws CFailure when the tables
-// allow no dielectric model.
-[[nodiscard]] std::optional<double> FindValue(IMaterial& material, MLTABLEKIND property, double frequency,
-                                              double temperature);
-
-// Why FindValue finds nothing: a sentence for the user.
+// Why a material that the status ML_NO_DATA was given for has no value: a sentence for the user.
 [[nodiscard]] std::string ExplainMissingValue(const IMaterial& material, MLTABLEKIND property);
+
+// Throws CFailure where the tables at a temperature (°C) allow no dielectric model.
+void RequireModel(const IMaterial& material, double temperature, std::uint8_t status);
+
+// Throws CFailure, for a material without a model at that temperature (°C).
+[[noreturn]] void ExplainMissingModel(IMaterial& material, double temperature);
+
+// Throws CFailure where the status says that there is no value.
+void RequireValue(const IMaterial& material, MLTABLEKIND property, double temperature, std::uint8_t status);

@@ -3,6 +3,7 @@
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/Wording.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -99,6 +100,49 @@ Quantity ParseTemperature(std::string_view text)
         return {0.0, Quote(text) + " is below absolute zero"};
     }
     return {taken.number, {}};
+}
+
+Quantity ParseLength(std::string_view text)
+{
+    struct Unit
+    {
+        std::string_view name;
+        double metres;
+    };
+    constexpr Unit units[] = {{"um", 1e-6}, {"mm", 1e-3},     {"cm", 1e-2},
+                              {"m", 1.0},   {"mil", 25.4e-6}, {"in", 25.4e-3}};
+    const NumberAndRest taken = TakeNumber(text);
+    const auto unit = std::ranges::find(units, taken.rest, &Unit::name);
+    if (!taken.isNumber || unit == std::end(units) || taken.number < 0.0)
+    {
+        return {0.0, Quote(text) + " is no length; write a number with um, mm or mil, for example 100um"};
+    }
+    return {taken.number * unit->metres, {}};
+}
+
+ParsedLengths ParseLengthRange(std::string_view text)
+{
+    const std::size_t dots = text.find("..");
+    if (dots == std::string_view::npos)
+    {
+        return {{},
+                Quote(text) + " is no range; write FROM..TO, for example 100um..0.2mm, ..150um or 4mil.."};
+    }
+    ParsedLengths parsed;
+    const std::string_view shortest = text.substr(0, dots);
+    const std::string_view longest = text.substr(dots + 2);
+    const auto take = [&parsed](std::string_view end, double& target)
+    {
+        if (!end.empty())
+        {
+            const Quantity length = ParseLength(end);
+            target = length.value;
+            parsed.problem = parsed.problem.empty() ? length.problem : parsed.problem;
+        }
+    };
+    take(shortest, parsed.range.shortest);
+    take(longest, parsed.range.longest);
+    return parsed;
 }
 
 Quantity ParseWholeNumber(std::string_view text, int least, int most)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tools/matlib/Options.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,17 @@ struct Quantity
 
 // A temperature in °C, not below absolute zero: a number, with or without C.
 [[nodiscard]] Quantity ParseTemperature(std::string_view text);
+
+// A length in m, not below 0: a number and um, mm, cm, m, mil or in.
+[[nodiscard]] Quantity ParseLength(std::string_view text);
+
+// Two lengths with ".." between them, each of which may be missing; `problem` as in a Quantity.
+struct ParsedLengths
+{
+    LengthRange range;
+    std::string problem;
+};
+[[nodiscard]] ParsedLengths ParseLengthRange(std::string_view text);
 
 // A whole number from `least` to `most`.
 [[nodiscard]] Quantity ParseWholeNumber(std::string_view text, int least, int most);

@@ -28,6 +28,12 @@ std::string FormatNumber(double value)
     return FormatDigits(value, 6);
 }
 
+std::string FormatExactly(double value)
+{
+    char text[64];
+    return {text, std::to_chars(text, std::end(text), value).ptr};
+}
+
 std::string FormatHertz(double frequency)
 {
     return FormatDigits(frequency, 12);

@@ -12,6 +12,9 @@ class IMaterial;
 // A number with six significant digits, without trailing zeros: 4.3, 1.68e-08.
 [[nodiscard]] std::string FormatNumber(double value);
 
+// A number that reads back exactly, as short as possible.
+[[nodiscard]] std::string FormatExactly(double value);
+
 // A frequency in Hz with twelve significant digits and no unit: 2500000000.
 [[nodiscard]] std::string FormatHertz(double frequency);
 
@@ -30,22 +33,26 @@ class IMaterial;
 // The text on one line: line breaks become blanks.
 [[nodiscard]] std::string JoinLines(std::string_view text);
 
-// A property's words: on the command line ("losstangent"), in JSON and CSV ("loss_tangent"), in titles and
-// in a sentence.
+// A property's words: on the command line ("losstangent"), in JSON and CSV ("loss_tangent"), in files, in
+// titles and in a sentence.
 struct PropertyWords
 {
     MLTABLEKIND kind;
     std::string_view option;
     std::string_view key;
+    std::string_view record;
     std::string_view title;
+    std::string_view brief; // a short title
     std::string_view sentence;
 };
 inline constexpr PropertyWords properties[] = {
-    {MLTABLE_ER, "er", "er", "Er", "Er"},
-    {MLTABLE_LOSS_TANGENT, "losstangent", "loss_tangent", "Loss tangent", "loss tangent"},
-    {MLTABLE_ROUGHNESS_TOP, "roughtop", "roughness_top", "Top roughness factor", "top roughness factor"},
-    {MLTABLE_ROUGHNESS_BOTTOM, "roughbtm", "roughness_bottom", "Bottom roughness factor",
-     "bottom roughness factor"},
+    {MLTABLE_ER, "er", "er", "ER", "Er", "Er", "Er"},
+    {MLTABLE_LOSS_TANGENT, "losstangent", "loss_tangent", "LOSSTANGENT", "Loss tangent", "tan",
+     "loss tangent"},
+    {MLTABLE_ROUGHNESS_TOP, "roughtop", "roughness_top", "ROUGHTOP", "Top roughness factor", "top",
+     "top roughness factor"},
+    {MLTABLE_ROUGHNESS_BOTTOM, "roughbtm", "roughness_bottom", "ROUGHBTM", "Bottom roughness factor",
+     "bottom", "bottom roughness factor"},
 };
 
 // The words of a table kind, which must be one of those above.

@@ -21,6 +21,8 @@ int RunCommand(const Options& options)
         return RunValue(options, *host);
     case Command::sweep:
         return RunSweep(options, *host);
+    case Command::model:
+        return RunModel(options, *host);
     case Command::plot:
         return RunPlot(options, *host);
     case Command::check:

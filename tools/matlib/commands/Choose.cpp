@@ -25,7 +25,7 @@ int RunChoose(const Options& options, ILibraryHost& host)
     {
         throw CFailure(dialogHint);
     }
-    const CMaterialSet set(host, options.libraryFiles);
+    const CMaterialSet set(host, options);
     IMaterial* const current = options.assigned.empty() ? nullptr : &set.Find(options.assigned);
     host.ShowMessagesInBoxes();
     const IMaterial* const chosen = set.GetLibrary().ChooseMaterial(current, options.materialKind);

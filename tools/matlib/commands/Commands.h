@@ -7,7 +7,7 @@
 // library's files to the standard error stream, and returns the exit code. What cannot be done at all
 // throws CFailure.
 
-// One line per material.
+// One line per material that passes the filter.
 [[nodiscard]] int RunList(const Options& options, ILibraryHost& host);
 
 // Everything that the library's files say about one material.
@@ -18,6 +18,9 @@
 
 // The properties of materials at temperatures over a range of frequencies.
 [[nodiscard]] int RunSweep(const Options& options, ILibraryHost& host);
+
+// The model that values between a material's rows come from, or its Debye poles.
+[[nodiscard]] int RunModel(const Options& options, ILibraryHost& host);
 
 // The properties of materials over a range of frequencies as a picture.
 [[nodiscard]] int RunPlot(const Options& options, ILibraryHost& host);

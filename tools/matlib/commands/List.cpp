@@ -3,6 +3,7 @@
 #include "tools/matlib/Console.h"
 #include "tools/matlib/Json.h"
 #include "tools/matlib/MaterialFacts.h"
+#include "tools/matlib/MaterialFilter.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/commands/Commands.h"
 
@@ -59,8 +60,8 @@ Json ListAsJson(const std::vector<IMaterial*>& materials)
 
 int RunList(const Options& options, ILibraryHost& host)
 {
-    const CMaterialSet set(host, options.libraryFiles);
-    const auto materials = set.ListAll();
+    const CMaterialSet set(host, options);
+    const auto materials = FilterMaterials(set.ListAll(), options.filter);
     PrintOutput(options.json ? RenderJson(ListAsJson(materials)) : RenderList(materials));
     return set.GetExitCode();
 }

@@ -1,3 +1,4 @@
+#include "tools/matlib/CFailure.h"
 #include "tools/matlib/CMaterialPlot.h"
 #include "tools/matlib/CMaterialSet.h"
 #include "tools/matlib/Console.h"
@@ -8,21 +9,26 @@
 
 int RunPlot(const Options& options, ILibraryHost& host)
 {
-    const CMaterialSet set(host, options.libraryFiles);
+    const CMaterialSet set(host, options);
     CMaterialPlot plot(options);
-    CProgress progress =
-        ShowProgress(static_cast<int>(options.materials.size() * options.temperatures.size()));
-    for (const std::string& name : options.materials)
+    const std::vector<IMaterial*> materials = set.Select(options);
+    CProgress progress = ShowProgress(static_cast<int>(materials.size() * options.temperatures.size()));
+    bool isComplete = true;
+    for (IMaterial* const material : materials)
     {
         for (const double temperature : options.temperatures)
         {
-            plot.Add(set.Find(name), temperature);
+            isComplete = TakeOrReport(options, [&] { plot.Add(*material, temperature); }) && isComplete;
             progress.Advance();
         }
+    }
+    if (plot.GetCurveCount() == 0)
+    {
+        throw CFailure("there is nothing to draw");
     }
     WritePicture(options.picturePath, plot.Render());
     PrintOutput(options.json
                     ? RenderJson({{"file", options.picturePath}, {"curves", plot.GetCurveCount()}})
                     : options.picturePath + ": " + FormatCount(plot.GetCurveCount(), "curve") + "\n");
-    return set.GetExitCode();
+    return isComplete ? set.GetExitCode() : exitFailed;
 }

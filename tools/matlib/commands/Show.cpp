@@ -87,7 +87,7 @@ std::string RenderMaterial(IMaterial& material)
 
 int RunShow(const Options& options, ILibraryHost& host)
 {
-    const CMaterialSet set(host, options.libraryFiles);
+    const CMaterialSet set(host, options);
     IMaterial& material = set.Find(options.material);
     PrintOutput(options.json ? RenderJson(MaterialAsJson(material)) : RenderMaterial(material));
     return set.GetExitCode();

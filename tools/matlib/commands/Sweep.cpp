@@ -1,31 +1,26 @@
 #include "MaterialLibrary/IMaterial.h"
+#include "tools/matlib/CBulkMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CMaterialSet.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/FrequencySweep.h"
 #include "tools/matlib/Json.h"
+#include "tools/matlib/Origin.h"
 #include "tools/matlib/PropertyValue.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/commands/Commands.h"
 
 #include <algorithm>
-#include <array>
-#include <tuple>
+#include <cmath>
 
 namespace
 {
-struct SweepPoint
-{
-    double frequency;
-    std::array<std::optional<double>, std::tuple_size_v<SweptProperties>> values;
-};
-
 // One material at one temperature.
 struct Series
 {
     IMaterial* material;
     double temperature;
-    std::vector<SweepPoint> points;
+    std::vector<BulkValues> properties; // in the order of PropertiesOf
 };
 
 const SweptProperties& GetPropertiesOf(const Series& series)
@@ -33,43 +28,67 @@ const SweptProperties& GetPropertiesOf(const Series& series)
     return PropertiesOf(*series.material);
 }
 
-void Sweep(const Options& options, Series& series, CProgress& progress)
+// The value, or nothing where there is none or no finite one.
+std::optional<double> ValueAt(const BulkValues& values, std::size_t index)
 {
-    const SweptProperties& swept = PropertiesOf(*series.material);
+    const double value = values.values[index];
+    return IsValue(values.status[index]) && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+// Throws CFailure when there is no value at all.
+Series Sweep(IMaterial& material, double temperature, bool smooth, std::span<const double> frequencies)
+{
+    Series series{&material, temperature, {}};
+    const CBulkMaterial bulk(material);
+    const SweptProperties& swept = PropertiesOf(material);
     bool anyValue = false;
-    for (const double frequency : ListFrequencies(options))
+    bool anyNumber = false;
+    for (const MLTABLEKIND property : swept)
     {
-        SweepPoint point{frequency, {}};
-        for (std::size_t i = 0; i < swept.size(); ++i)
+        const BulkValues& answers =
+            series.properties.emplace_back(bulk.Ask(property, temperature, smooth, frequencies));
+        for (std::size_t i = 0; i < frequencies.size(); ++i)
         {
-            point.values[i] = FindValue(*series.material, swept[i], point.frequency, series.temperature);
-            anyValue = anyValue || point.values[i].has_value();
+            RequireModel(material, temperature, answers.status[i]);
+            anyValue = anyValue || IsValue(answers.status[i]);
+            anyNumber = anyNumber || ValueAt(answers, i);
         }
-        series.points.push_back(point);
-        progress.Advance();
     }
     if (!anyValue)
     {
-        throw CFailure(ExplainMissingValue(*series.material, swept.front()));
+        throw CFailure(ExplainMissingValue(material, swept.front()));
     }
+    if (!anyNumber)
+    {
+        throw CFailure("no value of " + Quote(material.GetName()) +
+                       " at these frequencies is a finite number");
+    }
+    return series;
 }
 
-std::vector<Series> SweepAll(const Options& options, const CMaterialSet& set)
+struct SweepResult
 {
+    std::vector<double> frequencies;
     std::vector<Series> all;
-    for (const std::string& name : options.materials)
+    bool isComplete = true; // no material was left out
+};
+
+SweepResult SweepAll(const Options& options, const CMaterialSet& set)
+{
+    SweepResult result{ListFrequencies(options), {}};
+    const std::vector<IMaterial*> materials = set.Select(options);
+    CProgress progress = ShowProgress(static_cast<int>(materials.size() * options.temperatures.size()));
+    for (IMaterial* const material : materials)
     {
         for (const double temperature : options.temperatures)
         {
-            all.push_back({&set.Find(name), temperature, {}});
+            const auto sweep = [&]
+            { result.all.push_back(Sweep(*material, temperature, options.smooth, result.frequencies)); };
+            result.isComplete = TakeOrReport(options, sweep) && result.isComplete;
+            progress.Advance();
         }
     }
-    CProgress progress = ShowProgress(static_cast<int>(all.size()) * options.sweepPoints);
-    for (Series& series : all)
-    {
-        Sweep(options, series, progress);
-    }
-    return all;
+    return result;
 }
 
 // The properties of all series, each a column.
@@ -97,74 +116,99 @@ std::string QuoteForCsv(std::string_view text)
     return quoted + "\"";
 }
 
-// One series has no columns that say which it is.
-std::string RenderCsv(const std::vector<Series>& all)
+// The series' values of a property; null where its material has no such property.
+const BulkValues* FindValues(const Series& series, MLTABLEKIND property)
 {
-    const std::vector<MLTABLEKIND> columns = ListColumns(all);
-    std::string text = all.size() > 1 ? "material,temperature_c,frequency_hz" : "frequency_hz";
+    const SweptProperties& swept = PropertiesOf(*series.material);
+    const auto place = std::ranges::find(swept, property);
+    return place == swept.end() ? nullptr
+                                : &series.properties[static_cast<std::size_t>(place - swept.begin())];
+}
+
+std::string RenderRow(const Series& series, std::span<const MLTABLEKIND> columns, std::size_t index)
+{
+    std::string numbers;
+    std::string origins;
+    for (const MLTABLEKIND property : columns)
+    {
+        const BulkValues* const values = FindValues(series, property);
+        const auto value = values != nullptr ? ValueAt(*values, index) : std::nullopt;
+        numbers += "," + (value ? FormatNumber(*value) : "");
+        origins += "," + (values != nullptr ? OriginWord(values->status[index]) : "");
+    }
+    return numbers + origins + "\n";
+}
+
+// One series has no columns that say which it is.
+std::string RenderCsv(const SweepResult& result)
+{
+    const std::vector<MLTABLEKIND> columns = ListColumns(result.all);
+    const bool several = result.all.size() > 1;
+    std::string text = several ? "material,temperature_c,frequency_hz" : "frequency_hz";
+    std::string origins;
     for (const MLTABLEKIND property : columns)
     {
         text += "," + std::string(WordsOf(property).key);
+        origins += "," + std::string(WordsOf(property).key) + "_status";
     }
-    text += "\n";
-    for (const Series& series : all)
+    text += origins + "\n";
+    for (const Series& series : result.all)
     {
-        const SweptProperties& swept = PropertiesOf(*series.material);
-        const std::string label = all.size() > 1 ? QuoteForCsv(series.material->GetName()) + "," +
-                                                       FormatNumber(series.temperature) + ","
-                                                 : "";
-        for (const SweepPoint& point : series.points)
+        const std::string label =
+            several ? QuoteForCsv(series.material->GetName()) + "," + FormatNumber(series.temperature) + ","
+                    : "";
+        for (std::size_t i = 0; i < result.frequencies.size(); ++i)
         {
-            text += label + FormatHertz(point.frequency);
-            for (const MLTABLEKIND property : columns)
-            {
-                const auto place = std::ranges::find(swept, property);
-                const auto value = place == swept.end()
-                                       ? std::nullopt
-                                       : point.values[static_cast<std::size_t>(place - swept.begin())];
-                text += "," + (value ? FormatNumber(*value) : "");
-            }
-            text += "\n";
+            text += label + FormatHertz(result.frequencies[i]) + RenderRow(series, columns, i);
         }
     }
     return text;
 }
 
-Json SeriesAsJson(const Series& series)
+Json SeriesAsJson(const Series& series, std::span<const double> frequencies)
 {
     const SweptProperties& swept = PropertiesOf(*series.material);
     Json json = {{"name", series.material->GetName()},
                  {"temperature_c", series.temperature},
                  {"points", Json::array()}};
-    for (const SweepPoint& point : series.points)
+    for (std::size_t i = 0; i < frequencies.size(); ++i)
     {
-        Json row = {{"frequency_hz", point.frequency}};
-        for (std::size_t i = 0; i < swept.size(); ++i)
+        Json row = {{"frequency_hz", frequencies[i]}};
+        for (std::size_t k = 0; k < swept.size(); ++k)
         {
-            row[std::string(WordsOf(swept[i]).key)] = NumberOrNull(point.values[i]);
+            const std::string key(WordsOf(swept[k]).key);
+            row[key] = NumberOrNull(ValueAt(series.properties[k], i));
+            row[key + "_status"] = OriginWord(series.properties[k].status[i]);
         }
         json["points"].push_back(std::move(row));
     }
     return json;
 }
 
-// One series is an object, several are an array of such.
-Json SweepAsJson(const std::vector<Series>& all)
+Json SweepAsJson(const SweepResult& result)
 {
-    if (all.size() == 1)
-    {
-        return SeriesAsJson(all.front());
-    }
     Json json = Json::array();
-    std::ranges::transform(all, std::back_inserter(json), SeriesAsJson);
+    for (const Series& series : result.all)
+    {
+        json.push_back(SeriesAsJson(series, result.frequencies));
+    }
     return json;
 }
 } // namespace
 
 int RunSweep(const Options& options, ILibraryHost& host)
 {
-    const CMaterialSet set(host, options.libraryFiles);
-    const std::vector<Series> all = SweepAll(options, set);
-    PrintOutput(options.json ? RenderJson(SweepAsJson(all)) : RenderCsv(all));
-    return set.GetExitCode();
+    const CMaterialSet set(host, options);
+    const SweepResult result = SweepAll(options, set);
+    PrintOutput(options.json ? RenderJson(SweepAsJson(result)) : RenderCsv(result));
+    COriginCounter origins;
+    for (const Series& series : result.all)
+    {
+        for (const BulkValues& values : series.properties)
+        {
+            origins.Add(values.status);
+        }
+    }
+    PrintOrigins(origins);
+    return result.isComplete ? set.GetExitCode() : exitFailed;
 }

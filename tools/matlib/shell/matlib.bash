@@ -50,15 +50,15 @@ _matlib()
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
         ;;
-    --kind)
-        _matlib_offer < <(_matlib_choices "$command" --kind)
+    --kind | --technology | --sort)
+        _matlib_offer < <(_matlib_choices "$command" "$previous")
         return
         ;;
     --current)
         _matlib_offer < <(_matlib_materials)
         return
         ;;
-    --freq | --from | --to | --points | --temp | --size)
+    --freq | --from | --to | --points | --temp | --size | --type | --vendor | --thickness | --poles)
         return
         ;;
     esac

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -44,6 +45,29 @@ std::string FindProgram(const char* name)
         }
     }
     return {};
+}
+
+std::vector<std::string> ListInstalledExamples()
+{
+    constexpr DWORD longestPath = 32768;
+    std::string folder(longestPath, '\0');
+    folder.resize(GetModuleFileNameA(nullptr, folder.data(), longestPath));
+    folder.resize(std::min(folder.rfind('\\'), folder.size()));
+    folder += "\\..\\share\\doc\\MaterialLibrary\\examples\\materials\\";
+    std::vector<std::string> files;
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA((folder + "*.mat").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+    {
+        return files;
+    }
+    do
+    {
+        files.push_back(folder + found.cFileName);
+    } while (FindNextFileA(search, &found) != FALSE);
+    FindClose(search);
+    std::ranges::sort(files);
+    return files;
 }
 
 int RunProgram(const std::string& path, const std::vector<std::string>& arguments)
