@@ -103,7 +103,10 @@ void ClosedForm(benchmark::State& state, int property)
 
 int main(int argc, char** argv)
 {
-    benchmark::Initialize(&argc, argv);
+    if (!InitializeInterleaved(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.02"}))
+    {
+        return 1;
+    }
     const auto add = [](const char* name, auto function, auto... arguments)
     { benchmark::RegisterBenchmark(name, function, arguments...)->Unit(benchmark::kMicrosecond); };
     add("er", Values, ML_ER + 0, std::size_t{1});
