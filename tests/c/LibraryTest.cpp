@@ -46,6 +46,7 @@ TEST(OpenFiles, KeepsTheGoodOnesAndSaysWhatIsWrongWithTheOthers)
         EXPECT_TRUE(messages.boxes[0].text.ends_with(found.reason)) << messages.boxes[0].text;
         EXPECT_EQ(messages.boxes[0].text.find(place) != std::string::npos, found.line != 0);
         EXPECT_EQ(found.line, (std::array{4u, 0u, 1u}[i]));
+        EXPECT_EQ(found.column == 0, i > 0);
     }
 
     const OpenedLibrary strict = OpenPaths(paths, ML_OPEN_ERROR_EMPTIES);

@@ -89,6 +89,7 @@ TEST(Layout, WidensRangesThatCannotBeDrawn)
         {false, -infinity, infinity, 1.0, 2.0},
         {false, -largest, largest, -1e300, 1e300},
         {false, 0.0, 1e-314, -0.5, 0.5},
+        {false, 0.0, 1e-290, 0.0, 1e-290},
         {false, 1e20, 1e20, 1e20 - 1e11, 1e20 + 1e11},
         {true, 0.0, 0.0, 1e-3, 1e-2}, // from the lower limit
         {true, -4.0, 1e3, 1e-3, 1e3},
@@ -125,6 +126,20 @@ TEST(Layout, FallsBackToLinearWhereAnAxisMayReachZero)
     LayOutChart(model, {0, 0, 500, 300}, canvas);
     EXPECT_FALSE(model.GetScale(Direction::Horizontal).IsLogarithmic());
     EXPECT_NE(model.FindAxis(1)->requestedMax, 99.0); // as with every change of the scale mode
+}
+
+// A pan that is laid out anew leaves a step that is too fine for the range.
+TEST(Layout, ListsNoTicksFarBeyondThePlot)
+{
+    CChartModel model = MakeModel();
+    model.frame.plot = {10, 10, 50, 90};
+    CAxis& axis = *model.FindAxis(0);
+    axis.visibleMax = 1'000.0;
+    axis.tickStep = 2.0;
+    axis.scale = 5.0;
+    EXPECT_EQ(GetDrawnTicks(model, Direction::Horizontal, axis).last, 5);
+    axis.visibleMax = 6.0;
+    EXPECT_EQ(GetDrawnTicks(model, Direction::Horizontal, axis).last, 3);
 }
 
 // A font that grows with every look, and one without any size.

@@ -51,7 +51,7 @@ TEST(CSvgCanvas, WritesUtf8WhateverTheTextWas)
                 {"25 \xC2\xB0\x43", "25 \xC2\xB0\x43"},
                 {"25 \xB0\x43", "25 \xC2\xB0\x43"},                           // Latin-1
                 {"\x80 \x93x\x94", "\xE2\x82\xAC \xE2\x80\x9Cx\xE2\x80\x9D"}, // Windows-1252
-                {"\x81", "?"},
+                {"\x81\x8D\x8F\x90\x9D", "?????"},
                 {"tab\there\x01\x7F", "tab?here??"},
                 {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                 // overlong: not UTF-8
                 {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"}, // a surrogate
