@@ -259,7 +259,7 @@ private:
             CheckRanges();
             break;
         case 6:
-            mouse.SetMode(bytes.TakeBelow(10) - 1);
+            host.Apply(mouse.SetMode(bytes.TakeBelow(10) - 1));
             break;
         case 7:
             Resize();

@@ -40,7 +40,6 @@ UnsignedDecimal decimal::Convert(const char* first, const char* stop, std::uint6
                                  std::int64_t exponent, std::ptrdiff_t digitCount) noexcept
 {
     constexpr std::ptrdiff_t digitsOfMantissa = 19;
-    double value = 0.0;
     // What the library does with a number once it has scanned it. Only of more digits, or where the number
     // lies too near to the middle between two doubles, does it need the text.
     fast_float::adjusted_mantissa parts;
@@ -49,13 +48,14 @@ UnsignedDecimal decimal::Convert(const char* first, const char* stop, std::uint6
     {
         parts = fast_float::compute_float<fast_float::binary_format<double>>(exponent, mantissa);
     }
+    double value = 0.0;
     if (parts.power2 >= 0)
     {
         fast_float::to_float(false, parts, value);
     }
     else
     {
-        fast_float::from_chars(first, stop, value);
+        value = ParseDecimal(first, stop).value;
     }
     return {value, Judge(value, first, stop) == DecimalVerdict::Ok ? stop : nullptr};
 }
