@@ -26,7 +26,7 @@ struct ProcessState
     }
 };
 
-TEST(Module, LeavesNothingBehindWhenItIsUnloaded)
+TEST(Module, IsLoadedOnceHoweverOftenAHostLoadsIt)
 {
     const std::string path = CModule::GetBuiltPath();
     const auto loadUseAndUnload = [&path]
@@ -35,13 +35,15 @@ TEST(Module, LeavesNothingBehindWhenItIsUnloaded)
         EXPECT_EQ(module.Create(nullptr)->GetMaterialCount(), 4);
     };
     loadUseAndUnload();
+    const HMODULE first = GetModuleHandleA("MaterialLibrary.dll");
     const ProcessState before;
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 2000; ++i) // as many copies of the run-time library would end the host
     {
         loadUseAndUnload();
-        ASSERT_EQ(GetModuleHandleA("MaterialLibrary.dll"), nullptr);
     }
     const ProcessState after;
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(GetModuleHandleA("MaterialLibrary.dll"), first);
     EXPECT_EQ(after.handles, before.handles);
     EXPECT_EQ(after.modules, before.modules);
 }

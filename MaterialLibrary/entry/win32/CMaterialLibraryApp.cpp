@@ -29,7 +29,21 @@ bool CMaterialLibraryApp::Initialise(HINSTANCE instance)
     return true;
 }
 
+// The run-time library is linked in and gives back neither its thread storage nor all of its memory, so each
+// copy of the module that a host loaded after unloading another would cost some.
+static void StayLoaded(HINSTANCE instance)
+{
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(instance), &pinned);
+}
+
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/)
 {
-    return reason != DLL_PROCESS_ATTACH || CMaterialLibraryApp::Initialise(instance) ? TRUE : FALSE;
+    if (reason != DLL_PROCESS_ATTACH)
+    {
+        return TRUE;
+    }
+    StayLoaded(instance);
+    return CMaterialLibraryApp::Initialise(instance) ? TRUE : FALSE;
 }
