@@ -196,6 +196,12 @@ TEST(FormatText, FillsInWithoutTrustingTheText)
               "p(3,4): %s%n");
     EXPECT_EQ(FormatText("100%% %lu %x %", {7u}), "100% 7 %x %");
     EXPECT_EQ(FormatText("%s%s%s", {std::string_view("once")}), "once");
+    EXPECT_EQ(FormatText("%3u|%-3hu|%03I64d|%+zu|%2llu", {1u, 2u, 3u, 4u, 555u}), "  1|2  |003|4|555");
+    const std::string_view word = "word";
+    EXPECT_EQ(FormatText("%-6s|%6ls|%.2hs|%06.1s|%S", {word, word, word, word, word}),
+              "word  |  word|wo|     w|word");
+    EXPECT_EQ(FormatText("%99999999999u", {7u}).size(), 255U);
+    EXPECT_EQ(FormatText("%-5k %3% %", {7u}), "%-5k %3% %") << "no argument is theirs";
 }
 
 TEST(LoadText, HasEveryTextAndNoOther)
