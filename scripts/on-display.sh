@@ -1,14 +1,22 @@
 #!/usr/bin/env bash
-# Runs a command that shows windows: on-display.sh [--virtual] COMMAND [ARGUMENT...]
+# Runs a command that shows windows: on-display.sh [--virtual | --desktop] COMMAND [ARGUMENT...]
 # On a desktop its windows appear there; without one, or with --virtual, on a virtual display of 1600 x 1200
 # pixels with a window manager, of which the command can take pictures ("import -window root x.png") and to
-# which it can send input (xdotool). The command finds in the environment what cmake/wine-run.sh needs, and in
+# which it can send input (xdotool). With --desktop it fails where there is none: nobody would see the windows. The command finds in the environment what cmake/wine-run.sh needs, and in
 # ML_DISPLAY whether it is "desktop" or "virtual".
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 virtual=false
 [[ ${1:-} == --virtual ]] && virtual=true && shift
+if [[ ${1:-} == --desktop ]]; then
+    shift
+    if [[ -z ${DISPLAY:-} ]]; then
+        echo "on-display.sh: there is no desktop" >&2
+        exit 1
+    fi
+    export ML_WINE_TIMEOUT=${ML_WINE_TIMEOUT:-0} # its user takes any time
+fi
 [[ -n ${DISPLAY:-} ]] || virtual=true
 
 export ML_WINE_GRAPHICS=x11 ML_WINE_PREFIX=${ML_WINE_PREFIX:-$repository/build/wine-prefix-x11}

@@ -32,10 +32,8 @@ enum class PathState
 // Makes the standard streams pass every byte on as it is, and errors of the system silent.
 void PrepareProcess();
 
-// Whether the library has a dialog, and where it has none, where to find it.
-[[nodiscard]] bool HasDialog();
-inline constexpr const char* dialogHint =
-    "the dialog needs the Windows build; under Wine: cmake/wine-run.sh build/windows/bin/matlib.exe choose";
+// Why the library cannot show its dialog here; null when it can.
+[[nodiscard]] const char* DescribeMissingDialog();
 
 // Whether somebody reads the standard error stream on a terminal.
 [[nodiscard]] bool IsWatched();

@@ -21,9 +21,9 @@ std::string RenderChoice(const IMaterial* chosen, bool json)
 
 int RunChoose(const Options& options, ILibraryHost& host)
 {
-    if (!HasDialog())
+    if (const char* const reason = DescribeMissingDialog())
     {
-        throw CFailure(dialogHint);
+        throw CFailure(reason);
     }
     const CMaterialSet set(host, options);
     IMaterial* const current = options.assigned.empty() ? nullptr : &set.Find(options.assigned);

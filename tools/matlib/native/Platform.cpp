@@ -88,7 +88,8 @@ bool HasLoadableLibrary()
     return false;
 }
 
-bool HasDialog()
+const char* DescribeMissingDialog()
 {
-    return false;
+    return "the dialog needs the Windows build; under Wine, on a desktop: "
+           "scripts/on-display.sh --desktop cmake/wine-run.sh build/windows/bin/matlib.exe choose";
 }

@@ -98,7 +98,11 @@ bool HasLoadableLibrary()
     return true;
 }
 
-bool HasDialog()
+const char* DescribeMissingDialog()
 {
-    return true;
+    const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPED, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    const bool hasDisplay = window != nullptr;
+    DestroyWindow(window);
+    return hasDisplay ? nullptr : "the dialog could not open: there is no display";
 }
