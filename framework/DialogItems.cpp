@@ -1,6 +1,9 @@
 #include "framework/DialogItems.h"
 
+#include "framework/DrawingScopes.h"
 #include "framework/TextConversion.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -48,6 +51,25 @@ void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data)
     {
         Ask(dialog, combo, CB_SETITEMDATA, static_cast<WPARAM>(index), data);
     }
+}
+
+void FitDropDownList(HWND dialog, int combo)
+{
+    const CClientDC screen(dialog);
+    const CSelectScope font(screen.Get(), reinterpret_cast<HFONT>(Ask(dialog, combo, WM_GETFONT)));
+    LONG widest = 0;
+    for (LRESULT i = Ask(dialog, combo, CB_GETCOUNT) - 1; i >= 0; --i)
+    {
+        const auto item = static_cast<WPARAM>(i);
+        std::wstring text(static_cast<std::size_t>(Ask(dialog, combo, CB_GETLBTEXTLEN, item)) + 1, L'\0');
+        Ask(dialog, combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+        SIZE extent{};
+        GetTextExtentPoint32W(screen.Get(), text.data(), static_cast<int>(text.size()) - 1, &extent);
+        widest = std::max(widest, extent.cx);
+    }
+    const LONG beside = GetSystemMetrics(SM_CXVSCROLL) + 6 * GetSystemMetrics(SM_CXEDGE);
+    const LONG most = GetSystemMetrics(SM_CXSCREEN);
+    Ask(dialog, combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(widest + beside, most)));
 }
 
 bool SelectComboData(HWND dialog, int combo, LPARAM data)

@@ -19,6 +19,9 @@ void ShowItem(HWND dialog, int control, bool visible);
 // Appends an entry to a combo box; `data` is what the program knows it by.
 void AddComboItem(HWND dialog, int combo, std::string_view text, LPARAM data = 0);
 
+// Makes the list that drops down wide enough for its longest entry.
+void FitDropDownList(HWND dialog, int combo);
+
 // Chooses the first entry with exactly that data. False, and nothing changes, when there is none.
 bool SelectComboData(HWND dialog, int combo, LPARAM data);
 

@@ -4,9 +4,14 @@
 
 namespace
 {
+bool IsKeyDown(int key)
+{
+    return GetKeyState(key) < 0;
+}
+
 bool IsControlKeyDown()
 {
-    return GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    return IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
 }
 } // namespace
 
@@ -110,6 +115,12 @@ LRESULT CGXGridWnd::OnNotify(NMHDR& notification, LPARAM lParam)
     case LVN_COLUMNCLICK:
         OnClickedCell({0, list.GetColumn(reinterpret_cast<NMLISTVIEW*>(lParam)->iSubItem)});
         return 0;
+    case NM_DBLCLK:
+        if (reinterpret_cast<NMITEMACTIVATE*>(lParam)->iItem >= 0)
+        {
+            OnChosenRow();
+        }
+        return 0;
     case NM_CLICK:
         FollowSelectionOfList();
         if (const auto& click = *reinterpret_cast<NMITEMACTIVATE*>(lParam); click.iItem >= 0)
@@ -158,6 +169,10 @@ void CGXGridWnd::OnKeyDown(WORD key)
     {
         list.SelectAll();
         FollowSelectionOfList();
+    }
+    else if (IsControlKeyDown() && key == VK_RETURN && !IsKeyDown(VK_SHIFT))
+    {
+        OnChosenRow();
     }
     else if (IsControlKeyDown() && (key == 'C' || key == VK_INSERT))
     {

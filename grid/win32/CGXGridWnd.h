@@ -10,9 +10,9 @@ void RegisterGridWindowClass();
 
 // A window that shows a grid. It is attached to a control of the class gridWindowClass, whose area it fills
 // with a list view; keyboard, scrolling, themes and screen readers are the list view's. The columns can be
-// dragged and resized, a double-click on the right edge of a header fits its column, typing finds a row by
-// the first text column, Ctrl+C copies the selected rows, Ctrl+A selects all, and a tip shows the text of a
-// cell that is cut off. Every cell may become the current one, none can be edited.
+// dragged and resized, a double-click on the right edge of a header fits its column, typing finds a row,
+// Ctrl+C copies the selected rows, Ctrl+A selects all, and a tip shows the text of a cell that is cut off.
+// Every cell may become the current one, none can be edited.
 class CGXGridWnd : public CWnd, private IGridListener
 {
 public:
@@ -25,6 +25,13 @@ public:
     [[nodiscard]] CGridModel& GetModel() { return model; }
     [[nodiscard]] const CGridModel& GetModel() const { return model; }
 
+    // Typing finds rows by their texts in that column; 0 stands for the first text column on the screen.
+    void SetSearchColumn(int column) { list.SetSearchColumn(column); }
+
+    // Columns as users have moved and widened them; see CGridList.
+    [[nodiscard]] std::vector<ColumnPlace> ReadColumnPlaces() const { return list.ReadColumnPlaces(); }
+    void ShowColumnPlaces(const std::vector<ColumnPlace>& places) { list.ShowColumnPlaces(places); }
+
     // The list view, null before Initialise.
     [[nodiscard]] HWND GetList() const { return list.GetHandle(); }
 
@@ -36,6 +43,9 @@ protected:
 
     // The left button was clicked on a cell; on a header when its row is 0. True when that was handled.
     virtual bool OnClickedCell(GridCell) { return false; }
+
+    // The user wants the selected row: a double-click on it, or Ctrl+Enter.
+    virtual void OnChosenRow() {}
 
     // Another cell is current now.
     virtual void OnMovedCurrentCell(GridCell) {}

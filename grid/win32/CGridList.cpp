@@ -124,6 +124,7 @@ void CGridList::ShowColumns()
     columns = GetVisibleColumns(*model);
     headers.clear();
     pressedColumn = 0;
+    chosenColumn = 0;
     columnsAreNew = true;
     for (std::size_t i = 0; i < columns.size(); ++i)
     {
@@ -260,6 +261,7 @@ LRESULT CGridList::Draw(NMLVCUSTOMDRAW& draw) const
         const bool faint = column != 0 && row <= model->GetRowCount() &&
                            model->GetStyle(row, column).emphasis == GridEmphasis::Faint;
         draw.clrText = GetSysColor(faint ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
+        draw.clrTextBk = GetSysColor(column != 0 && column == chosenColumn ? COLOR_INFOBK : COLOR_WINDOW);
         return CDRF_DODEFAULT;
     }
     default:
@@ -270,7 +272,7 @@ LRESULT CGridList::Draw(NMLVCUSTOMDRAW& draw) const
 LRESULT CGridList::FindItem(const NMLVFINDITEMW& search) const
 {
     constexpr LRESULT notFound = -1;
-    const int column = FindFirstTextColumn(*model, GetColumnsInScreenOrder());
+    const int column = GetSearchColumn();
     if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || search.lvfi.psz == nullptr || column == 0)
     {
         return notFound;
@@ -319,6 +321,44 @@ std::vector<int> CGridList::GetColumnsInScreenOrder() const
     std::transform(order.begin(), order.end(), order.begin(),
                    [this](int subItem) { return GetColumn(subItem); });
     return order;
+}
+
+std::vector<ColumnPlace> CGridList::ReadColumnPlaces() const
+{
+    const int character = GetMetrics(CMeasureScope(GetHandle()).Get()).tmAveCharWidth;
+    std::vector<ColumnPlace> places;
+    for (const int column : GetColumnsInScreenOrder())
+    {
+        const auto subItem = std::find(columns.begin(), columns.end(), column) - columns.begin();
+        const int width = ListView_GetColumnWidth(GetHandle(), static_cast<int>(subItem));
+        places.push_back({model->GetUserAttribute(column), MulDiv(width, 100, character)});
+    }
+    return places;
+}
+
+void CGridList::ShowColumnPlaces(const std::vector<ColumnPlace>& places)
+{
+    std::vector<int> order;
+    for (const ColumnPlace& place : places)
+    {
+        const auto found = std::find(columns.begin(), columns.end(), model->FindColumn(place.userAttribute));
+        const auto subItem = static_cast<int>(found - columns.begin());
+        if (found != columns.end() && std::find(order.begin(), order.end(), subItem) == order.end())
+        {
+            order.push_back(subItem);
+        }
+    }
+    if (order.size() != columns.size() || places.size() != columns.size())
+    {
+        return;
+    }
+    const int character = GetMetrics(CMeasureScope(GetHandle()).Get()).tmAveCharWidth;
+    for (std::size_t i = 0; i < order.size(); ++i)
+    {
+        ListView_SetColumnWidth(GetHandle(), order[i], MulDiv(places[i].width, character, 100));
+    }
+    ListView_SetColumnOrderArray(GetHandle(), static_cast<int>(order.size()), order.data());
+    columnsAreNew = false;
 }
 
 void CGridList::FitColumn(int subItem)
@@ -403,6 +443,23 @@ LRESULT CGridList::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         {
             return 0; // Ctrl+A and Ctrl+C are no text to search for
         }
+        if (IsSearchedFor(static_cast<wchar_t>(wParam)))
+        {
+            SearchFor(static_cast<wchar_t>(wParam));
+            return 0;
+        }
+        break;
+    case WM_GETDLGCODE:
+        if (wParam == VK_RETURN && GetKeyState(VK_CONTROL) < 0)
+        {
+            return CWnd::HandleMessage(message, wParam, lParam) | DLGC_WANTMESSAGE;
+        }
+        break;
+    case WM_KEYDOWN:
+        if (HandleColumnKey(wParam))
+        {
+            return 0;
+        }
         break;
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
@@ -432,6 +489,99 @@ LRESULT CGridList::HandleInput(UINT message, WPARAM wParam, LPARAM lParam)
     const LRESULT answer = CWnd::HandleMessage(message, wParam, lParam);
     oneChange.Finish();
     return answer;
+}
+
+// Ctrl+Shift+Left and Right choose a column, Ctrl+Shift+Enter clicks on its header.
+bool CGridList::HandleColumnKey(WPARAM key)
+{
+    const bool isColumnKey = key == VK_LEFT || key == VK_RIGHT || key == VK_RETURN;
+    if (!isColumnKey || GetKeyState(VK_CONTROL) >= 0 || GetKeyState(VK_SHIFT) >= 0)
+    {
+        return false;
+    }
+    if (key == VK_RETURN)
+    {
+        ClickChosenHeader();
+    }
+    else
+    {
+        ChooseColumn(key == VK_LEFT ? -1 : 1);
+    }
+    return true;
+}
+
+void CGridList::ChooseColumn(int step)
+{
+    const std::vector<int> order = GetColumnsInScreenOrder();
+    if (order.empty())
+    {
+        return;
+    }
+    const auto found = std::find(order.begin(), order.end(), chosenColumn);
+    const auto last = static_cast<std::ptrdiff_t>(order.size()) - 1;
+    const std::ptrdiff_t place =
+        found == order.end() ? 0 : std::clamp<std::ptrdiff_t>(found - order.begin() + step, 0, last);
+    chosenColumn = order[static_cast<std::size_t>(place)];
+    const auto subItem = std::find(columns.begin(), columns.end(), chosenColumn) - columns.begin();
+    RECT header{};
+    SendMessageW(ListView_GetHeader(GetHandle()), HDM_GETITEMRECT, static_cast<WPARAM>(subItem),
+                 reinterpret_cast<LPARAM>(&header));
+    RECT client{};
+    GetClientRect(GetHandle(), &client);
+    MapWindowPoints(ListView_GetHeader(GetHandle()), GetHandle(), reinterpret_cast<POINT*>(&header), 2);
+    const LONG beyond = header.left < 0 ? header.left : std::max(header.right - client.right, LONG{0});
+    SendMessageW(GetHandle(), LVM_SCROLL, static_cast<WPARAM>(beyond), 0);
+    InvalidateRect(GetHandle(), nullptr, TRUE);
+}
+
+void CGridList::ClickChosenHeader()
+{
+    const auto found = std::find(columns.begin(), columns.end(), chosenColumn);
+    if (found != columns.end())
+    {
+        NMLISTVIEW click{};
+        click.hdr = {GetHandle(), listIdentifier, static_cast<UINT>(LVN_COLUMNCLICK)};
+        click.iItem = -1;
+        click.iSubItem = static_cast<int>(found - columns.begin());
+        SendMessageW(GetParent(GetHandle()), WM_NOTIFY, listIdentifier, reinterpret_cast<LPARAM>(&click));
+    }
+}
+
+int CGridList::GetSearchColumn() const
+{
+    return searchColumn != 0 ? searchColumn : FindFirstTextColumn(*model, GetColumnsInScreenOrder());
+}
+
+// A first blank selects the current row, as in every list; a later one belongs to what is searched for.
+bool CGridList::IsSearchedFor(wchar_t character) const
+{
+    return character > L' ' ||
+           (character == L' ' && typedSearch.IsGoingOn(static_cast<std::uint32_t>(GetMessageTime())));
+}
+
+void CGridList::SearchFor(wchar_t character)
+{
+    typedSearch.Add(character, static_cast<std::uint32_t>(GetMessageTime()));
+    const int column = GetSearchColumn();
+    const int first = model->GetSelection().GetCurrentCell().row + (typedSearch.WantsNext() ? 1 : 0);
+    const int row =
+        column != 0 ? FindRowByPrefix(*model, column, ToMultibyte(typedSearch.GetPrefix()), first, true) : 0;
+    if (row != 0)
+    {
+        const CFlagScope scope(handlingInput);
+        CGridUpdateScope oneChange(*model);
+        SelectOnly(row);
+        oneChange.Finish();
+    }
+}
+
+void CGridList::SelectOnly(int row)
+{
+    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
+    SetItemState(-1, 0, LVIS_SELECTED);
+    SetItemState(row - 1, both, both);
+    ListView_SetSelectionMark(GetHandle(), row - 1);
+    ListView_EnsureVisible(GetHandle(), row - 1, FALSE);
 }
 
 LVHITTESTINFO CGridList::HitTest(POINT point) const

@@ -2,6 +2,8 @@
 
 #include "framework/CWnd.h"
 #include "grid/CGridModel.h"
+#include "grid/CTypedSearch.h"
+#include "grid/ColumnPlaces.h"
 #include "grid/win32/CCellTip.h"
 
 #include <commctrl.h>
@@ -42,8 +44,17 @@ public:
     [[nodiscard]] int CountSelectedRows() const;
     void SelectAll();
 
+    // The column of the grid that typing searches; 0, at first, is the first one on the screen that holds
+    // text.
+    void SetSearchColumn(int column) { searchColumn = column; }
+
     // Puts the rows, with the headers, on the clipboard in the order of the columns on the screen.
     void Copy(const std::vector<int>& rows) const;
+
+    // Where the columns stand on the screen, and how wide they are. Unless `places` names each column of the
+    // list once, nothing happens.
+    [[nodiscard]] std::vector<ColumnPlace> ReadColumnPlaces() const;
+    void ShowColumnPlaces(const std::vector<ColumnPlace>& places);
 
     // Makes the column as wide as its widest cell.
     void FitColumn(int subItem);
@@ -74,6 +85,13 @@ private:
     void SetItemState(int item, UINT state, UINT mask);
 
     LRESULT HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] int GetSearchColumn() const;
+    [[nodiscard]] bool IsSearchedFor(wchar_t character) const;
+    void SearchFor(wchar_t character);
+    void SelectOnly(int row);
+    [[nodiscard]] bool HandleColumnKey(WPARAM key);
+    void ChooseColumn(int step);
+    void ClickChosenHeader();
     void PointTipAt(POINT point);
 
     CGridModel* model;
@@ -83,6 +101,9 @@ private:
     bool handlingInput = false;
     bool columnsAreNew = false; // and have not been fitted to any rows yet
     int pressedColumn = 0;
+    int searchColumn = 0;
+    int chosenColumn = 0; // by Ctrl+Shift+Left and Right, 0 for none
+    CTypedSearch typedSearch;
 
     CCellTip tip;
 };

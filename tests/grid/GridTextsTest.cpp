@@ -1,5 +1,8 @@
 #include "grid/GridTexts.h"
 
+#include "grid/CTypedSearch.h"
+#include "grid/ColumnPlaces.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -64,5 +67,33 @@ TEST_F(GridTexts, MeasuresTheWidestText)
     EXPECT_EQ(measured, 3) << "the empty text needs no measuring";
     EXPECT_EQ(MeasureColumn(model, 3, 2, 10, narrowLetters), 26);
     EXPECT_EQ(MeasureColumn(model, 2, 9, 10, narrowLetters), 0);
+}
+TEST(ColumnPlaces, AreReadAsTheyAreKept)
+{
+    const std::vector<ColumnPlace> places = {{9, 2150}, {1, 0}};
+    EXPECT_EQ(FormatColumnPlaces(places), "9:2150,1:0");
+    EXPECT_EQ(ParseColumnPlaces("9:2150,1:0"), places);
+    for (const char* const text : {"", "9", "9:", "9:1,", "9:-1", "9:1 ", "9:100001", "99999999999:1", ":1"})
+    {
+        EXPECT_EQ(ParseColumnPlaces(text).size(), 0U) << text;
+    }
+}
+
+TEST(CTypedSearch, CollectsWhatFollowsWithinASecond)
+{
+    CTypedSearch search;
+    EXPECT_FALSE(search.IsGoingOn(5));
+    constexpr std::uint32_t start = 0xFFFFFF00; // the clock wraps
+    const auto type = [&](wchar_t character, std::uint32_t time)
+    {
+        search.Add(character, start + time);
+        return std::pair(search.GetPrefix(), search.WantsNext());
+    };
+    using Wanted = std::pair<std::wstring, bool>;
+    EXPECT_EQ(type(L'a', 0), Wanted(L"a", true));
+    EXPECT_EQ(type(L'a', 900), Wanted(L"a", true)) << "one row after the other";
+    EXPECT_TRUE(search.IsGoingOn(start + 1900));
+    EXPECT_EQ(type(L' ', 1900), Wanted(L"aa ", false));
+    EXPECT_EQ(type(L'b', 2901), Wanted(L"b", true)) << "begins anew";
 }
 } // namespace

@@ -21,6 +21,12 @@ namespace
 constexpr const char* profileSection = "SelectMaterial";
 constexpr const char* showChartName = "ShowChart";
 
+// Where the columns of a kind stand.
+constexpr const char* GetColumnsName(int kind)
+{
+    return kind == MLMATERIAL_METAL ? "MetalColumns" : "DielectricColumns";
+}
+
 struct TechnologyChoice
 {
     int technology;
@@ -119,8 +125,17 @@ bool CChooseMaterialDlg::OnInitDialog()
     grid->AttachDlgItem(ML_GRID, GetHandle());
     grid->SetNotifier(this);
     grid->SetFilter(this);
+    grid->SetOnChosen(
+        [this]
+        {
+            if (IMaterial* const chosen = grid->GetCurrentMaterial())
+            {
+                Assign(chosen);
+            }
+        });
     grid->SetUp(kind);
     ApplyUnits();
+    grid->ShowColumnPlaces(ParseColumnPlaces(ReadProfileString(profileSection, GetColumnsName(kind), "")));
     chart.Attach(ML_CHART, GetHandle());
     CreateMover();
     ReadShowChart();
@@ -141,6 +156,7 @@ void CChooseMaterialDlg::ResetNameFilters()
 void CChooseMaterialDlg::FillCombos()
 {
     FillTypeCombo();
+    FitDropDownList(GetHandle(), ML_COMBO_TYPE);
     if (kind == MLMATERIAL_METAL)
     {
         for (const int control : dielectricControls)
@@ -254,6 +270,8 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
     if (message == WM_DESTROY)
     {
         StoreProfileInteger(profileSection, showChartName, showChart ? 1 : 0);
+        StoreProfileString(profileSection, GetColumnsName(kind),
+                           FormatColumnPlaces(grid->ReadColumnPlaces()));
     }
     const LRESULT result = CDialog::HandleMessage(message, wParam, lParam);
     if (message == WM_SHOWWINDOW && wParam != FALSE && !opened)

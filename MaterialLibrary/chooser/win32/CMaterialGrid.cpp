@@ -12,6 +12,7 @@ void CMaterialGrid::SetUp(int materialKind)
 {
     Initialise();
     rows.SetUp(materialKind);
+    SetSearchColumn(GetModel().FindColumn(COLUMNKEY_MATERIAL));
 }
 
 void CMaterialGrid::OnSelectionChanged()
@@ -20,6 +21,11 @@ void CMaterialGrid::OnSelectionChanged()
     {
         notifier->OnSelectionChange();
     }
+}
+
+void CMaterialGrid::OnChosenRow()
+{
+    onChosen();
 }
 
 bool CMaterialGrid::OnClickedCell(GridCell cell)

@@ -3,6 +3,9 @@
 #include "chooser/CMaterialRows.h"
 #include "grid/win32/CGXGridWnd.h"
 
+#include <functional>
+#include <utility>
+
 // The table of materials in the chooser: the rows of a library in a grid control. Attach it to a control of
 // the class gridWindowClass, name the notifier and the filter, and set it up once.
 class CMaterialGrid final : public CGXGridWnd
@@ -14,6 +17,9 @@ public:
     // Neither is owned; null for none.
     void SetNotifier(ISelectionChangeNotifier* newNotifier);
     void SetFilter(IMaterialFilter* filter) { rows.SetFilter(filter); }
+
+    // Called when the user wants the selected material: a double-click on its row, or Ctrl+Enter.
+    void SetOnChosen(std::function<void()> function) { onChosen = std::move(function); }
 
     // Makes the columns for materials of that kind and fills the rows.
     void SetUp(int materialKind);
@@ -30,9 +36,11 @@ public:
 
 protected:
     void OnSelectionChanged() override;
+    void OnChosenRow() override;
     bool OnClickedCell(GridCell cell) override;
 
 private:
     CMaterialRows rows;
     ISelectionChangeNotifier* notifier = nullptr;
+    std::function<void()> onChosen = [] {};
 };

@@ -1,3 +1,4 @@
+#include "framework/Profile.h"
 #include "tests/chooser/win32/CChooserFixture.h"
 #include "tests/grid/win32/CGridFixture.h"
 
@@ -270,7 +271,11 @@ TEST_F(Chooser, AssignsTheOneSelectedRow)
         Press(ML_BUTTON_ASSIGN);
         EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "Prepreg");
         EXPECT_THAT(Column(COLUMNKEY_MARKER), ElementsAre("", "", "1", "", ""));
+        CGridFixture::PressKey(Grid().GetList(), VK_RETURN, true);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "Prepreg");
         Select(4, 5);
+        CGridFixture::PressKey(Grid().GetList(), VK_RETURN, true);
+        EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "Prepreg") << "kept by who did not ask for more";
         Press(ML_BUTTON_ASSIGN);
         EXPECT_EQ(Text(ML_EDIT_ASSIGNED), "") << "two rows are no choice";
         EXPECT_THAT(Column(COLUMNKEY_MARKER), ElementsAre("", "", "", "", ""));
@@ -316,6 +321,37 @@ TEST_F(Chooser, DrawsTheOneSelectedMaterial)
         EXPECT_EQ(Chart().GetModel().FindAxis(1)->title, "Rough Factor");
     };
     Choose({selectMetal}, MLMATERIAL_METAL);
+}
+
+TEST_F(Chooser, ColumnsStayWhereTheyWerePut)
+{
+    const auto places = [] { return Grid().ReadColumnPlaces(); };
+    std::vector<ColumnPlace> put;
+    Choose({[&]
+            {
+                put = places();
+                std::swap(put.front(), put.back());
+                put.back().width = 0;
+                put.front().width *= 2;
+                Grid().ShowColumnPlaces(put);
+                put = places();
+                EXPECT_EQ(put.back(), (ColumnPlace{COLUMNKEY_MARKER, 0}));
+            }});
+    Choose({[&] { EXPECT_NE(places(), put) << "other columns"; }}, MLMATERIAL_METAL);
+    Choose({[&] { EXPECT_EQ(places(), put); }});
+    StoreProfileString("SelectMaterial", "DielectricColumns", "1:1,1:1");
+    Choose({[&] { EXPECT_EQ(places().front().userAttribute, COLUMNKEY_MARKER); }});
+}
+
+TEST_F(Chooser, ATypeThatIsLongIsReadWhole)
+{
+    const std::string type(100, 'W');
+    AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "More", type.c_str()), MLTABLE_ER, 25.0, {4.0});
+    Choose({[&]
+            {
+                const LRESULT width = SendMessageW(Item(ML_COMBO_TYPE), CB_GETDROPPEDWIDTH, 0, 0);
+                EXPECT_GT(width, 4 * (Place(ML_COMBO_TYPE).right - Place(ML_COMBO_TYPE).left));
+            }});
 }
 
 TEST_F(Chooser, OpensOverAnEmptyLibrary)

@@ -69,11 +69,13 @@ public:
     }
 
     int selectionChanges = 0;
+    int chosen = 0;
     std::vector<GridCell> clicks;
     std::vector<GridCell> currentCells;
 
 protected:
     void OnSelectionChanged() override { ++selectionChanges; }
+    void OnChosenRow() override { ++chosen; }
     void OnMovedCurrentCell(GridCell cell) override { currentCells.push_back(cell); }
     bool OnClickedCell(GridCell cell) override
     {
@@ -212,11 +214,55 @@ TEST_F(GridWindow, CopiesTheSelectedRowsInTheOrderOfTheColumnsOnTheScreen)
     EXPECT_EQ(CGridFixture::GetClipboardText(), copied) << "nothing is selected";
 }
 
-TEST_F(GridWindow, FindsRowsByTheFirstLettersOfTheirNames)
+TEST_F(GridWindow, FindsRowsByTheFirstCharactersOfTheirNames)
 {
-    grid.Fill({"alpha", "beta", "bravo", "Charlie"});
-    SendMessageW(grid.GetList(), WM_CHAR, L'c', 1);
-    EXPECT_THAT(grid.GetModel().GetSelection().GetRows(), ElementsAre(4));
+    grid.Fill({"alpha", "b one", "b two", "Charlie", "bravo"});
+    const auto type = [&](const wchar_t* text)
+    {
+        for (; *text != L'\0'; ++text)
+        {
+            SendMessageW(grid.GetList(), WM_CHAR, *text, 1);
+        }
+        const HWND list = grid.GetList();
+        EXPECT_THAT(grid.GetListSelection(), ElementsAre(ListView_GetNextItem(list, -1, LVNI_FOCUSED)));
+        return grid.GetModel().GetSelection().GetOnlyRow();
+    };
+    EXPECT_EQ(type(L"b t"), 3);
+    EXPECT_EQ(type(L"x"), 3) << "nothing begins so";
+}
+
+TEST_F(GridWindow, SortsAndChoosesByTheKeyboard)
+{
+    grid.Fill({"b", "a"});
+    const HWND list = grid.GetList();
+    const auto press = [&](WPARAM key, bool shift)
+    {
+        BYTE state[256] = {};
+        state[VK_CONTROL] = 0x80;
+        state[VK_SHIFT] = shift ? 0x80 : 0;
+        SetKeyboardState(state);
+        EXPECT_EQ(key == VK_RETURN, (SendMessageW(list, WM_GETDLGCODE, key, 0) & DLGC_WANTMESSAGE) != 0);
+        SendMessageW(list, WM_KEYDOWN, key, 0);
+        state[VK_CONTROL] = state[VK_SHIFT] = 0;
+        SetKeyboardState(state);
+    };
+    press(VK_RETURN, true);
+    EXPECT_TRUE(grid.clicks.empty()) << "no column is chosen";
+    for (const WPARAM key : {VK_LEFT, VK_RIGHT, VK_RIGHT, VK_RETURN})
+    {
+        press(key, true);
+    }
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.|Name^");
+    EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "a");
+    press(VK_LEFT, true);
+    press(VK_RETURN, true);
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.^|Name");
+    EXPECT_EQ(grid.chosen, 0);
+    press(VK_RETURN, false);
+    EXPECT_EQ(grid.chosen, 1);
+    CGridFixture::ClickCell(list, 1, 0);
+    SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(5, 30));
+    EXPECT_EQ(grid.chosen, 2);
 }
 
 TEST_F(GridWindow, FitsAColumnToItsWidestCell)
