@@ -63,8 +63,8 @@ def ask_python(material: ml.Material) -> tuple[npt.NDArray[np.float64], npt.NDAr
 
 def ask_matlib(paths: list[Path]) -> dict[tuple[str, float], npt.NDArray[np.float64]]:
     """Properties x frequencies of each material at each temperature that has values."""
-    command = [os.environ["AGREEMENT_MATLIB"], "--json", "--lib", ";".join(map(str, paths)), "sweep", "--all", "--temp", "25,60"]
-    command += ["--from", "1e9", "--to", "9e9", "--points", "9"]
+    command = [os.environ["AGREEMENT_MATLIB"], "--json", "--lib", ";".join(map(str, paths)), "sweep", "--all"]
+    command += ["--temp", "25,60", "--from", "1e9", "--to", "9e9", "--points", "9"]
     printed = subprocess.run(command, capture_output=True, text=True).stdout
     return {
         (series["name"], series["temperature_c"]): np.array(
@@ -88,7 +88,8 @@ def test_all_give_the_same_doubles(tmp_path: Path) -> None:
     assert set(ml.source(statuses).flat) == set(ml.Source)  # nothing was left out
 
     host = os.environ["AGREEMENT_HOST"].split(";")
-    subprocess.run([*host, "answers", *(path.name for path in paths), *map(repr, FREQUENCIES)], cwd=tmp_path, check=True)
+    asked = [*(path.name for path in paths), *map(repr, FREQUENCIES)]
+    subprocess.run([*host, "answers", *asked], cwd=tmp_path, check=True)
     theirs = np.fromfile(tmp_path / "answers").reshape(*values.shape, 3)
     get_value, bulk, bulk_status = np.moveaxis(theirs, -1, 0)
     assert np.array_equal(bulk_status, statuses)
