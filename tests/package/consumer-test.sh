@@ -75,7 +75,7 @@ echo "c: fine"
 /usr/bin/python3 -m pip install --quiet --root-user-action ignore --no-index --no-deps --no-compile --target "$work/python" "$dist"/materiallibrary-*.whl
 (cd "$documentation/examples/materials" &&
     PYTHONPATH=$work/python /usr/bin/python3 -B ../python/laminate.py | diff ../python/laminate.txt -) || fail "the wheel"
-! grep -rlaF -e "$root" -e "${HOME:-/root}/" "$work/python" || fail "paths of the build in the wheel"
+! grep -rlaF -e "$root" -e "${HOME:-/root}/" "$work/python/materiallibrary" || fail "paths of the build in the wheel"
 echo "python: fine"
 
 headers=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
