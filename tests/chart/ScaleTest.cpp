@@ -254,4 +254,12 @@ TEST(Scale, EveryDrawnTickReadsBackExactly)
     }
     EXPECT_GT(minorTicks, 3'000u);
 }
+
+TEST(PixelRect, EndsBeforeItsRightAndBottomEdge)
+{
+    constexpr PixelRect area = {1, 2, 4, 6};
+    EXPECT_TRUE(area.Contains({1, 2}) && area.Contains({3, 5}));
+    EXPECT_FALSE(area.Contains({0, 2}) || area.Contains({1, 1}) || area.Contains({4, 5}) ||
+                 area.Contains({3, 6}));
+}
 } // namespace
