@@ -213,6 +213,10 @@ TEST_F(MaterialRows, AreSelectedAgainByMaterialAndTemperature)
     EXPECT_EQ(refillWithout(&gone), Places({}, {4, COLUMNKEY_ER})) << "nothing but the current cell";
     EXPECT_EQ(refillWithout(nullptr), Places({}, {5, COLUMNKEY_ER}));
     model.SetCurrentCell({3, COLUMNKEY_ER});
+    model.SelectRows(5, 5, true);
+    EXPECT_EQ(refillWithout(&gone), Places({4}, {4, COLUMNKEY_ER})) << "the first selected one";
+    EXPECT_EQ(refillWithout(nullptr), Places({5}, {5, COLUMNKEY_ER}));
+    model.SetCurrentCell({3, COLUMNKEY_ER});
     model.SelectRows(1, 1, true);
     model.SelectRows(3, 3, true);
     model.SelectRows(5, 5, true);

@@ -1,5 +1,6 @@
 #include "dielectric/CWidebandDebyeModel.h"
 #include "model/CFakeMaterialLib.h"
+#include "model/CKeptFit.h"
 #include "model/CMaterial.h"
 
 #include <cmath>
@@ -161,6 +162,17 @@ TEST(GetValue, FitsTheModelAndKeepsBothValues)
     EXPECT_EQ(sample.Value(MLTABLE_ER, 2.7e9),
               CWidebandDebyeModel::Fit(PrepareData(er, loss))->Evaluate(2.7e9).real());
     EXPECT_EQ(sample.material.CountTables(MLTABLE_ALL), 2);
+}
+
+TEST(CKeptFit, FitsOtherRowsAnew)
+{
+    const Rows er[] = {{{1e6, 4.6}, {1e9, 4.3}}, {{1e6, 4.6}, {1e9, 4.2}}};
+    const Rows loss[] = {{{1e6, 0.015}, {1e9, 0.019}}, {{1e6, 0.015}, {1e9, 0.02}}};
+    CKeptFit kept;
+    for (const auto& [i, j] : {std::pair(0, 0), {1, 1}, {1, 0}, {0, 0}, {0, 1}})
+    {
+        EXPECT_TRUE(*kept.Fit(er[i], loss[j]) == CWidebandDebyeModel::Fit(PrepareData(er[i], loss[j])));
+    }
 }
 
 TEST(GetValue, AFailedFitIsMinusOneAndIsNotKept)
