@@ -8,17 +8,11 @@ double GetChannel(Colour colour, int shift)
 {
     return ((colour >> shift) & 0xFF) / 255.0;
 }
-
-std::uint32_t GetPixel(Colour colour)
-{
-    return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
-}
 } // namespace
 
 CCairoCanvas::CCairoCanvas(PixelSize size_)
-    : size(size_), clip{0, 0, size_.width, size_.height},
-      surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height),
-              &cairo_surface_destroy),
+    : size(size_), surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height),
+                           &cairo_surface_destroy),
       context(cairo_create(surface.get()), &cairo_destroy)
 {
     cairo_select_font_face(context.get(), "Liberation Sans", CAIRO_FONT_SLANT_NORMAL,
@@ -53,7 +47,8 @@ PixelSize CCairoCanvas::GetTextExtent(std::string_view text)
 
 void CCairoCanvas::FillRectangle(const PixelRect& rect, Colour colour)
 {
-    StrokeLines();
+    StrokeStraightLines();
+    StrokeSlantedLines();
     if (colour != pen.colour)
     {
         FillBoxes();
@@ -64,22 +59,27 @@ void CCairoCanvas::FillRectangle(const PixelRect& rect, Colour colour)
 
 void CCairoCanvas::DrawPolyline(const Pen& pen_, std::span<const PixelPoint> polyline)
 {
-    if (pen != pen_)
+    if (pen != pen_ || !boxes.empty())
     {
-        FillBoxes();
-        StrokeLines();
+        Flush();
         pen = pen_;
     }
     const PixelPoint from = polyline.front();
     const PixelPoint to = polyline.back();
-    if (polyline.size() == 2 && pen.width <= 1 && (from.x == to.x || from.y == to.y))
+    if (polyline.size() == 2 && (from.x == to.x || from.y == to.y))
     {
-        boxes.push_back({std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x) + 1,
-                         std::max(from.y, to.y) + 1});
+        straight.push_back({from, to});
         return;
     }
     points.insert(points.end(), polyline.begin(), polyline.end());
     ends.push_back(points.size());
+}
+
+void CCairoCanvas::Flush()
+{
+    FillBoxes();
+    StrokeStraightLines();
+    StrokeSlantedLines();
 }
 
 void CCairoCanvas::FillBoxes()
@@ -88,27 +88,34 @@ void CCairoCanvas::FillBoxes()
     {
         return;
     }
-    cairo_surface_flush(surface.get());
-    unsigned char* const bytes = cairo_image_surface_get_data(surface.get());
-    const int stride = cairo_image_surface_get_stride(surface.get());
-    const std::uint32_t pixel = GetPixel(pen.colour);
+    SetColour(pen.colour);
     for (const PixelRect& box : boxes)
     {
-        const int left = std::max(box.left, clip.left);
-        const int right = std::min(box.right, clip.right);
-        for (int y = std::max(box.top, clip.top); y < std::min(box.bottom, clip.bottom) && left < right; ++y)
-        {
-            auto* const row =
-                reinterpret_cast<std::uint32_t*>(bytes + static_cast<std::ptrdiff_t>(y) * stride);
-            std::fill(row + left, row + right, pixel);
-        }
+        cairo_rectangle(context.get(), box.left, box.top, box.GetWidth(), box.GetHeight());
     }
-    cairo_surface_mark_dirty(surface.get());
+    cairo_fill(context.get());
     boxes.clear();
 }
 
+void CCairoCanvas::StrokeStraightLines()
+{
+    if (straight.empty())
+    {
+        return;
+    }
+    SetColour(pen.colour);
+    cairo_set_line_width(context.get(), std::max(pen.width, 1));
+    for (const PixelLine& line : straight)
+    {
+        cairo_move_to(context.get(), line.from.x + 0.5, line.from.y + 0.5);
+        cairo_line_to(context.get(), line.to.x + 0.5, line.to.y + 0.5);
+    }
+    cairo_stroke(context.get());
+    straight.clear();
+}
+
 // Cairo is quickest with a few lines at once.
-void CCairoCanvas::StrokeLines()
+void CCairoCanvas::StrokeSlantedLines()
 {
     constexpr std::size_t mostPoints = 64;
     if (ends.empty())
@@ -146,8 +153,7 @@ void CCairoCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour c
         FillRectangle({topLeft.x, topLeft.y, topLeft.x + extent.width, topLeft.y + extent.height},
                       *background);
     }
-    FillBoxes();
-    StrokeLines();
+    Flush();
     SetColour(colour);
     cairo_move_to(context.get(), topLeft.x, topLeft.y + std::ceil(font.ascent));
     cairo_show_text(context.get(), std::string(text).c_str());
@@ -156,26 +162,20 @@ void CCairoCanvas::WriteText(PixelPoint topLeft, std::string_view text, Colour c
 
 void CCairoCanvas::Clip(const PixelRect& area)
 {
-    FillBoxes();
-    StrokeLines();
-    clip = {std::max(area.left, 0), std::max(area.top, 0), std::min(area.right, size.width),
-            std::min(area.bottom, size.height)};
+    Flush();
     cairo_rectangle(context.get(), area.left, area.top, area.GetWidth(), area.GetHeight());
     cairo_clip(context.get());
 }
 
 void CCairoCanvas::Unclip()
 {
-    FillBoxes();
-    StrokeLines();
-    clip = {0, 0, size.width, size.height};
+    Flush();
     cairo_reset_clip(context.get());
 }
 
 void CCairoCanvas::DrawXorLines(std::span<const PixelLine> lines, Colour colour)
 {
-    FillBoxes();
-    StrokeLines();
+    Flush();
     cairo_set_operator(context.get(), CAIRO_OPERATOR_DIFFERENCE);
     SetColour(colour);
     for (const PixelLine& line : lines)

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-// Paints into an image in memory. Texts and slanted lines are cairo's work; thin upright and level lines are
-// written into the image at once, as plotting libraries' raster engines do.
+// Paints into an image in memory, all of it by cairo. Rectangles of one colour that follow each other are
+// filled at once, and lines of one pen stroked at once.
 class CCairoCanvas final : public ICanvas
 {
 public:
@@ -29,17 +29,19 @@ public:
 
 private:
     void SetColour(Colour colour);
+    void Flush();
     void FillBoxes();
-    void StrokeLines();
+    void StrokeStraightLines();
+    void StrokeSlantedLines();
 
     PixelSize size;
-    PixelRect clip;
     std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface;
     std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context;
     cairo_font_extents_t font{};
     std::array<double, 128> advances{}; // of the ASCII characters
     Pen pen;                            // of what is not drawn yet
     std::vector<PixelRect> boxes;
-    std::vector<PixelPoint> points; // of slanted lines
+    std::vector<PixelLine> straight; // upright and level lines
+    std::vector<PixelPoint> points;  // of slanted lines
     std::vector<std::size_t> ends;
 };

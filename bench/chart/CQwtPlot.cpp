@@ -43,6 +43,7 @@ public:
             plot.setAxisTitle(axis, curves[i].name.c_str());
             auto* const curve = new QwtPlotCurve(curves[i].name.c_str());
             curve->setPen(GetColour(curves[i].colour), 0.0);
+            curve->setPaintAttribute(QwtPlotCurve::FilterPoints, true);
             curve->setSamples(GetVector(curves[i].x), GetVector(curves[i].y));
             curve->setYAxis(axis);
             curve->attach(&plot);
