@@ -80,6 +80,7 @@ struct CLegendEntry
 {
     Colour colour = 0;
     std::string name;
+    std::vector<std::int64_t> curves{}; // their values under the mouse stand behind the name
 };
 
 // Where things stand in the window, as the last layout left it.
@@ -90,9 +91,11 @@ struct ChartFrame
     int widestHorizontalLabel = 0;
     int widestVerticalLabel = 0;
 
-    // The tick labels of the horizontal axes: lowered so that the digits at the plot's corner stay below
+    // The tick labels of the horizontal axes: lowered so that the digits at the plot's corner stay clear of
     // those of the vertical axis.
-    [[nodiscard]] int GetTickLabelTop() const { return plot.bottom + lineHeight / 4; }
+    [[nodiscard]] int GetTickLabelTop() const { return plot.bottom + (3 * lineHeight + 3) / 8; }
+    // Their titles, in the middle between the labels and the legend.
+    [[nodiscard]] int GetTitleTop() const { return plot.bottom + lineHeight + lineHeight / 8; }
 };
 
 // The axes a curve is drawn against; null for one that the chart does not have.

@@ -72,17 +72,6 @@ std::string Pad(const std::string& text)
     padded += ' ';
     return padded;
 }
-
-std::string FormatCoordinate(const CAxis& axis, double value)
-{
-    const UnitPrefix& prefix = GetUnitPrefix(axis, value);
-    if (NeedsExponent(prefix))
-    {
-        return FormatNumber(value, std::chars_format::scientific, 3) + axis.unit;
-    }
-    return FormatNumber(value / prefix.factor, std::chars_format::general, 5) + TranslatePrefix(prefix) +
-           axis.unit;
-}
 } // namespace
 
 std::string FormatTickLabel(const CAxis& axis, double value)
@@ -100,6 +89,16 @@ std::string FormatTickLabel(const CAxis& axis, double value)
     return Pad(FormatNumber(value, std::chars_format::scientific, 2) + axis.unit);
 }
 
+std::string FormatCoordinate(const CAxis& axis, double value)
+{
+    const UnitPrefix& prefix = GetUnitPrefix(axis, value);
+    if (NeedsExponent(prefix))
+    {
+        return FormatNumber(value, std::chars_format::scientific, 3) + axis.unit;
+    }
+    return FormatNumber(value / prefix.factor, std::chars_format::general, 5) + TranslatePrefix(prefix) +
+           axis.unit;
+}
 std::string FormatReadOut(const CAxis& horizontal, const CAxis& vertical, DataPoint point)
 {
     return FormatCoordinate(horizontal, point.x) + ", " + FormatCoordinate(vertical, point.y);

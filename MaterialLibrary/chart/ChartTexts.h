@@ -11,5 +11,8 @@
 // exponent; with the axis's unit, and one blank before and behind.
 [[nodiscard]] std::string FormatTickLabel(const CAxis& axis, double value);
 
-// "1.2345GHz, 4.1234": both coordinates with five significant digits and their units.
+// "1.2345GHz": a coordinate with five significant digits and its unit.
+[[nodiscard]] std::string FormatCoordinate(const CAxis& axis, double value);
+
+// "1.2345GHz, 4.1234": both coordinates.
 [[nodiscard]] std::string FormatReadOut(const CAxis& horizontal, const CAxis& vertical, DataPoint point);

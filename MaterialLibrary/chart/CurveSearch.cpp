@@ -43,17 +43,23 @@ DataPoint Interpolate(const DataPoint& a, const DataPoint& b, double x)
     return {x, a.y + t * (b.y - a.y)};
 }
 
-DataPoint FindOnCurve(const std::vector<DataPoint>& points, double x)
+// On the last segment that spans x.
+std::optional<DataPoint> FindOnCurve(const std::vector<DataPoint>& points, double x)
 {
-    for (std::size_t i = points.size() - 1; i > 0; --i)
+    for (std::size_t i = points.size(); i > 1; --i)
     {
-        const DataPoint& a = points[i - 1];
-        const DataPoint& b = points[i];
+        const DataPoint& a = points[i - 2];
+        const DataPoint& b = points[i - 1];
         if (x >= std::min(a.x, b.x) && x <= std::max(a.x, b.x))
         {
             return Interpolate(a, b, x);
         }
     }
+    return std::nullopt;
+}
+
+DataPoint GetNearerEnd(const std::vector<DataPoint>& points, double x)
+{
     const bool lastIsNearer = std::fabs(points.back().x - x) < std::fabs(points.front().x - x);
     return lastIsNearer ? points.back() : points.front();
 }
@@ -129,6 +135,12 @@ std::optional<CurvePoint> FindNearestPoint(const CChartModel& model, PixelPoint 
     return nearest;
 }
 
+std::optional<double> InterpolateCurve(const CChartCurve& curve, double x)
+{
+    const std::optional<DataPoint> point = FindOnCurve(curve.points, x);
+    return point && std::isfinite(point->y) ? std::optional(point->y) : std::nullopt;
+}
+
 std::optional<SnappedPoint> SnapToCurve(const CChartModel& model, std::int64_t curve, double x)
 {
     const CAxisCurve& entry = model.GetCurve(curve);
@@ -137,6 +149,7 @@ std::optional<SnappedPoint> SnapToCurve(const CChartModel& model, std::int64_t c
     {
         return std::nullopt;
     }
-    const DataPoint value = FindOnCurve(entry.curve->points, x);
+    const std::vector<DataPoint>& points = entry.curve->points;
+    const DataPoint value = FindOnCurve(points, x).value_or(GetNearerEnd(points, x));
     return SnappedPoint{value, CurveMapping(model, axes).GetPixel(value)};
 }

@@ -20,6 +20,9 @@ struct CurvePoint
 // it; of equally near ones the first of the first curve. The cursor has to be in the plot.
 [[nodiscard]] std::optional<CurvePoint> FindNearestPoint(const CChartModel& model, PixelPoint cursor);
 
+// The curve's value at a horizontal one, on the last segment that spans it; nothing beside the curve.
+[[nodiscard]] std::optional<double> InterpolateCurve(const CChartCurve& curve, double x);
+
 struct SnappedPoint
 {
     DataPoint value;

@@ -11,6 +11,20 @@ bool IsOnFarSide(Direction direction, std::size_t index)
     return direction == Direction::Vertical && index % 2 == 1;
 }
 
+// Which edges of the plot are an axis's own: both of a single one; of several the even ones have the bottom
+// or left edge, the odd ones the other.
+struct OwnEdges
+{
+    bool first; // bottom or left
+    bool second;
+};
+
+OwnEdges GetOwnEdges(std::size_t index, std::size_t count)
+{
+    const bool even = index % 2 == 0;
+    return {count == 1 || even, count == 1 || !even};
+}
+
 // How many ticks apart labels of a size stand. Where axes share a side it is more than one, since their ticks
 // often stand at the same places.
 int GetLabelStride(const CAxis& axis, const IScale& scale, int labelSize, int axesOnSide, int plotLength)
@@ -134,12 +148,14 @@ void DrawLine(ICanvas& canvas, const Pen& pen, PixelPoint from, PixelPoint to)
 class CAxisPainter
 {
 public:
-    CAxisPainter(const ChartScene& scene_, Direction direction_, const CAxis& axis_, ICanvas& canvas_)
-        : scene(scene_), direction(direction_), horizontal(direction_ == Direction::Horizontal), axis(axis_),
-          scale(scene_.model.GetScale(direction_)), canvas(canvas_), mapping(scene_.model, direction_, axis_),
+    CAxisPainter(const ChartScene& scene_, Direction direction_, std::size_t index, ICanvas& canvas_)
+        : scene(scene_), direction(direction_), horizontal(direction_ == Direction::Horizontal),
+          axis(scene_.model.GetAxes(direction_)[index]),
+          edges(GetOwnEdges(index, scene_.model.GetAxes(direction_).size())),
+          scale(scene_.model.GetScale(direction_)), canvas(canvas_), mapping(scene_.model, direction_, axis),
           plot(scene_.model.frame.plot),
-          minorParts(ListMinorParts(axis_, scale)), axisPen{scene_.style.GetShownColour(axis_.axisColour)},
-          gridPen{scene_.style.GetShownColour(axis_.gridColour), 0,
+          minorParts(ListMinorParts(axis, scale)), axisPen{scene_.style.GetShownColour(axis.axisColour)},
+          gridPen{scene_.style.GetShownColour(axis.gridColour), 0,
                   scene_.style.invertsColours ? PenStyle::dot : PenStyle::solid}
     {
     }
@@ -185,7 +201,7 @@ private:
         Draw(pen, pixel, horizontal ? plot.top : plot.left, horizontal ? plot.bottom : plot.right);
     }
 
-    // Of the interval that begins at tick `index`: decades have lines, other intervals marks at both edges.
+    // Of the interval that begins at tick `index`: decades have lines, other intervals marks at the edges.
     void PaintMinorTicks(int index)
     {
         const int from = horizontal ? plot.top : plot.left;
@@ -204,8 +220,14 @@ private:
                 continue;
             }
             const Pen markPen = {gridPen.colour, 0, PenStyle::solid};
-            Draw(markPen, pixel, from, from + mark);
-            Draw(markPen, pixel, to - mark, to);
+            if (horizontal ? edges.second : edges.first)
+            {
+                Draw(markPen, pixel, from, from + mark);
+            }
+            if (horizontal ? edges.first : edges.second)
+            {
+                Draw(markPen, pixel, to - mark, to);
+            }
         }
     }
 
@@ -213,6 +235,7 @@ private:
     const Direction direction;
     const bool horizontal;
     const CAxis& axis;
+    const OwnEdges edges;
     const IScale& scale;
     ICanvas& canvas;
     const CAxisMapping mapping;
@@ -222,7 +245,6 @@ private:
     const Pen gridPen;
 };
 
-// A single axis has both of its edges framed; of several the even ones have the bottom or left edge.
 void PaintFrame(const ChartScene& scene, Direction direction, ICanvas& canvas)
 {
     const PixelRect& plot = scene.model.frame.plot;
@@ -230,16 +252,15 @@ void PaintFrame(const ChartScene& scene, Direction direction, ICanvas& canvas)
     for (std::size_t i = axes.size(); i > 0; --i)
     {
         const Pen pen = {scene.style.GetShownColour(axes[i - 1].gridColour), 0, PenStyle::solid};
-        const bool atOrigin = (i - 1) % 2 == 0;
-        const bool both = axes.size() == 1;
-        if (both || !atOrigin)
+        const OwnEdges edges = GetOwnEdges(i - 1, axes.size());
+        if (edges.second)
         {
             const bool horizontal = direction == Direction::Horizontal;
             DrawLine(canvas, pen,
                      horizontal ? PixelPoint{plot.left, plot.top} : PixelPoint{plot.right, plot.top},
                      {plot.right, horizontal ? plot.top : plot.bottom});
         }
-        if (both || atOrigin)
+        if (edges.first)
         {
             const bool horizontal = direction == Direction::Horizontal;
             DrawLine(canvas, pen, {plot.left, horizontal ? plot.bottom : plot.top},
@@ -256,7 +277,7 @@ void PaintDirection(const ChartScene& scene, Direction direction, ICanvas& canva
     for (std::size_t i = axes.size(); i > 0; --i)
     {
         const CAxis& axis = axes[i - 1];
-        CAxisPainter painter(scene, direction, axis, canvas);
+        CAxisPainter painter(scene, direction, i - 1, canvas);
         painter.PaintTicks(labels[i - 1]);
         painter.PaintZeroLine();
         const PlacedText& title = titles[i - 1];
@@ -293,8 +314,7 @@ std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction
     const ChartFrame& frame = scene.model.frame;
     const int gap = frame.lineHeight * 3 / 4;
     const bool horizontal = direction == Direction::Horizontal;
-    const int top = horizontal ? frame.plot.bottom + frame.lineHeight + frame.lineHeight / 8
-                               : frame.plot.top - frame.lineHeight;
+    const int top = horizontal ? frame.GetTitleTop() : frame.plot.top - frame.lineHeight;
     std::vector<PlacedText> titles;
     int left = frame.plot.left;
     int right = frame.plot.right;

@@ -9,33 +9,47 @@
 namespace
 {
 constexpr Colour crossHairColour = 0x5C5C5C;
-constexpr int labelGap = 2;       // pixels
-constexpr int firstLegendRow = 2; // below the tick labels and the titles
-constexpr int lastLegendRow = 3;
+constexpr int labelGap = 2; // pixels
 
-// The first read-out shares the row of the horizontal titles, whose other end they take; the further ones
-// have rows of their own below the legend.
-int GetReadOutTop(const ChartFrame& frame, int number)
+// Where the read-outs stand: rows of their own below the legend. Where there is one row less than read-outs,
+// the last ones share it.
+class CReadOutRows
 {
-    const int h = frame.lineHeight;
-    return frame.plot.bottom + (number == 0 ? h + h / 8 : (3 + number) * h);
-}
+public:
+    CReadOutRows(const ChartScene& scene_, int firstRow, ICanvas& canvas_)
+        : scene(scene_), canvas(canvas_), row(firstRow)
+    {
+        const CChartModel& model = scene.model;
+        lastRow = static_cast<int>(model.GetAxes(Direction::Horizontal).size() *
+                                   model.GetAxes(Direction::Vertical).size()) +
+                  2;
+    }
 
-void WriteReadOut(const ChartScene& scene, ICanvas& canvas, int number, const CurveAxes& axes,
-                  DataPoint point)
-{
-    const ChartFrame& frame = scene.model.frame;
-    const int left = frame.plot.left;
-    const int top = GetReadOutTop(frame, number);
-    const std::string text =
-        FitText(canvas, FormatReadOut(*axes.horizontal, *axes.vertical, point), scene.client.right - left);
-    const PixelSize extent = canvas.GetTextExtent(text);
-    // The tails of the tick labels hang into the cell of the first one.
-    const int labelBottom = frame.GetTickLabelTop() + frame.lineHeight;
-    canvas.FillRectangle({left, std::max(top, labelBottom), left + extent.width, top + extent.height},
-                         scene.style.background);
-    canvas.WriteText({left, top}, text, scene.style.GetShownColour(axes.vertical->axisColour), std::nullopt);
-}
+    void Write(const CurveAxes& axes, DataPoint point)
+    {
+        const ChartFrame& frame = scene.model.frame;
+        const int left = frame.plot.left + used;
+        const std::string text = FitText(canvas, FormatReadOut(*axes.horizontal, *axes.vertical, point),
+                                         scene.client.right - left);
+        canvas.WriteText({left, frame.plot.bottom + row * frame.lineHeight}, text,
+                         scene.style.GetShownColour(axes.vertical->axisColour), scene.style.background);
+        if (row < lastRow)
+        {
+            ++row;
+        }
+        else
+        {
+            used += canvas.GetTextExtent(text).width + frame.lineHeight;
+        }
+    }
+
+private:
+    const ChartScene& scene;
+    ICanvas& canvas;
+    int row;
+    int lastRow;
+    int used = 0; // pixels of the last row
+};
 
 void PaintCrossHair(const PixelRect& plot, PixelPoint at, ICanvas& canvas)
 {
@@ -51,7 +65,7 @@ void PaintCrossHair(const PixelRect& plot, PixelPoint at, ICanvas& canvas)
     }
 }
 
-void PaintLockedCurve(const ChartScene& scene, ICanvas& canvas)
+void PaintLockedCurve(const ChartScene& scene, CReadOutRows& readOuts, ICanvas& canvas)
 {
     const CChartModel& model = scene.model;
     const std::int64_t curve = scene.pointer.lockedCurve;
@@ -65,21 +79,19 @@ void PaintLockedCurve(const ChartScene& scene, ICanvas& canvas)
     if (const std::optional<SnappedPoint> snapped = SnapToCurve(model, curve, x))
     {
         PaintCrossHair(model.frame.plot, snapped->pixel, canvas);
-        WriteReadOut(scene, canvas, 0, axes, snapped->value);
+        readOuts.Write(axes, snapped->value);
     }
 }
 
-void PaintAxisPairs(const ChartScene& scene, ICanvas& canvas)
+void PaintAxisPairs(const ChartScene& scene, CReadOutRows& readOuts)
 {
     const CChartModel& model = scene.model;
-    int number = 0;
     for (const CAxis& horizontal : model.GetAxes(Direction::Horizontal))
     {
         for (const CAxis& vertical : model.GetAxes(Direction::Vertical))
         {
             const CurveAxes axes = {&horizontal, &vertical};
-            WriteReadOut(scene, canvas, number++, axes,
-                         CurveMapping(model, axes).GetValue(scene.pointer.mouse));
+            readOuts.Write(axes, CurveMapping(model, axes).GetValue(scene.pointer.mouse));
         }
     }
 }
@@ -117,47 +129,16 @@ void PaintSelectionLabel(const ChartScene& scene, ICanvas& canvas)
     canvas.WriteText(topLeft, text, entry.curve->colour, scene.style.background);
 }
 
-void PaintReadOuts(const ChartScene& scene, ICanvas& canvas)
+void PaintReadOuts(const ChartScene& scene, int firstRow, ICanvas& canvas)
 {
-    const ChartPointer& pointer = scene.pointer;
-    if (!pointer.showsReadOuts || !scene.model.frame.plot.Contains(pointer.mouse))
+    CReadOutRows readOuts(scene, firstRow, canvas);
+    if (scene.pointer.lockedCurve >= 0)
     {
-        return;
-    }
-    if (pointer.lockedCurve >= 0)
-    {
-        PaintLockedCurve(scene, canvas);
+        PaintLockedCurve(scene, readOuts, canvas);
     }
     else
     {
-        PaintAxisPairs(scene, canvas);
-    }
-}
-
-void PaintLegend(const ChartScene& scene, ICanvas& canvas)
-{
-    const PixelRect& plot = scene.model.frame.plot;
-    const int h = canvas.GetTextExtent("0,").height;
-    const int side = h - h / 4;
-    int row = firstLegendRow;
-    int x = plot.left;
-    for (const CLegendEntry& entry : scene.model.GetLegend())
-    {
-        const int width = h + canvas.GetTextExtent(entry.name).width + h;
-        if (x + width > plot.right && x > plot.left)
-        {
-            ++row;
-            x = plot.left;
-        }
-        if (row > lastLegendRow)
-        {
-            return;
-        }
-        const int top = plot.bottom + h * row;
-        canvas.FillRectangle({x, top + h / 8, x + side, top + h / 8 + side}, entry.colour);
-        canvas.WriteText({x + h, top}, FitText(canvas, entry.name, plot.right - x - h),
-                         scene.style.GetShownColour(0xFFFFFF), {});
-        x += width;
+        PaintAxisPairs(scene, readOuts);
     }
 }
 } // namespace
@@ -168,8 +149,11 @@ void PaintChart(const ChartScene& scene, ICanvas& canvas)
     PaintAxes(scene, canvas);
     PaintCurves(scene, canvas);
     PaintSelectionLabel(scene, canvas);
-    PaintLegend(scene, canvas);
-    PaintReadOuts(scene, canvas);
+    const int rowBelowLegend = PaintLegend(scene, canvas);
+    if (scene.ReadsOutMouse())
+    {
+        PaintReadOuts(scene, rowBelowLegend, canvas);
+    }
 }
 
 std::string FitText(ITextMeasure& measure, std::string_view text, int width)

@@ -49,6 +49,12 @@ struct ChartScene
     const ChartStyle& style;
     const ChartPointer& pointer;
     PixelRect client;
+
+    // Whether the mouse is where its place has values to show.
+    [[nodiscard]] bool ReadsOutMouse() const
+    {
+        return pointer.showsReadOuts && model.frame.plot.Contains(pointer.mouse);
+    }
 };
 
 // Paints the whole chart: background, axes, curves with the first on top, the label of the selected curve or
@@ -56,9 +62,10 @@ struct ChartScene
 // the read-outs.
 void PaintChart(const ChartScene& scene, ICanvas& canvas);
 
-// Two stages of it.
+// Three stages of it. The last one answers the first row of text below the plot that the legend leaves free.
 void PaintAxes(const ChartScene& scene, ICanvas& canvas);
 void PaintCurves(const ChartScene& scene, ICanvas& canvas);
+[[nodiscard]] int PaintLegend(const ChartScene& scene, ICanvas& canvas);
 
 struct PlacedText
 {

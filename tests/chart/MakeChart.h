@@ -93,8 +93,8 @@ struct LaminateCurves
             model.AddAxis(identifier, true);
             model.SetAxisTitle(identifier, curves[i].name, "");
             model.ClearAutomaticPrefix(identifier);
-            model.AddCurve(curves[i], 0, identifier);
-            model.GetLegend().push_back({curves[i].colour, curves[i].name});
+            const std::int64_t index = model.AddCurve(curves[i], 0, identifier);
+            model.GetLegend().push_back({curves[i].colour, curves[i].name, {index}});
         }
         model.SetScaleMode(logarithmic, false);
     }

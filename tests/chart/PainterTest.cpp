@@ -1,7 +1,7 @@
 #include "chart/CSvgCanvas.h"
 #include "tests/chart/MakeChart.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace
 {
@@ -220,7 +220,6 @@ PixelRect GetInk(const Call& call)
     return ink;
 }
 
-// Read-outs may cover the horizontal titles in no more than a narrow window, so they are looked at apart.
 void ExpectTextsApart(PixelSize size, std::size_t axes, bool logarithmic, bool hovering)
 {
     LaminateCurves laminate;
@@ -244,7 +243,9 @@ void ExpectTextsApart(PixelSize size, std::size_t axes, bool logarithmic, bool h
             << texts[i].text << size.width;
         for (std::size_t k = 0; k < i; ++k)
         {
-            EXPECT_FALSE(GetInk(texts[i]).Meets(GetInk(texts[k])))
+            PixelRect room = GetInk(texts[k]); // with a pixel around
+            room = {room.left - 1, room.top - 1, room.right + 1, room.bottom + 1};
+            EXPECT_FALSE(GetInk(texts[i]).Meets(room))
                 << texts[i].text << "|" << texts[k].text << " " << size.width << " " << axes;
         }
     }
@@ -288,6 +289,86 @@ TEST(Placement, LabelsOfAnAxisDoNotMeet)
                     << before.text << " " << font << " " << width;
             }
         }
+    }
+}
+
+TEST(Placement, EachEdgeBearsTheMarksOfItsOwnAxis)
+{
+    for (const std::size_t axes : {1u, 2u, 3u})
+    {
+        LaminateCurves laminate;
+        CChartModel model;
+        laminate.AddTo(model, axes, false);
+        for (CAxis& axis : model.GetAxes(Direction::Vertical))
+        {
+            axis.gridColour = static_cast<Colour>(axis.identifier);
+        }
+        CRecorderCanvas canvas;
+        const PixelRect client = {0, 0, 760, 240};
+        LayOutChart(model, client, canvas);
+        PaintChart({model, {}, {}, client}, canvas);
+        const PixelRect& plot = model.frame.plot;
+        for (std::size_t i = 0; i < axes; ++i)
+        {
+            int marks[2] = {};
+            for (const PixelLine& line : canvas.GetLines(static_cast<Colour>(i + 1)))
+            {
+                const bool isMark = line.from.y == line.to.y && line.to.x - line.from.x < plot.GetWidth() / 2;
+                marks[0] += isMark && line.from.x == plot.left ? 1 : 0;
+                marks[1] += isMark && line.to.x == plot.right ? 1 : 0;
+            }
+            EXPECT_EQ(marks[0] > 0, axes == 1 || i % 2 == 0) << axes << i;
+            EXPECT_EQ(marks[1] > 0, axes == 1 || i % 2 == 1) << axes << i;
+        }
+    }
+}
+
+// The texts of the legend with the mouse at a frequency.
+std::vector<std::string> GetLegendTexts(CChartModel& model, double frequency, int width)
+{
+    CMeasuredRecorder canvas;
+    const PixelRect client = {0, 0, width, 240};
+    LayOutChart(model, client, canvas);
+    ChartPointer pointer;
+    pointer.mouse = {GetPixelOf(model, {frequency, 0}).x, model.frame.plot.top + 5};
+    canvas.calls.clear();
+    EXPECT_GE(PaintLegend({model, {}, pointer, client}, canvas), 3);
+    std::vector<std::string> texts;
+    for (const Call& call : canvas.Find([](const Call& each) { return each.kind == Kind::Text; }))
+    {
+        texts.push_back(call.text);
+        EXPECT_LE(call.rect.right, model.frame.plot.right) << call.text;
+    }
+    return texts;
+}
+
+TEST(Legend, ShowsTheValuesOfItsCurvesUnderTheMouse)
+{
+    CChartModel model = MakeModel(1);
+    CChartCurve er = MakeCurve({{0, 4}, {1'000, 3}});
+    CChartCurve loss = MakeCurve({{500, 0.02}, {1'000, 0.03}});
+    model.AddCurve(er, 0, 1);
+    model.AddCurve(loss, 0, 2);
+    model.ClearAutomaticPrefix(2);
+    model.SetScaleMode(false, false);
+    model.GetLegend() = {
+        {1, "Er", {0}}, {2, "Loss", {1}}, {3, "Kept", {0, 1}}, {4, "Bare"}, {5, "Gone", {2}}};
+    using testing::ElementsAre;
+    EXPECT_THAT(GetLegendTexts(model, 500, 760),
+                ElementsAre("Er: 3.5", "Loss: 0.02", "Kept: 3.5, 0.02", "Bare", "Gone"));
+    EXPECT_THAT(GetLegendTexts(model, 0, 760), ElementsAre("Er: 4", "Loss", "Kept: 4", "Bare", "Gone"));
+    EXPECT_THAT(GetLegendTexts(model, 2'000, 760), ElementsAre("Er", "Loss", "Kept", "Bare", "Gone"))
+        << "beside the plot";
+    model.GetLegend().clear();
+    for (int i = 0; i < 6; ++i)
+    {
+        model.GetLegend().push_back({1, "a material with a long name, 25", {0, 1}});
+    }
+    for (const int width : {760, 1'000})
+    {
+        const std::vector<std::string> texts = GetLegendTexts(model, 500, width);
+        ASSERT_EQ(texts.size(), 6u) << width;
+        EXPECT_TRUE(texts[0].starts_with("a") && texts[0].ends_with(": 3.5, 0.02")) << texts[0];
     }
 }
 
