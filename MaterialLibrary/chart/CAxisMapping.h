@@ -50,11 +50,16 @@ public:
         return fixedPixel + static_cast<int>(AddHalf(GetDistance(value)));
     }
 
+    // The same before it is rounded to a pixel.
+    [[nodiscard]] double GetPlace(double value) const { return fixedPixel + GetDistance(value); }
+
     // Where a tick stands, by its number from the visible minimum: GetValue gives exactly its value there.
     [[nodiscard]] int GetTickPixel(int index) const;
 
     // Where a minor tick stands. As the ticks it is counted from the axis's lower end.
     [[nodiscard]] int GetMinorTickPixel(double value) const;
+
+    [[nodiscard]] bool IsLogarithmic() const { return logarithmic; }
 
     [[nodiscard]] double GetValue(int pixel) const { return scale.GetValueAtPixel(pixel, placement); }
 
@@ -91,6 +96,11 @@ struct CurveMapping
     [[nodiscard]] PixelPoint GetVisiblePixel(const DataPoint& value) const
     {
         return {horizontal.GetVisiblePixel(value.x), vertical.GetVisiblePixel(value.y)};
+    }
+    // Pixels that are not rounded.
+    [[nodiscard]] DataPoint GetPlace(const DataPoint& value) const
+    {
+        return {horizontal.GetPlace(value.x), vertical.GetPlace(value.y)};
     }
     [[nodiscard]] DataPoint GetValue(PixelPoint pixel) const
     {

@@ -44,6 +44,7 @@ struct CAxis
     std::int32_t minorTicks = 1; // 0 leaves them out
     std::int32_t identifier = -1;
     KeptRange kept;
+    bool prefixFromFactor = false; // 1000 is 1k already
 };
 
 // What a chart draws as one curve. The caller owns it and keeps it alive as long as a chart shows it. The
@@ -57,6 +58,8 @@ struct CChartCurve
     std::int64_t markerShape = 0; // 0 a square, otherwise a diamond
     std::string name;
     std::vector<std::string> pointLabels; // one per point, or fewer
+    bool straightInData = false;          // joined as it is searched: bent where pixels stand for logarithms
+    bool thin = false;                    // one pixel wide, whatever the chart's lines are
 
     // Sets the bounds around all points with finite coordinates; without any they are all 0.
     void UpdateBounds();

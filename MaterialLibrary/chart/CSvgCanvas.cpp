@@ -314,3 +314,12 @@ void CSvgCanvas::DrawXorLines(std::span<const PixelLine> lines, Colour colour)
                   line.to.y, ".5\"/>\n");
     }
 }
+
+std::string DrawSvgPicture(CChartModel model, const ChartStyle& style, PixelSize size, int fontPixels)
+{
+    const PixelRect client = {0, 0, size.width, size.height};
+    CSvgCanvas canvas(size, fontPixels);
+    LayOutChart(model, client, canvas);
+    PaintChart({model, style, ChartPointer(), client}, canvas);
+    return canvas.GetDocument();
+}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/ICanvas.h"
+#include "chart/PaintChart.h"
 
 #include <string>
 
@@ -34,3 +34,7 @@ private:
     std::optional<Pen> openPen; // of the path under way
     std::string body;
 };
+
+// The document of a chart in a picture of that size, with what it shows now but for the mouse.
+[[nodiscard]] std::string DrawSvgPicture(CChartModel model, const ChartStyle& style, PixelSize size,
+                                         int fontPixels);

@@ -31,7 +31,8 @@ constexpr std::array<UnitPrefix, 14> prefixes = {{{"f", 1e-15},
 constexpr std::size_t noPrefix = 5;
 
 // The prefix under which the axis writes a value: the largest whose factor lies below it, so 1000 still goes
-// without and 1500 is 1.5k; none for 0 and on an axis without automatic prefixes.
+// without and 1500 is 1.5k, unless the axis begins with the factor; none for 0 and on an axis without
+// automatic prefixes.
 const UnitPrefix& GetUnitPrefix(const CAxis& axis, double value)
 {
     if (!axis.automaticPrefix || value == 0.0)
@@ -39,7 +40,9 @@ const UnitPrefix& GetUnitPrefix(const CAxis& axis, double value)
         return prefixes[noPrefix];
     }
     std::size_t row = 0;
-    while (row + 1 < prefixes.size() && std::fabs(value) > prefixes[row + 1].factor)
+    const auto reaches = [&axis, size = std::fabs(value)](double factor)
+    { return axis.prefixFromFactor ? size >= factor : size > factor; };
+    while (row + 1 < prefixes.size() && reaches(prefixes[row + 1].factor))
     {
         ++row;
     }

@@ -35,6 +35,7 @@ class CCurvePainter
 public:
     CCurvePainter(const ChartScene& scene_, const CAxisCurve& entry, const CurveAxes& axes, ICanvas& canvas_)
         : style(scene_.style), curve(*entry.curve), mapping(scene_.model, axes),
+          bends(curve.straightInData && mapping.horizontal.IsLogarithmic()),
           canvas(canvas_), visible{axes.horizontal->visibleMin, axes.vertical->visibleMin,
                                    axes.horizontal->visibleMax, axes.vertical->visibleMax}
     {
@@ -57,10 +58,14 @@ public:
     }
 
 private:
+    static constexpr int deepest = 30; // halvings of a line
+
     // From the last point to the first.
     void PaintLines()
     {
-        const std::int32_t width = style.bold ? std::max(style.lineWidth, 2) : style.lineWidth;
+        const std::int32_t width = curve.thin   ? 0
+                                   : style.bold ? std::max(style.lineWidth, 2)
+                                                : style.lineWidth;
         CCurveTracer tracer(canvas, {curve.colour, width, std::max(curve.lineStyle, PenStyle::solid)});
         const std::span<const DataPoint> points = curve.points;
         bool fromIsVisible = visible.Contains(points.back());
@@ -70,7 +75,7 @@ private:
             const DataPoint& from = points[i];
             const DataPoint& to = points[i - 1];
             const bool toIsVisible = visible.Contains(to);
-            if (fromIsVisible && toIsVisible)
+            if (fromIsVisible && toIsVisible && !bends)
             {
                 if (!atFrom)
                 {
@@ -82,7 +87,7 @@ private:
             {
                 TraceVisiblePart(from, to, tracer);
             }
-            atFrom = fromIsVisible && toIsVisible;
+            atFrom = fromIsVisible && toIsVisible && !bends;
             fromIsVisible = toIsVisible;
         }
         tracer.Finish();
@@ -94,8 +99,38 @@ private:
             ClipSegment(visible, from, to))
         {
             tracer.MoveTo(mapping.GetVisiblePixel(from));
+            if (bends)
+            {
+                TraceBentLine(from, to, tracer, deepest);
+            }
             tracer.LineTo(mapping.GetVisiblePixel(to));
         }
+    }
+
+    // Points of the straight line between two values, as many as it takes for the lines between their pixels
+    // to run beside it by less than a pixel.
+    void TraceBentLine(const DataPoint& from, const DataPoint& to, CCurveTracer& tracer, int depth) const
+    {
+        constexpr double unseen = 0.25; // pixels
+        const DataPoint a = mapping.GetPlace(from);
+        const DataPoint b = mapping.GetPlace(to);
+        const DataPoint middle = GetMiddle(from, to);
+        const DataPoint m = mapping.GetPlace(middle);
+        const double straight = a.y + (b.y - a.y) * ((m.x - a.x) / (b.x - a.x));
+        if (depth > 0 && std::fabs(b.x - a.x) > 1.0 && std::fabs(m.y - straight) > unseen)
+        {
+            TraceBentLine(from, middle, tracer, depth - 1);
+            tracer.LineTo(mapping.GetVisiblePixel(middle));
+            TraceBentLine(middle, to, tracer, depth - 1);
+        }
+    }
+
+    // In the middle of the line's pixels.
+    static DataPoint GetMiddle(const DataPoint& from, const DataPoint& to)
+    {
+        const double x = std::sqrt(from.x) * std::sqrt(to.x);
+        const double t = (x - from.x) / (to.x - from.x);
+        return {x, from.y + t * (to.y - from.y)};
     }
 
     // One for every visible point that ends a segment.
@@ -138,6 +173,7 @@ private:
     const ChartStyle& style;
     const CChartCurve& curve;
     const CurveMapping mapping;
+    const bool bends;
     ICanvas& canvas;
     const DataRect visible;
 };

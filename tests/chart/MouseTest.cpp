@@ -1,3 +1,4 @@
+#include "chart/CViewHistory.h"
 #include "chart/ZoomAndPan.h"
 #include "tests/chart/MakeChart.h"
 
@@ -347,6 +348,40 @@ TEST(Zooming, InOneDirectionLeavesTheOtherAsItIs)
             EXPECT_EQ(other.visibleMax, before.visibleMax) << i << ": " << Describe(before);
         }
     }
+}
+
+TEST_F(Mouse, ViewsCanBeGoneBackTo)
+{
+    CViewHistory history;
+    EXPECT_FALSE(history.CanGoBack());
+    history.Begin(model);
+    std::vector<std::string> views;
+    for (int i = 0; i < 3; ++i)
+    {
+        views.push_back(Describe(horizontal) + Describe(vertical));
+        Drag({Plot().left + 30, Plot().top + 30}, {Plot().right - 50, Plot().bottom - 20});
+        history.Note(model);
+        history.Note(model); // nothing new
+    }
+    for (; history.CanGoBack(); views.pop_back())
+    {
+        history.GoBack(model);
+        chart.RecomputeLayout();
+        ASSERT_FALSE(views.empty());
+        EXPECT_EQ(Describe(horizontal) + Describe(vertical), views.back());
+    }
+    EXPECT_TRUE(views.empty());
+    history.GoBack(model); // is where it began
+    for (int i = 0; i < 1'000; ++i)
+    {
+        horizontal.requestedMin = i;
+        history.Note(model);
+    }
+    history.GoBack(model);
+    EXPECT_EQ(horizontal.requestedMin, 998.0);
+    model.AddAxis(7, true); // asks for nothing in the former views
+    history.GoBack(model);
+    EXPECT_EQ(horizontal.requestedMin, 997.0);
 }
 
 TEST_F(Mouse, AReleasedPanRunsOnToTheNextTickIn180Milliseconds)

@@ -1,7 +1,9 @@
 #include "chart/CSvgCanvas.h"
+#include "chart/CurveSearch.h"
 #include "tests/chart/MakeChart.h"
 
 #include <gmock/gmock.h>
+#include <random>
 
 namespace
 {
@@ -207,6 +209,65 @@ public:
 private:
     CSvgCanvas measure{{1, 1}, 12};
 };
+
+// How far the drawn lines of a curve stray, in pixels, from where searching in its data finds it: beyond what
+// it covers in a pixel to both sides, since a steep line is placed in whole pixels too.
+double GetStray(const CChartModel& model, const CRecorderCanvas& canvas, const CChartCurve& curve)
+{
+    const CurveMapping mapping(
+        model, {&model.GetAxis(Direction::Horizontal, 0), &model.GetAxis(Direction::Vertical, 0)});
+    const auto find = [&](int x)
+    {
+        const double value = InterpolateCurve(curve, mapping.GetValue({x, 0}).x).value_or(noNumber);
+        return mapping.GetPlace({1.0, value}).y;
+    };
+    double farthest = 0.0;
+    for (const PixelLine& line : canvas.GetLines(curve.colour))
+    {
+        for (int x = std::min(line.from.x, line.to.x) + 1; x < std::max(line.from.x, line.to.x); ++x)
+        {
+            const double t = (x - line.from.x) / static_cast<double>(line.to.x - line.from.x);
+            const double y = line.from.y + t * (line.to.y - line.from.y);
+            const auto [low, high] = std::minmax({find(x), find(x - 1), find(x + 1)});
+            farthest = std::max({farthest, low - y, y - high});
+        }
+    }
+    return farthest;
+}
+
+TEST(BentLines, RunWhereTheCurveIsFoundInItsData)
+{
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> decades(0.0, 10.0);
+    double straightest = 0.0;
+    for (int i = 0; i < 200; ++i)
+    {
+        CChartModel model = MakeModel();
+        model.FindAxis(0)->lowerLimit = 1e-9;
+        std::vector<DataPoint> points;
+        for (int k = 0; k < 2 + i % 7; ++k)
+        {
+            points.push_back({std::pow(10.0, decades(random)), decades(random)});
+        }
+        std::ranges::sort(points, {}, &DataPoint::x);
+        CChartCurve curve = MakeCurve(points, 0x0000FE);
+        model.AddCurve(curve, 0, 1);
+        model.SetScaleMode(true, false);
+        model.FindAxis(0)->requestedMin *= i % 2 == 0 ? 1.0 : 30.0; // zoomed
+        const PixelRect client = {0, 0, 760, 240};
+        for (const bool bent : {false, true})
+        {
+            curve.straightInData = bent;
+            CRecorderCanvas canvas;
+            LayOutChart(model, client, canvas);
+            PaintChart({model, {}, {}, client}, canvas);
+            const double stray = GetStray(model, canvas, curve);
+            straightest = std::max(straightest, bent ? 0.0 : stray);
+            EXPECT_LE(stray, bent ? 1.0 : 240.0) << i;
+        }
+    }
+    EXPECT_GT(straightest, 50.0) << "of the lines that hosts get";
+}
 
 // What characters cover of a cell: not the blanks at its ends, nor the leading above digits, nor, where
 // nothing hangs below the line, the room for that.

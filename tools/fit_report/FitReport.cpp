@@ -2,7 +2,6 @@
 //   fit_report MATERIALS.mat PICTURE.svg
 // Fails where the materials cannot be read or a fit gains energy.
 #include "chart/CSvgCanvas.h"
-#include "chart/PaintChart.h"
 #include "dielectric/CWidebandDebyeModel.h"
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
@@ -326,12 +325,8 @@ void DrawFits(const char* path)
         model.GetLegend().push_back({curve.colour, curve.name});
     }
     model.SetScaleMode(true, false);
-    const PixelRect client = {0, 0, 900, 420};
-    CSvgCanvas canvas({client.right, client.bottom}, 12);
-    LayOutChart(model, client, canvas);
-    PaintChart({model, {}, {}, client}, canvas);
     std::ofstream picture(path);
-    picture << canvas.GetDocument();
+    picture << DrawSvgPicture(model, {}, {900, 420}, 12);
     if (!picture.flush())
     {
         throw std::runtime_error(std::string("cannot write ") + path);

@@ -2,7 +2,6 @@
 
 #include "MaterialLibrary/IMaterial.h"
 #include "chart/CSvgCanvas.h"
-#include "chart/PaintChart.h"
 #include "tools/matlib/CBulkMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/FrequencySweep.h"
@@ -206,16 +205,12 @@ void CMaterialPlot::NameCurves(bool briefly)
 std::string CMaterialPlot::Render()
 {
     const PixelSize size = {options.pictureWidth, options.pictureHeight};
-    const PixelRect client = {0, 0, size.width, size.height};
     const int fontSize = ChooseFontSize(size.height);
-    CSvgCanvas canvas(size, fontSize);
     ChartStyle style;
     style.flags = ChartStyle::drawMarkers; // of curves that have no style of line
     style.lineWidth = fontSize / 8;
     style.markerHalfSide = std::max(2, fontSize / 5);
     model.SetScaleMode(options.sweepLogarithmic, false);
     NameCurves(false);
-    LayOutChart(model, client, canvas);
-    PaintChart({model, style, ChartPointer(), client}, canvas);
-    return canvas.GetDocument();
+    return DrawSvgPicture(model, style, size, fontSize);
 }
