@@ -7,7 +7,7 @@ if(WIN32)
     set(ml_documentation share/doc/MaterialLibrary)
     set(ml_readme cmake/package/README-windows.md.in)
     set(ml_documents CHANGELOG.md SECURITY.md THIRD-PARTY.md docs/c-interface.md docs/file-format.md docs/host-guide.md
-        docs/known-oddities.md docs/numerics.md docs/python.md)
+        docs/known-oddities.md docs/numerics.md docs/python.md docs/using-the-dialog.md)
     set(ml_beside LICENSE docs/images examples)
 else()
     set(ml_documentation share/doc/matlib)

@@ -26,6 +26,14 @@ struct CloseGlobalMemory
 {
     void operator()(HGLOBAL memory) const noexcept { GlobalFree(memory); }
 };
+struct CloseMetafile
+{
+    void operator()(HENHMETAFILE picture) const noexcept { DeleteEnhMetaFile(picture); }
+};
+struct DestroyMenuHandle
+{
+    void operator()(HMENU menu) const noexcept { DestroyMenu(menu); }
+};
 struct DestroyWindowHandle
 {
     void operator()(HWND window) const noexcept { DestroyWindow(window); }
@@ -50,4 +58,6 @@ using CMemoryDC = CHandle<HDC, CloseDC>; // of CreateCompatibleDC
 using CTheme = CHandle<HTHEME, CloseTheme>;
 using CActivationContextHandle = CHandle<HANDLE, CloseActivationContext>;
 using CGlobalMemory = CHandle<HGLOBAL, CloseGlobalMemory>;
+using CMetafile = CHandle<HENHMETAFILE, CloseMetafile>;
+using CMenuHandle = CHandle<HMENU, DestroyMenuHandle>;
 using CWindowHandle = CHandle<HWND, DestroyWindowHandle>;

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Chooses a material as a user does, with the mouse and the keyboard of a display, and takes a picture of each
-# step: choose-like-a-user.sh [--filtered | --keyboard] PICTURE-FOLDER COMMAND [ARGUMENT...]
+# step: choose-like-a-user.sh [--filtered | --keyboard | --chart] PICTURE-FOLDER COMMAND [ARGUMENT...]
 # The command opens the dialog "Select Material Models". With --filtered, for dielectrics, a type, a technology, a
-# range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone. What the command prints
+# range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone; --chart goes through the chart's menu. What the command prints
 # is printed, and its exit code is this one's. Run it through scripts/on-display.sh --virtual.
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 template=$repository/MaterialLibrary/resources/ChooseMaterialDlg.rc
 
 story=plain
-[[ $1 == --filtered || $1 == --keyboard ]] && story=${1#--} && shift
+[[ $1 == --filtered || $1 == --keyboard || $1 == --chart ]] && story=${1#--} && shift
 pictures=$1
 shift
 source "$repository/scripts/like-a-user.sh"
@@ -65,6 +65,35 @@ use_mouse()
     click IDOK
 }
 
+# Values under the mouse, the menu by mouse and by keyboard, a kept material, a zoom and the way back.
+use_chart()
+{
+    click ML_GRID 30 32
+    # shellcheck disable=SC2046 # two words
+    move_to $(point_in ML_CHART 40 30)
+    picture 2-values-under-the-mouse
+    xdotool click 3
+    picture 3-menu
+    press l
+    picture 4-logarithmic
+    press shift+F10 k
+    click ML_GRID 30 55
+    # shellcheck disable=SC2046 # two words
+    move_to $(point_in ML_CHART 60 40)
+    picture 5-kept
+    drag ML_CHART 20 15 45 61
+    picture 6-zoomed
+    press shift+F10 p
+    picture 7-previous-view
+    press shift+F10 v
+    press shift+F10 c
+    press shift+F10 f
+    press shift+F10 l
+    picture 8-as-before
+    click ML_BUTTON_ASSIGN
+    click IDOK
+}
+
 open_window '^Select Material Models$' "$@"
 picture 1-opened
 case $story in
@@ -80,6 +109,9 @@ filtered)
     ;;
 plain)
     use_mouse
+    ;;
+chart)
+    use_chart
     ;;
 keyboard)
     press Tab End Tab # the last technology

@@ -26,11 +26,19 @@ void CViewHistory::Note(const CChartModel& model)
 
 void CViewHistory::GoBack(CChartModel& model)
 {
-    if (!CanGoBack())
+    if (CanGoBack())
+    {
+        views.pop_back();
+        Restore(model);
+    }
+}
+
+void CViewHistory::Restore(CChartModel& model) const
+{
+    if (views.empty())
     {
         return;
     }
-    views.pop_back();
     auto range = views.back().begin();
     model.ForEachAxis(
         [&](CAxis& axis, const IScale&, Direction)

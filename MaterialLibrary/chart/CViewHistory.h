@@ -20,6 +20,9 @@ public:
     // The axes ask for the view before again; to be laid out afterwards.
     void GoBack(CChartModel& model);
 
+    // The axes ask for the present view again, where they have been reset.
+    void Restore(CChartModel& model) const;
+
 private:
     using View = std::vector<std::pair<double, double>>; // of each axis what it asks for
 

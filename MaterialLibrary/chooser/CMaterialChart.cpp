@@ -36,6 +36,7 @@ void CMaterialChart::SetUpAxes(CChartModel& model) const
         model.ClearAutomaticPrefix(rightAxis);
     }
     SetUpFrequencies(model);
+    model.SetScaleMode(logarithmic, false);
 }
 
 void CMaterialChart::SetUpFrequencies(CChartModel& model) const
@@ -54,8 +55,10 @@ void CMaterialChart::SetUpFrequencies(CChartModel& model) const
         axis->lowerLimit = emptyChartHertz;
         for (const CChartCurve& curve : inHertz)
         {
-            axis->lowerLimit =
-                curve.points.empty() ? axis->lowerLimit : std::min(axis->lowerLimit, curve.bounds.xMin);
+            if (!curve.points.empty())
+            {
+                axis->lowerLimit = std::min(axis->lowerLimit, curve.bounds.xMin);
+            }
         }
     }
 }
@@ -77,10 +80,13 @@ std::array<CMaterialChart::CurveSlot, 2> CMaterialChart::GetSlots() const
 
 bool CMaterialChart::CanKeep() const
 {
-    const auto hasRows = [](const CChartCurve& curve) { return !curve.points.empty(); };
     const auto isShown = [this](const KeptMaterial& material) { return material.name == shownName; };
-    return kept.size() < mostKept && std::ranges::any_of(shown, hasRows) &&
-           std::ranges::none_of(kept, isShown);
+    return kept.size() < mostKept && HasShownRows() && std::ranges::none_of(kept, isShown);
+}
+
+bool CMaterialChart::HasShownRows() const
+{
+    return std::ranges::any_of(shown, [](const CChartCurve& curve) { return !curve.points.empty(); });
 }
 
 void CMaterialChart::Keep()

@@ -41,6 +41,8 @@ public:
     // Puts curves, legend and scale into the chart; its view is all of the data. To be laid out afterwards.
     void Show(CChart& chart);
 
+    [[nodiscard]] bool HasRows() const { return HasKept() || HasShownRows(); }
+
     // The rows of all curves with tabs between the columns, each row and the titles on a line: in the order
     // of the frequencies, with a blank cell where a curve has no row. Empty without curves.
     [[nodiscard]] std::string FormatValues() const;
@@ -59,6 +61,7 @@ private:
     };
 
     [[nodiscard]] std::array<CurveSlot, 2> GetSlots() const;
+    [[nodiscard]] bool HasShownRows() const;
     void SetUpFrequencies(CChartModel& model) const;
     void AddCurves(CChart& chart, MaterialCurves& curves, std::vector<std::int64_t>& added, bool always);
     [[nodiscard]] CChartCurve& ToHertz(const CChartCurve& curve);

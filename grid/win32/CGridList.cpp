@@ -1,11 +1,11 @@
 #include "grid/win32/CGridList.h"
 
+#include "framework/Clipboard.h"
 #include "framework/DrawingScopes.h"
 #include "framework/ModuleResources.h"
 #include "framework/TextConversion.h"
 #include "framework/WindowScopes.h"
 #include "grid/GridTexts.h"
-#include "grid/win32/Clipboard.h"
 
 #include <algorithm>
 #include <new>

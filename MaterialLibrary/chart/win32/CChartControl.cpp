@@ -1,10 +1,15 @@
 #include "chart/win32/CChartControl.h"
 
+#include "chart/CSvgCanvas.h"
 #include "chart/CurveSearch.h"
+#include "chart/win32/ChartPictures.h"
+#include "framework/Clipboard.h"
 #include "framework/DrawingScopes.h"
 #include "framework/ModuleResources.h"
 #include "resources/CursorIds.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <windowsx.h>
 
 const UINT chartZoomChangedMessage = RegisterWindowMessageA("__QZ_ChartControl_CCM_ZOOMCHANGED__");
@@ -93,6 +98,36 @@ void CChartControl::SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick)
     zoomCursor = zoom;
     panCursor = pan;
     pickCursor = pick;
+}
+
+bool CChartControl::CopyPicture()
+{
+    RECT client{};
+    if (GetHandle() == nullptr || GetClientRect(GetHandle(), &client) == FALSE)
+    {
+        return false;
+    }
+    const ChartPointer noPointer;
+    const ChartScene scene = {chart.GetModel(), chart.GetStyle(), noPointer, ToPixelRect(client)};
+    CGlobalMemory bitmap = DrawBitmap(scene, font);
+    CMetafile metafile = DrawMetafile(scene, font);
+    CClipboard clipboard(GetHandle());
+    const bool tookMetafile = metafile && clipboard.Put(std::move(metafile));
+    const bool tookBitmap = bitmap && clipboard.Put(CF_DIB, std::move(bitmap));
+    return tookMetafile && tookBitmap;
+}
+
+std::string CChartControl::DrawSvg()
+{
+    RECT client{};
+    if (GetHandle() != nullptr)
+    {
+        GetClientRect(GetHandle(), &client);
+    }
+    LOGFONTW face{};
+    GetObjectW(font, sizeof face, &face);
+    return DrawSvgPicture(chart.GetModel(), chart.GetStyle(), {client.right, client.bottom},
+                          std::max(std::abs(static_cast<int>(face.lfHeight)), 1));
 }
 
 LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -50,6 +50,12 @@ public:
     // Not owned. A null one leaves the arrow.
     void SetCursors(HCURSOR zoom, HCURSOR pan, HCURSOR pick);
 
+    // Puts a bitmap and a metafile of the chart on the clipboard. False when another program does not let go
+    // of it, or without a window.
+    bool CopyPicture();
+    // The chart in a picture of the window's size.
+    [[nodiscard]] std::string DrawSvg();
+
     // The whole window is painted again, later.
     void Invalidate() override { Repaint(true); }
 

@@ -4,6 +4,7 @@
 #include "MaterialLibrary/IMaterial.h"
 #include "chooser/ChooserFilterSettings.h"
 #include "chooser/ThicknessUnits.h"
+#include "chooser/win32/ChooserProfile.h"
 #include "framework/DialogItems.h"
 #include "framework/Profile.h"
 #include "framework/WindowScopes.h"
@@ -15,10 +16,10 @@
 #include <algorithm>
 #include <optional>
 #include <utility>
+#include <windowsx.h>
 
 namespace
 {
-constexpr const char* profileSection = "SelectMaterial";
 constexpr const char* showChartName = "ShowChart";
 
 // Where the columns of a kind stand.
@@ -135,7 +136,7 @@ bool CChooseMaterialDlg::OnInitDialog()
         });
     grid->SetUp(kind);
     ApplyUnits();
-    grid->ShowColumnPlaces(ParseColumnPlaces(ReadProfileString(profileSection, GetColumnsName(kind), "")));
+    grid->ShowColumnPlaces(ParseColumnPlaces(ReadProfileString(chooserSection, GetColumnsName(kind), "")));
     chart.Attach(ML_CHART, GetHandle());
     CreateMover();
     ReadShowChart();
@@ -269,9 +270,18 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
 {
     if (message == WM_DESTROY)
     {
-        StoreProfileInteger(profileSection, showChartName, showChart ? 1 : 0);
-        StoreProfileString(profileSection, GetColumnsName(kind),
+        StoreProfileInteger(chooserSection, showChartName, showChart ? 1 : 0);
+        StoreProfileString(chooserSection, GetColumnsName(kind),
                            FormatColumnPlaces(grid->ReadColumnPlaces()));
+    }
+    if (message == chartZoomChangedMessage)
+    {
+        chart.OnZoomChanged();
+    }
+    if (message == WM_CONTEXTMENU &&
+        chart.OnContextMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, lParam == -1))
+    {
+        return 0;
     }
     const LRESULT result = CDialog::HandleMessage(message, wParam, lParam);
     if (message == WM_SHOWWINDOW && wParam != FALSE && !opened)
@@ -422,7 +432,7 @@ void CChooseMaterialDlg::LayOutControls()
 
 void CChooseMaterialDlg::ReadShowChart()
 {
-    showChart = ReadProfileInteger(profileSection, showChartName, 1) != 0;
+    showChart = ReadProfileInteger(chooserSection, showChartName, 1) != 0;
     SetItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY, showChart);
     if (!showChart)
     {
