@@ -1,6 +1,7 @@
 #include "grid/CGridModel.h"
 
 #include <algorithm>
+#include <bit>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -114,6 +115,7 @@ TEST(CGridModel, TellsItsListenerOnceTheRedrawIsUnlocked)
     }
     constexpr unsigned all =
         GRIDCHANGE_CELLS | GRIDCHANGE_ROWS | GRIDCHANGE_ORDER | GRIDCHANGE_SELECTION | GRIDCHANGE_CURRENT;
+    EXPECT_EQ(std::popcount(all), 5) << "a bit for each";
     EXPECT_THAT(listener.told, ElementsAre(all));
 }
 
