@@ -63,6 +63,19 @@ TEST(SortRows, KeepsEmptyTextsLastAndFormerKeysAsSecondary)
     EXPECT_EQ(model.GetSortedBy(), GridSortKey()) << "rows may have come that are not sorted";
 }
 
+TEST(SortRows, ThirdKeyCountsByTheTextsOfNow)
+{
+    CGridModel model;
+    model.Reset(3);
+    model.SetRowCount(2);
+    Click(model, 3);
+    Click(model, 2);
+    model.SetCell(1, 3, 0, "b");
+    model.SetCell(2, 3, 0, "a");
+    Click(model, 1);
+    EXPECT_STREQ(model.GetText(1, 3), "a");
+}
+
 TEST(SortRows, TakesNoRowsAndOneRow)
 {
     CGridModel model;
