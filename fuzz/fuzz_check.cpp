@@ -38,8 +38,19 @@ void Require(bool condition)
 void RequireSameError(const std::vector<Finding>& errors, const FileProblem& problem)
 {
     Require(!errors.empty());
-    Require(errors.front().place == Place{*problem.line, *problem.column});
-    Require(errors.front().text == problem.reason);
+    Require(errors.front().library->place == Place{*problem.line, *problem.column});
+    Require(errors.front().library->reason == problem.reason);
+}
+// Each finding has a place in the text and something to say.
+void RequirePlaces(const std::vector<Finding>& findings, const std::string& text)
+{
+    const CSourceLines lines(text);
+    for (const Finding& finding : findings)
+    {
+        Require(finding.where.offset + finding.where.length <= text.size() && !finding.text.empty());
+        Require(!finding.note || finding.note->where.offset + finding.note->where.length <= text.size());
+        Require(lines.PlaceOf(finding.where.offset).column > 0);
+    }
 }
 } // namespace
 
@@ -50,9 +61,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string text(reinterpret_cast<const char*>(data), size);
     CFakeMaterialLib library;
     const bool loaded = LoadMaterialText(library, text, "fuzz.mat");
-    const ParsedFile first = ParseMaterialFile(text, AfterError::stop);
-    const ParsedFile whole = ParseMaterialFile(text, AfterError::goOn);
-    Require(text == std::string(reinterpret_cast<const char*>(data), size));
+    const std::string padded = PadText(text);
+    const ParsedFile first = ParseMaterialFile(padded, AfterError::stop);
+    const ParsedFile whole = ParseMaterialFile(padded, AfterError::goOn);
+    Require(padded == PadText(text));
     Require(first.errors.size() == (loaded ? 0 : 1));
     Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);
     if (loaded)
@@ -65,6 +77,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         RequireSameError(first.errors, problem.value());
         RequireSameError(whole.errors, problem.value());
     }
-    Require(std::ranges::is_sorted(FindWarnings(whole), {}, &Finding::place));
+    RequirePlaces(whole.errors, text);
+    CFitCheck fits;
+    RequirePlaces(FindWarnings(whole, fits), text);
     return 0;
 }

@@ -3,19 +3,20 @@
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
 #include "reader/IReadObserver.h"
+#include "reader/Keywords.h"
 #include "reader/ReadError.h"
 #include "reader/ReadPlainRows.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 
 #include <algorithm>
+#include <iterator>
+#include <span>
 #include <variant>
 
 namespace
 {
 constexpr std::uint32_t newestMajor = 1;
 constexpr std::uint32_t newestMinor = 0;
-constexpr std::string_view dielectricWord = "DIELECTRIC";
-constexpr std::string_view metalWord = "METAL";
 
 // What the value of a record is and where it goes.
 struct TextValue
@@ -62,30 +63,34 @@ constexpr MLRECORDKEY metalKeys[] = {
 };
 } // namespace
 
+std::vector<std::string_view> ListKeys(MLMATERIALKIND kind)
+{
+    const std::span<const MLRECORDKEY> keys =
+        kind == MLMATERIAL_METAL ? std::span<const MLRECORDKEY>(metalKeys) : dielectricKeys;
+    std::vector<std::string_view> words;
+    std::ranges::transform(keys, std::back_inserter(words), &MLRECORDKEY::word);
+    return words;
+}
+
 CMaterialReader::CMaterialReader(CTokenScanner& tokenScanner, IReadObserver* readObserver)
     : CLexReader(tokenScanner), technologies(&GetTechnologyMap()), observer(readObserver)
 {
 }
 
-void CMaterialReader::Tell(void (IReadObserver::*event)(std::string_view, Place), std::string_view what)
+void CMaterialReader::Tell(void (IReadObserver::*event)(std::string_view), std::string_view what)
 {
     if (observer != nullptr)
     {
-        (observer->*event)(what, scanner->GetPlaceOf(what));
+        (observer->*event)(what);
     }
 }
 
-void CMaterialReader::NoteError(MLTEXTID reason)
+void CMaterialReader::Refuse(MLTEXTID reason, Expected expected)
 {
     if (observer != nullptr)
     {
-        observer->OnError(reason, {scanner->GetLine() + 1, scanner->GetColumn()});
+        observer->OnError({reason, {scanner->GetLine() + 1, scanner->GetColumn()}, expected, token});
     }
-}
-
-void CMaterialReader::Refuse(MLTEXTID reason)
-{
-    NoteError(reason);
     throw CParseError(reason);
 }
 
@@ -108,29 +113,29 @@ bool CMaterialReader::Attempt(Read read)
     }
 }
 
-void CMaterialReader::NeedToken()
+void CMaterialReader::NeedToken(Expected expected)
 {
     if (!NextToken())
     {
-        Refuse(MLTEXT_MISSING_VALUE);
+        Refuse(MLTEXT_MISSING_VALUE, expected);
     }
 }
 
-void CMaterialReader::NeedSign(char expected, MLTEXTID reason)
+void CMaterialReader::NeedSign(char sign, MLTEXTID reason, Expected expected)
 {
     scanner->GoToToken();
-    if (!scanner->TakeDelimiter(expected, token))
+    if (!scanner->TakeDelimiter(sign, token))
     {
         static_cast<void>(NextToken()); // an error is told behind the token that breaks the rule
-        Refuse(reason);
+        Refuse(reason, expected);
     }
 }
 
-void CMaterialReader::NeedThisToken(std::string_view expected, MLTEXTID reason)
+void CMaterialReader::NeedPartOfHeader(std::string_view part, Expected expected)
 {
-    if (!NextToken() || token != expected)
+    if (!NextToken() || token != part)
     {
-        Refuse(reason);
+        Refuse(MLTEXT_BAD_HEADER, expected);
     }
 }
 
@@ -139,54 +144,56 @@ std::string_view CMaterialReader::NeedQuoted()
     std::string_view quoted;
     if (!scanner->ReadQuoted(quoted))
     {
-        Refuse(MLTEXT_MISSING_VALUE);
+        Refuse(MLTEXT_MISSING_VALUE, Expected::text);
     }
     return quoted;
 }
 
-double CMaterialReader::NeedNumber(MLTEXTID reason)
+double CMaterialReader::NeedNumber(MLTEXTID reason, Expected expected)
 {
     double value = 0.0;
     if (!scanner->ReadNumber(value))
     {
-        Refuse(reason);
+        Refuse(reason, expected);
     }
     return value;
 }
 
 double CMaterialReader::NeedAssignedNumber()
 {
-    NeedSign('=', MLTEXT_EQUALS_EXPECTED);
-    return NeedNumber(MLTEXT_BAD_NUMBER);
+    NeedSign('=', MLTEXT_EQUALS_EXPECTED, Expected::equals);
+    return NeedNumber(MLTEXT_BAD_NUMBER, Expected::number);
 }
 
 void CMaterialReader::ReadHeader()
 {
-    for (const std::string_view expected : {"{", "MAT_FILE", "}"})
+    for (const std::string_view part : {std::string_view("{"), keyword::matFile, std::string_view("}")})
     {
-        NeedThisToken(expected, MLTEXT_BAD_HEADER);
+        NeedPartOfHeader(part, Expected::header);
     }
 }
 
 void CMaterialReader::ReadVersion()
 {
-    for (const std::string_view expected : {"{", "VERSION", "="})
+    for (const std::string_view part : {std::string_view("{"), keyword::version, std::string_view("=")})
     {
-        NeedThisToken(expected, MLTEXT_BAD_HEADER);
+        NeedPartOfHeader(part, Expected::version);
     }
-    if (!scanner->ReadInteger(MajorVersion()))
-    {
-        Refuse(MLTEXT_BAD_HEADER);
-    }
-    NeedThisToken(".", MLTEXT_BAD_HEADER);
-    if (!scanner->ReadInteger(MinorVersion()))
-    {
-        Refuse(MLTEXT_BAD_HEADER);
-    }
-    NeedThisToken("}", MLTEXT_BAD_HEADER);
+    ReadVersionNumber(MajorVersion());
+    NeedPartOfHeader(".", Expected::version);
+    ReadVersionNumber(MinorVersion());
+    NeedPartOfHeader("}", Expected::version);
     if (major > newestMajor || (major == newestMajor && minor > newestMinor))
     {
-        Refuse(MLTEXT_NEWER_VERSION);
+        Refuse(MLTEXT_NEWER_VERSION, Expected::knownVersion);
+    }
+}
+
+void CMaterialReader::ReadVersionNumber(std::uint32_t& number)
+{
+    if (!scanner->ReadInteger(number))
+    {
+        Refuse(MLTEXT_BAD_HEADER, Expected::versionNumber);
     }
 }
 
@@ -221,7 +228,7 @@ bool CMaterialReader::ReadNextBlock(CFakeMaterialLib& library)
     {
         if (NextToken())
         {
-            Refuse(MLTEXT_BRACKET_EXPECTED);
+            Refuse(MLTEXT_BRACKET_EXPECTED, Expected::block);
         }
         return false;
     }
@@ -233,11 +240,12 @@ bool CMaterialReader::ReadNextBlock(CFakeMaterialLib& library)
 void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
 {
     scanner->GoToToken();
-    const bool isDielectric = scanner->TakeWord(dielectricWord, token);
-    if (!isDielectric && !scanner->TakeWord(metalWord, token))
+    const bool isDielectric = scanner->TakeWord(keyword::dielectric, token);
+    if (!isDielectric && !scanner->TakeWord(keyword::metal, token))
     {
-        NeedToken();
-        return; // the word of an unknown block is passed over
+        NeedToken(Expected::blockWord);
+        Tell(&IReadObserver::OnUnknownBlock, token);
+        return;
     }
     Tell(&IReadObserver::OnBlock, token);
     if (blockWord.empty())
@@ -246,7 +254,8 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
     }
     if (blockWord != token)
     {
-        static_cast<void>(Attempt([this] { Refuse(MLTEXT_MIXED_KINDS); })); // read it all the same
+        static_cast<void>(
+            Attempt([this] { Refuse(MLTEXT_MIXED_KINDS, Expected::sameKind); })); // read it all the same
     }
     CMaterial& material = library.MakeMaterial();
     if (isDielectric ? ReadDielectric(material) : ReadMetal(material))
@@ -295,17 +304,17 @@ bool CMaterialReader::ReadRecord(CMaterial& material)
     scanner->GoToToken();
     if (!scanner->TakeDelimiter('(', token))
     {
-        NeedToken();
+        NeedToken(Expected::record);
         if (!IsSign('}'))
         {
-            Refuse(MLTEXT_BRACKET_EXPECTED);
+            Refuse(MLTEXT_BRACKET_EXPECTED, Expected::record);
         }
         return false;
     }
     const MLRECORDKEY* const key = TakeKey<keys>(std::make_index_sequence<std::size(keys)>());
     if (key == nullptr)
     {
-        NeedToken(); // a word alone, "(FOO)", passes
+        NeedToken(Expected::key); // a word alone, "(FOO)", passes
     }
     Tell(&IReadObserver::OnRecord, token);
     if (key != nullptr)
@@ -318,7 +327,7 @@ bool CMaterialReader::ReadRecord(CMaterial& material)
         }
         ReadValue(material, *key);
     }
-    NeedSign(')', MLTEXT_BRACKET_EXPECTED);
+    NeedSign(')', MLTEXT_BRACKET_EXPECTED, Expected::recordEnd);
     return true;
 }
 
@@ -340,7 +349,7 @@ void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
         material.SetAttribute(number->attribute, NeedAssignedNumber());
         return;
     }
-    NeedSign('=', MLTEXT_EQUALS_EXPECTED);
+    NeedSign('=', MLTEXT_EQUALS_EXPECTED, Expected::equals);
     if (const auto* text = std::get_if<TextValue>(&key.value))
     {
         const std::string_view quoted = NeedQuoted();
@@ -349,7 +358,7 @@ void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
     }
     else
     {
-        NeedToken();
+        NeedToken(Expected::word);
         Tell(&IReadObserver::OnTechnology, token);
         material.SetIntAttribute(MLATTR_TECHNOLOGY, GetTechnologyId(token));
     }
@@ -370,23 +379,23 @@ void CMaterialReader::ReadTable(CMaterialTable& table)
 {
     while (scanner->GoToToken() != ')')
     {
-        if (scanner->TakeWord("TABLE", token))
+        if (scanner->TakeWord(keyword::table, token))
         {
-            NeedSign('=', MLTEXT_EQUALS_EXPECTED);
+            NeedSign('=', MLTEXT_EQUALS_EXPECTED, Expected::equals);
             ReadRows(table);
         }
-        else if (scanner->TakeWord("TEMPERATURE", token))
+        else if (scanner->TakeWord(keyword::temperature, token))
         {
             table.SetTemperature(NeedAssignedNumber());
         }
-        else if (scanner->TakeWord("VALUE", token))
+        else if (scanner->TakeWord(keyword::value, token))
         {
             Tell(&IReadObserver::OnSingleValue, token);
             table.SetSingleValue(NeedAssignedNumber());
         }
         else if (NextToken())
         {
-            Refuse(MLTEXT_UNKNOWN_TABLE_ITEM);
+            Refuse(MLTEXT_UNKNOWN_TABLE_ITEM, Expected::tableItem);
         }
         else
         {
@@ -416,7 +425,7 @@ void CMaterialReader::ReadRows(CMaterialTable& table)
             return;
         }
         Tell(&IReadObserver::OnRow, token);
-        row.value = NeedNumber(MLTEXT_FREQUENCY_WITHOUT_VALUE);
+        row.value = NeedNumber(MLTEXT_FREQUENCY_WITHOUT_VALUE, Expected::rowValue);
         table.AddEntry(row);
     }
 }

@@ -12,6 +12,7 @@ class CFakeMaterialLib;
 class CMaterial;
 class CMaterialTable;
 class IReadObserver;
+enum class Expected;
 struct MLRECORDKEY;
 
 // Reads material libraries: a header and blocks of dielectrics or of metals (docs/file-format.md). Every
@@ -36,6 +37,7 @@ public:
 private:
     void ReadHeader();
     void ReadVersion();
+    void ReadVersionNumber(std::uint32_t& number);
     [[nodiscard]] bool ReadNextBlock(CFakeMaterialLib& library);
     void ReadBlock(CFakeMaterialLib& library);
     [[nodiscard]] bool ReadDielectric(CMaterial& material);
@@ -53,16 +55,15 @@ private:
 
     [[nodiscard]] bool NextToken() { return scanner->NextToken(token); }
     [[nodiscard]] bool IsSign(char sign) const { return token.size() == 1 && token.front() == sign; }
-    void NeedToken();
-    void NeedSign(char expected, MLTEXTID reason);
-    void NeedThisToken(std::string_view expected, MLTEXTID reason);
+    void NeedToken(Expected expected);
+    void NeedSign(char sign, MLTEXTID reason, Expected expected);
+    void NeedPartOfHeader(std::string_view part, Expected expected);
     [[nodiscard]] std::string_view NeedQuoted();
-    [[nodiscard]] double NeedNumber(MLTEXTID reason);
+    [[nodiscard]] double NeedNumber(MLTEXTID reason, Expected expected);
     [[nodiscard]] double NeedAssignedNumber();
 
-    void Tell(void (IReadObserver::*event)(std::string_view, Place), std::string_view what);
-    void NoteError(MLTEXTID reason);
-    [[noreturn]] void Refuse(MLTEXTID reason);
+    void Tell(void (IReadObserver::*event)(std::string_view), std::string_view what);
+    [[noreturn]] void Refuse(MLTEXTID reason, Expected expected);
     template <class Read>
     [[nodiscard]] bool Attempt(Read read);
 

@@ -119,12 +119,6 @@ public:
         return static_cast<std::uint32_t>(at.cursor - at.lineStart);
     }
 
-    // Where the last token begins.
-    [[nodiscard]] Place GetPlaceOf(std::string_view token) const
-    {
-        return {at.line + 1, static_cast<unsigned>(token.data() - at.lineStart) + 1};
-    }
-
 private:
     enum Class : std::uint8_t
     {

@@ -5,24 +5,54 @@
 
 class CMaterial;
 
-// Hears of what a reader meets, in the order of the file, each with the token and where that begins. It may
-// have the reader go on behind a broken rule.
+// What the reader wanted where a rule was broken.
+enum class Expected
+{
+    header,        // the next part of {MAT_FILE}
+    version,       // the next part of {VERSION=1.0} but its numbers
+    versionNumber, // one of these
+    knownVersion,  // a version that is not newer than the reader
+    block,         // "{"
+    blockWord,     // DIELECTRIC or METAL
+    sameKind,      // the block word of the first material
+    record,        // "(" or "}"
+    key,           // a record's key
+    equals,        // "=" behind a key or a table's word
+    text,          // in quotes, on the line of the "="
+    number,        // on the line of the "="
+    word,          // a technology
+    recordEnd,     // ")"
+    tableItem,     // a table's word or ")"
+    rowValue       // a number on the line of its frequency
+};
+
+struct BrokenRule
+{
+    MLTEXTID reason; // the library's message
+    Place place;     // where the scanner stands: the library's place
+    Expected expected;
+    std::string_view token; // the one read last, empty at the end of the text. A value that is missing or
+                            // wrong is no token: it would stand behind.
+};
+
+// Hears of what a reader meets, in the order of the file, each with the token: a part of the text that the
+// scanner is attached to. It may have the reader go on behind a broken rule.
 class IReadObserver
 {
 public:
-    virtual void OnBlock(std::string_view word, Place place) = 0;
-    virtual void OnRecord(std::string_view key, Place place) = 0;
-    virtual void OnText(std::string_view text, Place place) = 0;        // a record's value in quotes
-    virtual void OnTechnology(std::string_view word, Place place) = 0;  // a record's value without
-    virtual void OnTable(std::string_view key, Place place) = 0;        // the record is a table
-    virtual void OnRow(std::string_view frequency, Place place) = 0;    // the table has one more row
-    virtual void OnSingleValue(std::string_view word, Place place) = 0; // the table has this one row
+    virtual void OnBlock(std::string_view word) = 0;
+    virtual void OnUnknownBlock(std::string_view word) = 0; // passed over; another "{" has to follow
+    virtual void OnRecord(std::string_view key) = 0;
+    virtual void OnText(std::string_view text) = 0;        // a record's value in quotes
+    virtual void OnTechnology(std::string_view word) = 0;  // a record's value without
+    virtual void OnTable(std::string_view key) = 0;        // the record is a table
+    virtual void OnRow(std::string_view frequency) = 0;    // the table has one more row
+    virtual void OnSingleValue(std::string_view word) = 0; // the table has this one row
 
     // A block has been read without an error.
     virtual void OnMaterial(CMaterial& material) = 0;
 
-    // A rule was broken at this place, where the scanner stands.
-    virtual void OnError(MLTEXTID reason, Place place) = 0;
+    virtual void OnError(const BrokenRule& rule) = 0;
 
     // Whether reading goes on behind an error. It does after one of the operations below, which get the token
     // that was read last, empty at the end of the text, and move the scanner.

@@ -3,9 +3,10 @@
 #include "reader/LoadMaterialFile.h"
 #include "tests/CollectedMessages.h"
 #include "tools/matlib/LibraryMessages.h"
-#include "tools/matlib/check/ParsedFile.h"
+#include "tools/matlib/check/CheckText.h"
 
 #include <fstream>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace
@@ -31,13 +32,15 @@ std::string RefusalOfLibrary(std::string text)
 
 std::string RefusalOfCheck(std::string text, AfterError afterError)
 {
-    const ParsedFile file = ParseMaterialFile(text, afterError);
+    const std::string padded = PadText(std::move(text));
+    const ParsedFile file = ParseMaterialFile(padded, afterError);
     if (file.errors.empty())
     {
         return {};
     }
-    const Finding& error = file.errors.front();
-    return std::to_string(error.place.line) + ":" + std::to_string(error.place.column) + ": " + error.text;
+    const LibraryMessage& error = file.errors.front().library.value();
+    return std::to_string(error.place.line) + ":" + std::to_string(error.place.column) + ": " +
+           std::string(error.reason);
 }
 
 void ExpectSameRefusal(const std::string& text)
@@ -63,11 +66,74 @@ TEST(Check, RefusesCutAndDamagedFilesWhereTheLibraryDoes)
 
 TEST(Check, GoesOnBehindABrokenHeader)
 {
-    std::string text = "{MATFILE}{DIELECTRIC(NAME=\"A\")(FOO=1)}{DIELECTRIC(NAME=\"B\")}";
+    const std::string text = PadText("{MATFILE}{DIELECTRIC(NAME=\"A\")(FOO=1)}{DIELECTRIC(NAME=\"B\")}");
     const ParsedFile file = ParseMaterialFile(text, AfterError::goOn);
     ASSERT_EQ(file.errors.size(), 2U);
-    EXPECT_EQ(file.errors[1].place, (Place{1, 35}));
+    EXPECT_EQ(file.errors[1].library->place, (Place{1, 35}));
     ASSERT_EQ(file.materials.size(), 1U);
     EXPECT_EQ(file.materials[0].name, "B");
+}
+// What is shown of the first finding: its place, rule and text.
+std::string Explain(const std::string& records)
+{
+    const std::string text = "{MAT_FILE}{VERSION=1.0}\n{DIELECTRIC" + records;
+    CTextChecker checker(AfterError::stop);
+    const CheckedText checked = checker.Check("x.mat", PadText(text));
+    for (const Finding& finding : checked.findings)
+    {
+        if (finding.isError)
+        {
+            const Place place = CSourceLines(text).PlaceOf(finding.where.offset);
+            return std::to_string(place.line) + ":" + std::to_string(place.column) + " " +
+                   std::string(finding.rule) + ": " + finding.text;
+        }
+    }
+    return {};
+}
+
+TEST(Check, ExplainsTheMistakeWhereItStands)
+{
+    struct
+    {
+        const char* records;
+        const char* start;
+        const char* advice;
+    } const rows[] = {
+        {"(THIKNESS = 1)}", "2:13 unknown-key", "did you mean THICKNESS?"},
+        {"(thikness = 1)}", "2:13 unknown-key", "did you mean THICKNESS?"},
+        {"(Rb = 1)}", "2:13 other-kind", "RB is a key of a metal"},
+        {"(THICKNESS = 0,2mm)}", "2:25 unit", "Write 200e-6."},
+        {"(THICKNESS = 8 mil)}", "2:25 unit", "Write 203.2e-6."},
+        {"(THICKNESS = 0,2)}", "2:25 decimal-comma", "write 0.2."},
+        {"(THICKNESS = \"0.2\")}", "2:25 number", "without quotes"},
+        {"(THICKNESS = -007)}", "2:25 number", "Write -7."},
+        {"(ER TABLE = 1GHz 4,2 2GHz 4,1)}", "2:29 decimal-comma", "write 4.2."},
+        {"(ER TABLE = 1GHz 4.2 2 ghz 4.1)}", "2:33 blank-before-unit", "Write 2GHz,"},
+        {"(ER TEMPERATURE = 25C VALUE = 4)}", "2:30 unit", "Write 25."},
+        {"(ER TEMPERATURE = 298.15 K VALUE = 4)}", "2:30 unit", "Write 25."},
+        {"(LOSSTANGENT VALUE = 2%)}", "2:33 unit", "Write 0.02."},
+        {"(ER = 4.2)}", "2:16 unknown-word", "(ER VALUE = 4.2)"},
+        {"(ER value = 4.2)}", "2:16 letter-case", "Write VALUE."},
+        {"(ER VALUE = 4 LOSSTANGENT VALUE = 0)}", "2:26 bracket-not-closed", "write (LOSSTANGENT"},
+        {"(NAME = 'Board')}", "2:20 quotes-missing", "plain double quotes"},
+        {"(NAME = \xE2\x80\x9C"
+         "Board\xE2\x80\x9D)}",
+         "2:20 quotes-missing", "plain double quotes"},
+        {"(NAME = )}", "2:13 value-missing", "leave the record out"},
+        {"(NAME: \"Board\")}", "2:13 unknown-key", "did you mean NAME?"},
+        {"(NAME : \"Board\")}", "2:18 equals-missing", "instead of \":\""},
+        {"(NAME = \"8\" core\")}", "2:24 surplus-word", "cannot contain a quote"},
+        {"(NAME = \"A\n)\n(TYPE = ", "2:20 quote-not-closed", "closing quote"},
+        {"(TECHNOLOGY = )\n}", "2:13 value-missing", "Core, Prepreg or Flexcore"},
+        {"\n(NAME = \"A\"\n\n", "3:12 bracket-not-closed", "\")\" and \"}\""},
+        {"(NAME = \"A\n\")}\n}", "4:1 bracket-surplus", "closes nothing"},
+        {"}{dielectric}", "2:14 letter-case", "Write DIELECTRIC."},
+    };
+    for (const auto& row : rows)
+    {
+        const std::string explained = Explain(row.records);
+        EXPECT_THAT(explained, testing::StartsWith(row.start)) << row.records;
+        EXPECT_THAT(explained, testing::HasSubstr(row.advice)) << row.records;
+    }
 }
 } // namespace

@@ -38,6 +38,13 @@ struct ListFilter
     std::string sortKey;                  // empty: as in the files
 };
 
+enum class Colouring
+{
+    automatic, // on a terminal
+    always,
+    never
+};
+
 // What the user asked for; each command reads only its own part.
 struct Options
 {
@@ -68,5 +75,9 @@ struct Options
     int pictureWidth = 760;                              // plot, pixels
     int pictureHeight = 400;                             // plot, pixels
     bool strict = false;                                 // check: warnings make a file bad
+    std::vector<std::string> allowedRules;               // check: no warnings of these
+    std::vector<std::string> deniedRules;                // check: warnings of these make a file bad
+    std::string explainedRule;                           // check: nothing but its page; empty: none
+    Colouring colouring = Colouring::automatic;          // check
     bool allErrors = false;                              // check: go on behind the first error of a file
 };

@@ -38,6 +38,12 @@ void PrepareProcess();
 // Whether somebody reads the standard error stream on a terminal.
 [[nodiscard]] bool IsWatched();
 
+// Whether standard output goes to a terminal that shows colours.
+[[nodiscard]] bool CanShowColours();
+
+// The files with the extension .mat, in any letter case, in the folder and those below, by path.
+[[nodiscard]] std::vector<std::string> FindMaterialFiles(const std::string& folder);
+
 // The path of a program in the folders of PATH, never in the current folder; empty when it is in none.
 [[nodiscard]] std::string FindProgram(const char* name);
 

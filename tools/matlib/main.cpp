@@ -10,6 +10,10 @@ namespace
 {
 int RunCommand(const Options& options)
 {
+    if (options.command == Command::check)
+    {
+        return RunCheck(options); // reads files itself
+    }
     const auto host = OpenLibraryHost(options.dllPath);
     switch (options.command)
     {
@@ -26,7 +30,7 @@ int RunCommand(const Options& options)
     case Command::plot:
         return RunPlot(options, *host);
     case Command::check:
-        return RunCheck(options, *host);
+        break;
     case Command::choose:
         return RunChoose(options, *host);
     }

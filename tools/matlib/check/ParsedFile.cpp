@@ -2,18 +2,25 @@
 
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
+#include "model/PropertyAnswers.h"
 #include "reader/CMaterialReader.h"
 #include "reader/IReadObserver.h"
+#include "reader/Keywords.h"
+#include "reader/LoadMaterialFile.h"
 #include "reader/ReadError.h"
 #include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/check/ExplainError.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <set>
 
 namespace
 {
 bool IsBlockWord(std::string_view word)
 {
-    return word == "DIELECTRIC" || word == "METAL";
+    return word == keyword::dielectric || word == keyword::metal;
 }
 
 // Whether the quotes in the word leave a text open, or close one that was.
@@ -27,53 +34,51 @@ bool IsSign(std::string_view token, char sign)
     return token.size() == 1 && token.front() == sign;
 }
 
+// Whether a text holds what its author may not see.
+bool IsOdd(std::string_view text)
+{
+    return std::ranges::any_of(text, [](char c) { return c == '\r' || c == '\n' || (c & '\x80') != 0; });
+}
+
 // Keeps what the reader meets, and finds where reading goes on behind an error.
 class CFileObserver final : public IReadObserver
 {
 public:
-    CFileObserver(CTokenScanner& tokenScanner, const char* text, AfterError whatAfterError)
-        : scanner(tokenScanner), start(text), afterError(whatAfterError)
+    CFileObserver(CTokenScanner& tokenScanner, std::string_view wholeFile, AfterError whatAfterError)
+        : scanner(tokenScanner), start(wholeFile.data()), afterError(whatAfterError)
     {
+        context.wholeFile = wholeFile;
+        context.text = wholeFile.substr(0, wholeFile.find('\0'));
+        file.text = context.text;
     }
 
-    void OnBlock(std::string_view, Place place) override
+    void OnBlock(std::string_view word) override;
+    void OnUnknownBlock(std::string_view word) override
     {
-        material = {};
-        material.place = place;
+        context.unknownBlock = word;
+        context.block = {};
     }
-    void OnRecord(std::string_view key, Place place) override
+    void OnRecord(std::string_view key) override;
+    void OnText(std::string_view text) override;
+    void OnTechnology(std::string_view word) override
     {
-        record = place;
-        if (key == "THICKNESS")
-        {
-            material.thickness = ParsedNumber{0.0, place};
-        }
+        context.technology = word;
+        material.technology = word;
     }
-    void OnText(std::string_view text, Place) override
+    void OnTable(std::string_view key) override { material.tables.emplace_back().key = key; }
+    void OnRow(std::string_view frequency) override
     {
-        if (text.find_first_of("\r\n") != std::string_view::npos)
-        {
-            file.textsOverLines.push_back(record);
-        }
+        context.frequency = frequency;
+        material.tables.back().rows.push_back({{}, frequency});
     }
-    void OnTechnology(std::string_view word, Place place) override
-    {
-        material.technology = ParsedText{std::string(word), place};
-    }
-    void OnTable(std::string_view, Place place) override { material.tables.emplace_back().place = place; }
-    void OnRow(std::string_view frequency, Place place) override
-    {
-        material.tables.back().rows.push_back({0.0, 0.0, std::string(frequency), place});
-    }
-    void OnSingleValue(std::string_view, Place place) override
-    {
-        material.tables.back().rows = {{0.0, 0.0, {}, place}};
-    }
+    void OnSingleValue(std::string_view word) override { material.tables.back().rows = {{{}, word}}; }
     void OnMaterial(CMaterial& read) override;
 
-    void OnError(MLTEXTID reason, Place place) override
+    void OnError(const BrokenRule& broken) override
     {
-        file.errors.push_back({true, place, "format", std::string(GetLibraryText(reason))});
+        Finding& error = file.errors.emplace_back(ExplainError(context, broken));
+        error.library = LibraryMessage{broken.place, GetLibraryText(broken.reason)};
+        context.unknownBlock = {};
     }
     [[nodiscard]] bool GoesOn() const override { return afterError == AfterError::goOn; }
     [[nodiscard]] bool GoToNextRecord(std::string_view token) override;
@@ -89,32 +94,101 @@ private:
     const char* start;
     AfterError afterError;
     ParsedMaterial material; // the one that is being read
-    Place record;
+    ErrorContext context;
 };
+
+void CFileObserver::OnBlock(std::string_view word)
+{
+    material = {};
+    material.block = word;
+    context.block = word;
+    context.unknownBlock = {};
+    context.record = {};
+    context.quoted = {};
+    context.firstBlock = context.firstBlock.empty() ? word : context.firstBlock;
+}
+
+void CFileObserver::OnRecord(std::string_view key)
+{
+    context.record = key;
+    context.quoted = {};
+    context.technology = {};
+    context.frequency = {};
+    if (key == "THICKNESS")
+    {
+        material.thicknessKey = key;
+    }
+}
+
+void CFileObserver::OnText(std::string_view text)
+{
+    context.quoted = text;
+    if (context.record == "NAME")
+    {
+        material.name = text;
+    }
+    if (IsOdd(text))
+    {
+        file.texts.push_back(text);
+    }
+}
+
+// Between which temperatures the library derives values.
+std::vector<ParsedBetween> DeriveBetween(const CMaterial& material, MLTABLEKIND kind)
+{
+    std::set<double> temperatures;
+    for (const CMaterialTable* const table : material.GetTables())
+    {
+        if (table->GetTableKind() == kind && std::isfinite(table->GetTemperature()))
+        {
+            temperatures.insert(table->GetTemperature());
+        }
+    }
+    std::vector<ParsedBetween> betweens;
+    for (auto upper = temperatures.begin(); upper != temperatures.end(); ++upper)
+    {
+        const double middle = upper == temperatures.begin() ? *upper : (*std::prev(upper) + *upper) / 2;
+        const RowsForTemperature derived = DeriveRows(material.GetTables(), kind, middle);
+        if (derived.source == TemperatureSource::between &&
+            FindTable(material.GetTables(), kind, middle) == nullptr)
+        {
+            betweens.push_back({kind, middle, derived.rows.at(0).value});
+        }
+    }
+    return betweens;
+}
 
 // The values are those that the library would have.
 void CFileObserver::OnMaterial(CMaterial& read)
 {
     material.kind = static_cast<MLMATERIALKIND>(read.GetKind());
-    material.name = read.GetName();
-    if (material.thickness && !read.GetAttribute(MLATTR_THICKNESS, &material.thickness->value))
+    double thickness = 0.0;
+    if (read.GetAttribute(MLATTR_THICKNESS, &thickness))
     {
-        material.thickness.reset();
+        material.thickness = thickness;
     }
-    for (int i = 0; i < static_cast<int>(material.tables.size()); ++i)
+    const auto tables = read.GetTables();
+    for (std::size_t i = 0; i < material.tables.size(); ++i)
     {
-        const IMaterialTable& values = *read.GetTableAt(i);
-        ParsedTable& table = material.tables[static_cast<std::size_t>(i)];
-        table.kind = static_cast<MLTABLEKIND>(values.GetTableKind());
-        table.temperature = values.GetTemperature();
-        for (int row = 0; row < values.GetEntryCount(); ++row)
+        ParsedTable& table = material.tables[i];
+        table.kind = static_cast<MLTABLEKIND>(tables[i]->GetTableKind());
+        table.temperature = tables[i]->GetTemperature();
+        const auto entries = tables[i]->GetEntries();
+        for (std::size_t row = 0; row < entries.size(); ++row)
         {
-            ParsedRow& parsed = table.rows[static_cast<std::size_t>(row)];
-            parsed.frequency = values.GetEntry(row).frequency;
-            parsed.value = values.GetEntry(row).value;
+            table.rows[row].values = entries[row];
+        }
+    }
+    if (tables.size() > 2)
+    {
+        for (const MLTABLEKIND kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT})
+        {
+            std::ranges::move(DeriveBetween(read, kind), std::back_inserter(material.betweens));
         }
     }
     file.materials.push_back(std::move(material));
+    context.block = {};
+    context.quoted = {};
 }
 
 // The next token that is no part of a text in quotes, where the last token may have begun one.
@@ -178,12 +252,12 @@ bool CFileObserver::GoToFirstBlock(std::string_view token)
 }
 } // namespace
 
-ParsedFile ParseMaterialFile(std::string text, AfterError afterError)
+ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError)
 {
-    text.append(1 + textPadding, '\0');
     CTokenScanner scanner;
-    scanner.Attach(text.data());
-    CFileObserver observer(scanner, text.data(), afterError);
+    scanner.Attach(paddedText.data());
+    const std::string_view wholeFile(paddedText.data(), paddedText.size() - PadText({}).size());
+    CFileObserver observer(scanner, wholeFile, afterError);
     CFakeMaterialLib library;
     CMaterialReader reader(scanner, &observer);
     try

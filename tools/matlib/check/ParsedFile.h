@@ -4,16 +4,16 @@
 #include "tools/matlib/check/Finding.h"
 
 #include <optional>
+#include <string>
 #include <vector>
 
 // A material file as its author wrote it: the values that the library takes from it, each with its place.
+// Texts are parts of the file's.
 
 struct ParsedRow
 {
-    double frequency = 0.0; // Hz
-    double value = 0.0;
-    std::string frequencyText; // empty where VALUE gives the row
-    Place place;
+    MLTBLENTRY values{};
+    std::string_view frequency; // the word; that of VALUE where this gives the row
 };
 
 struct ParsedTable
@@ -21,35 +21,34 @@ struct ParsedTable
     MLTABLEKIND kind = MLTABLE_ER;
     double temperature = 25.0; // °C
     std::vector<ParsedRow> rows;
-    Place place;
+    std::string_view key;
 };
 
-struct ParsedNumber
+// What the library derives for a temperature in the middle between those of two tables.
+struct ParsedBetween
 {
-    double value = 0.0;
-    Place place;
-};
-
-struct ParsedText
-{
-    std::string text;
-    Place place;
+    MLTABLEKIND kind = MLTABLE_ER;
+    double temperature = 25.0; // °C
+    double value = 0.0;        // at every frequency
 };
 
 struct ParsedMaterial
 {
     MLMATERIALKIND kind = MLMATERIAL_DIELECTRIC;
-    std::string name;                      // empty where the file gives none
-    std::optional<ParsedNumber> thickness; // metres
-    std::optional<ParsedText> technology;  // the word as it stands
+    std::string_view block;
+    std::string_view name; // its data null where the file gives none
+    std::string_view thicknessKey;
+    std::optional<double> thickness; // metres
+    std::string_view technology;     // its data null where the file gives none
     std::vector<ParsedTable> tables;
-    Place place;
+    std::vector<ParsedBetween> betweens;
 };
 
 struct ParsedFile
 {
     std::vector<ParsedMaterial> materials; // those without an error
-    std::vector<Place> textsOverLines;     // records whose text in quotes runs past the end of its line
+    std::vector<std::string_view> texts;   // those in quotes that are not on one line or not ASCII
+    std::string_view text;                 // all of it that the library reads
     std::vector<Finding> errors;
 };
 
@@ -61,5 +60,5 @@ enum class AfterError
 };
 
 // Reads a material file for its author, by the library's own reader: it is refused for the same reason at the
-// same place.
-[[nodiscard]] ParsedFile ParseMaterialFile(std::string text, AfterError afterError);
+// same place. The text has been through PadText; it must outlive what is returned.
+[[nodiscard]] ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError);

@@ -1,15 +1,14 @@
-#include "MaterialLibrary/IMaterial.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/Console.h"
-#include "tools/matlib/Json.h"
-#include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/FindingOutput.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
-#include "tools/matlib/check/FindWarnings.h"
+#include "tools/matlib/check/CheckText.h"
+#include "tools/matlib/check/Rules.h"
 #include "tools/matlib/commands/Commands.h"
 
 #include <algorithm>
-#include <fstream>
+#include <cstdlib>
 #include <iterator>
 
 namespace
@@ -17,126 +16,166 @@ namespace
 struct Verdict
 {
     std::string path;
-    std::optional<FileProblem> problem; // nothing: the library takes the file
-    std::vector<Finding> findings;      // errors that have a place among them
-    int dielectrics = 0;
-    int metals = 0;
+    FileText text;
+    CheckedText checked;
 };
+
+bool Contains(const std::vector<std::string>& rules, std::string_view wanted)
+{
+    return std::ranges::find(rules, wanted) != rules.end();
+}
+
+Severity SeverityOf(const Finding& finding, const Options& options)
+{
+    const bool counts = finding.isError || options.strict || Contains(options.deniedRules, finding.rule);
+    return counts ? Severity::error : Severity::warning;
+}
 
 bool IsGood(const Verdict& verdict, const Options& options)
 {
-    return !verdict.problem && (verdict.findings.empty() || !options.strict);
+    return verdict.text.problem.empty() &&
+           std::ranges::none_of(verdict.checked.findings, [&](const Finding& finding)
+                                { return SeverityOf(finding, options) == Severity::error; });
 }
 
-// Reads the file once more, for its author.
-std::vector<Finding> FindAll(const std::string& path, AfterError afterError)
-{
-    std::ifstream stream(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    ParsedFile file = ParseMaterialFile(text, afterError);
-    std::vector<Finding> findings = FindWarnings(file);
-    std::ranges::move(file.errors, std::back_inserter(findings));
-    std::ranges::stable_sort(findings, {}, &Finding::place);
-    return findings;
-}
-
-Verdict CheckFile(const std::string& path, const Options& options, ILibraryHost& host)
-{
-    if (const char* const reason = DescribeUnreadable(QueryPath(path.c_str())))
-    {
-        return {path, FileProblem{{}, {}, reason}, {}};
-    }
-    const LibraryPtr library = MakeLibrary(host, {path});
-    Verdict verdict{path, {}, {}};
-    for (const std::string& message : host.TakeMessages())
-    {
-        verdict.problem = verdict.problem ? verdict.problem : FindFileProblem(message, path);
-    }
-    if (!verdict.problem || verdict.problem->line)
-    {
-        verdict.findings = FindAll(path, options.allErrors ? AfterError::goOn : AfterError::stop);
-    }
-    for (int index = library->GetMaterialCount() - 1; index >= 0; --index)
-    {
-        ++(library->GetMaterial(index)->GetKind() == MLMATERIAL_METAL ? verdict.metals : verdict.dielectrics);
-    }
-    return verdict;
-}
-
-std::string DescribeCounts(const Verdict& verdict)
+std::string DescribeCounts(const CheckedText& checked)
 {
     std::string text = "no materials";
-    if (verdict.metals > 0)
+    if (checked.metals > 0)
     {
-        text = FormatCount(verdict.metals, "metal");
+        text = FormatCount(checked.metals, "metal");
     }
-    else if (verdict.dielectrics > 0)
+    else if (checked.dielectrics > 0)
     {
-        text = FormatCount(verdict.dielectrics, "dielectric");
+        text = FormatCount(checked.dielectrics, "dielectric");
     }
-    return verdict.findings.empty()
+    return checked.findings.empty()
                ? text
-               : text + ", " + FormatCount(static_cast<int>(verdict.findings.size()), "warning");
+               : text + ", " + FormatCount(static_cast<int>(checked.findings.size()), "warning");
 }
 
-std::string RenderVerdict(const Verdict& verdict, const Options& options)
+CSourceLines SplitIntoLines(const Verdict& verdict)
+{
+    return CSourceLines(verdict.checked.findings.empty() ? "" : verdict.text.padded.c_str());
+}
+
+std::string RenderVerdict(const Verdict& verdict, const Options& options, const Palette& palette)
 {
     const std::string path = MakePrintable(verdict.path);
+    if (!verdict.text.problem.empty())
+    {
+        return path + ": error: " + verdict.text.problem + "\n";
+    }
+    const CSourceLines lines = SplitIntoLines(verdict);
     std::string text;
-    for (const Finding& finding : verdict.findings)
+    for (const Finding& finding : verdict.checked.findings)
     {
-        text += path + ":" + std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) +
-                (finding.isError || options.strict ? ": bad: " : ": warning: ") + finding.text + "\n";
+        text += RenderFinding(verdict.path, lines, finding, SeverityOf(finding, options), palette);
     }
-    if (verdict.problem && verdict.findings.empty())
-    {
-        text += path + ": bad: " + verdict.problem->reason + "\n";
-    }
-    return IsGood(verdict, options) ? text + path + ": good, " + DescribeCounts(verdict) + "\n" : text;
-}
-
-Json FindingAsJson(const Finding& finding)
-{
-    return {{"severity", finding.isError ? "error" : "warning"},
-            {"line", finding.place.line},
-            {"column", finding.place.column},
-            {"rule", finding.rule},
-            {"text", finding.text}};
+    return IsGood(verdict, options) ? text + path + ": good, " + DescribeCounts(verdict.checked) + "\n"
+                                    : text;
 }
 
 Json VerdictAsJson(const Verdict& verdict, const Options& options)
 {
     Json json = {{"path", verdict.path}, {"good", IsGood(verdict, options)}};
-    if (verdict.problem)
+    if (const auto& refusal = verdict.checked.refusal)
     {
-        const auto& [line, column, reason] = *verdict.problem;
-        json["line"] = line ? Json(*line) : Json(nullptr);
-        json["column"] = column ? Json(*column) : Json(nullptr);
-        json["reason"] = reason;
+        json["line"] = refusal->place.line;
+        json["column"] = refusal->place.column;
+        json["reason"] = refusal->reason;
+    }
+    else if (!verdict.text.problem.empty())
+    {
+        json["line"] = nullptr;
+        json["column"] = nullptr;
+        json["reason"] = verdict.text.problem;
     }
     else
     {
-        json["dielectrics"] = verdict.dielectrics;
-        json["metals"] = verdict.metals;
+        json["dielectrics"] = verdict.checked.dielectrics;
+        json["metals"] = verdict.checked.metals;
     }
     json["findings"] = Json::array();
-    std::ranges::transform(verdict.findings, std::back_inserter(json["findings"]), FindingAsJson);
+    const CSourceLines lines = SplitIntoLines(verdict);
+    for (const Finding& finding : verdict.checked.findings)
+    {
+        json["findings"].push_back(FindingAsJson(lines, finding, SeverityOf(finding, options)));
+    }
     return json;
+}
+
+Verdict CheckFile(const std::string& path, const Options& options, CTextChecker& checker)
+{
+    const bool isStream = path == "-";
+    const char* const unreadable = isStream ? nullptr : DescribeUnreadable(QueryPath(path.c_str()));
+    if (unreadable != nullptr)
+    {
+        return {path, {{}, unreadable}, {}};
+    }
+    Verdict verdict{isStream ? "<stdin>" : path, {}, {}};
+    verdict.text = isStream ? ReadText(stdin, verdict.path) : ReadText(path);
+    if (verdict.text.problem.empty())
+    {
+        verdict.checked = checker.Check(verdict.path, verdict.text.padded);
+        std::erase_if(verdict.checked.findings, [&](const Finding& finding)
+                      { return !finding.isError && Contains(options.allowedRules, finding.rule); });
+    }
+    return verdict;
+}
+
+// Folders stand for the material files in them.
+std::vector<std::string> FindFiles(const std::vector<std::string>& paths)
+{
+    std::vector<std::string> files;
+    for (const std::string& path : paths)
+    {
+        const bool isFolder = path != "-" && QueryPath(path.c_str()) == PathState::folder;
+        std::vector<std::string> found = isFolder ? FindMaterialFiles(path) : std::vector{path};
+        if (found.empty())
+        {
+            throw CFailure("there is no .mat file in " + path);
+        }
+        std::ranges::move(found, std::back_inserter(files));
+    }
+    return files;
+}
+
+bool WantsColour(Colouring colouring)
+{
+    const char* const refusal = std::getenv("NO_COLOR");
+    const bool isRefused = refusal != nullptr && *refusal != '\0';
+    return colouring == Colouring::always ||
+           (colouring == Colouring::automatic && !isRefused && CanShowColours());
 }
 } // namespace
 
-int RunCheck(const Options& options, ILibraryHost& host)
+int RunCheck(const Options& options)
 {
+    if (!options.explainedRule.empty())
+    {
+        PrintOutput(ExplainRule(options.explainedRule));
+        return exitFine;
+    }
     std::string text;
     Json list = Json::array();
     bool allGood = true;
-    CProgress progress = ShowProgress(static_cast<int>(options.filesToCheck.size()));
-    for (const std::string& path : options.filesToCheck)
+    const std::vector<std::string> files = FindFiles(options.filesToCheck);
+    const Palette palette = ChoosePalette(WantsColour(options.colouring));
+    CTextChecker checker(options.allErrors ? AfterError::goOn : AfterError::stop);
+    CProgress progress = ShowProgress(static_cast<int>(files.size()));
+    for (const std::string& path : files)
     {
-        const Verdict verdict = CheckFile(path, options, host);
+        const Verdict verdict = CheckFile(path, options, checker);
         allGood = allGood && IsGood(verdict, options);
-        text += RenderVerdict(verdict, options);
-        list.push_back(VerdictAsJson(verdict, options));
+        if (options.json)
+        {
+            list.push_back(VerdictAsJson(verdict, options));
+        }
+        else
+        {
+            text += RenderVerdict(verdict, options, palette);
+        }
         progress.Advance();
     }
     PrintOutput(options.json ? RenderJson(list) : text);

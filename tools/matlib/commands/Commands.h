@@ -25,8 +25,9 @@
 // The properties of materials over a range of frequencies as a picture.
 [[nodiscard]] int RunPlot(const Options& options, ILibraryHost& host);
 
-// Whether each file can be read, where and why not, and what looks odd in it. exitFailed if any is bad.
-[[nodiscard]] int RunCheck(const Options& options, ILibraryHost& host);
+// Whether each file can be read, where and why not, and what looks odd in it, by the library's own reader.
+// exitFailed if any is bad.
+[[nodiscard]] int RunCheck(const Options& options);
 
 // The material that the user assigns in the library's dialog. exitFailed when there is none.
 [[nodiscard]] int RunChoose(const Options& options, ILibraryHost& host);

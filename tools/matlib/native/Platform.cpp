@@ -1,5 +1,7 @@
 #include "tools/matlib/Platform.h"
 
+#include "tools/matlib/NearestNames.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -24,6 +26,30 @@ void PrepareProcess() {}
 bool IsWatched()
 {
     return isatty(STDERR_FILENO) != 0;
+}
+
+bool CanShowColours()
+{
+    const char* const terminal = std::getenv("TERM");
+    return isatty(STDOUT_FILENO) != 0 && terminal != nullptr && std::string_view(terminal) != "dumb";
+}
+
+std::vector<std::string> FindMaterialFiles(const std::string& folder)
+{
+    namespace fs = std::filesystem;
+    std::vector<std::string> files;
+    std::error_code error; // what cannot be entered has no files
+    for (fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error),
+         end;
+         !error && at != end; at.increment(error))
+    {
+        if (EqualIgnoringCase(at->path().extension().string(), ".mat") && !at->is_directory(error))
+        {
+            files.push_back(at->path().string());
+        }
+    }
+    std::ranges::sort(files);
+    return files;
 }
 
 std::string FindProgram(const char* name)

@@ -50,7 +50,7 @@ _matlib()
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
         ;;
-    --kind | --technology | --sort)
+    --kind | --technology | --sort | --color)
         _matlib_offer < <(_matlib_choices "$command" "$previous")
         return
         ;;
@@ -58,7 +58,8 @@ _matlib()
         _matlib_offer < <(_matlib_materials)
         return
         ;;
-    --freq | --from | --to | --points | --temp | --size | --type | --vendor | --thickness | --poles)
+    --freq | --from | --to | --points | --temp | --size | --type | --vendor | --thickness | --poles | --allow | --deny | \
+        --explain)
         return
         ;;
     esac

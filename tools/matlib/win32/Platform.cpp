@@ -1,5 +1,6 @@
 #include "tools/matlib/Platform.h"
 
+#include "tools/matlib/NearestNames.h"
 #include "tools/matlib/QuantityParsing.h"
 
 #include <windows.h>
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
+#include <memory>
 
 PathState QueryPath(const char* path)
 {
@@ -22,6 +24,7 @@ PathState QueryPath(const char* path)
 
 void PrepareProcess()
 {
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
@@ -31,6 +34,59 @@ bool IsWatched()
 {
     DWORD mode = 0; // fails for anything but a console
     return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
+}
+
+bool CanShowColours()
+{
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    DWORD mode = 0; // fails for anything but a console
+    return GetConsoleMode(output, &mode) != FALSE &&
+           SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != FALSE;
+}
+
+namespace
+{
+struct CloseSearch
+{
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const noexcept { FindClose(search); }
+};
+
+void AddMaterialFiles(std::vector<std::string>& files, const std::string& folder)
+{
+    WIN32_FIND_DATAA entry{};
+    const HANDLE search = FindFirstFileA((folder + "/*").c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE)
+    {
+        return; // what cannot be entered has no files
+    }
+    const std::unique_ptr<HANDLE, CloseSearch> closing(search);
+    do
+    {
+        const std::string_view name = entry.cFileName;
+        const std::string path = folder + "/" + entry.cFileName;
+        const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        if (isFolder && !isLink && name != "." && name != "..")
+        {
+            AddMaterialFiles(files, path);
+        }
+        else if (!isFolder && name.size() >= 4 && EqualIgnoringCase(name.substr(name.size() - 4), ".mat"))
+        {
+            files.push_back(path);
+        }
+    } while (FindNextFileA(search, &entry) != FALSE);
+}
+} // namespace
+
+std::vector<std::string> FindMaterialFiles(const std::string& folder)
+{
+    std::vector<std::string> files;
+    AddMaterialFiles(files, folder.ends_with('\\') || folder.ends_with('/')
+                                ? folder.substr(0, folder.size() - 1)
+                                : folder);
+    std::ranges::sort(files);
+    return files;
 }
 
 std::string FindProgram(const char* name)

@@ -1,0 +1,76 @@
+#include "tools/matlib/check/CFitCheck.h"
+
+#include "dielectric/CWidebandDebyeModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace
+{
+constexpr double leastFitFrequency = 1e4; // Hz; losses below do not enter the model
+constexpr double sameValue = 1e-9;
+
+bool TakesSum(std::span<const MLTBLENTRY> er, const PreparedData& data)
+{
+    const double sum = std::accumulate(er.begin(), er.end(), 0.0,
+                                       [](double s, const MLTBLENTRY& row) { return s + row.value; });
+    const double taken = std::hypot(data.realParts.front(), data.imaginaryParts.front());
+    return er.size() > 1 && std::abs(taken - sum) <= sameValue * sum;
+}
+
+class CWorstRow
+{
+public:
+    void Add(MLTABLEKIND kind, std::size_t index, double row, double modelled)
+    {
+        const double error = std::abs(modelled - row) / std::abs(row);
+        if (row != 0.0 && error > worstError)
+        {
+            worstError = error;
+            worst = MissedRow{kind, index, modelled};
+        }
+    }
+    [[nodiscard]] std::optional<MissedRow> Get() const { return worst; }
+
+private:
+    double worstError = CFitCheck::tolerance;
+    std::optional<MissedRow> worst;
+};
+
+FitVerdict FindVerdict(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
+{
+    const PreparedData data = PrepareData(er, loss);
+    const auto model = CWidebandDebyeModel::Fit(data);
+    if (!model)
+    {
+        return {};
+    }
+    CWorstRow worst;
+    for (std::size_t i = 0; i < er.size(); ++i)
+    {
+        worst.Add(MLTABLE_ER, i, er[i].value, model->EvaluateReal(er[i].frequency));
+    }
+    return {true, TakesSum(er, data), worst.Get()};
+}
+
+void AppendBytes(std::string& key, std::span<const MLTBLENTRY> rows)
+{
+    const auto bytes = std::as_bytes(rows);
+    key.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+}
+} // namespace
+
+const FitVerdict& CFitCheck::Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
+{
+    std::string key(1,
+                    static_cast<char>(er.size() % 251)); // where one table's rows end and the other's begin
+    AppendBytes(key, er);
+    AppendBytes(key, loss);
+    const auto [at, isNew] = verdicts.try_emplace(std::move(key));
+    if (isNew)
+    {
+        at->second = FindVerdict(er, loss);
+    }
+    return at->second;
+}

@@ -1,0 +1,82 @@
+#include "tools/matlib/check/CheckText.h"
+
+#include "reader/LoadMaterialFile.h"
+#include "reader/ReadWholeFile.h"
+#include "resources/FormatText.h"
+#include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/Wording.h"
+#include "tools/matlib/check/CWarnings.h"
+#include "tools/matlib/check/FindWarnings.h"
+#include "tools/matlib/check/Rules.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <iterator>
+
+namespace
+{
+FileText DescribeProblem(MLTEXTID frame, const std::string& path)
+{
+    const char* const reason = std::strerror(errno);
+    const std::string text =
+        FormatText(std::string(GetLibraryText(frame)), {std::string_view(path), std::string_view(reason)});
+    return {{}, JoinLines(text)};
+}
+} // namespace
+
+FileText ReadText(std::FILE* stream, const std::string& path)
+{
+    std::string text;
+    std::array<char, 65536> block;
+    while (const std::size_t got = std::fread(block.data(), 1, block.size(), stream))
+    {
+        text.append(block.data(), got);
+    }
+    return std::ferror(stream) != 0 ? DescribeProblem(MLTEXT_READ_ERROR, path)
+                                    : FileText{PadText(std::move(text)), {}};
+}
+
+FileText ReadText(const std::string& path)
+{
+    const File file(std::fopen(path.c_str(), "rb"));
+    return file == nullptr ? DescribeProblem(MLTEXT_OPEN_ERROR, path) : ReadText(file.get(), path);
+}
+
+CheckedText CTextChecker::Check(const std::string& path, const std::string& paddedText)
+{
+    ParsedFile file = ParseMaterialFile(paddedText, afterError);
+    CheckedText checked{FindWarnings(file, fits), {}, 0, 0};
+    if (!file.errors.empty())
+    {
+        checked.refusal = file.errors.front().library;
+    }
+    CheckNames(checked.findings, path, file);
+    std::erase_if(
+        checked.findings, [&](const Finding& warning)
+        { return std::ranges::find(file.errors, warning.where, &Finding::where) != file.errors.end(); });
+    std::ranges::move(file.errors, std::back_inserter(checked.findings));
+    std::ranges::stable_sort(checked.findings, {}, &Finding::where);
+    for (const ParsedMaterial& material : file.materials)
+    {
+        ++(material.kind == MLMATERIAL_METAL ? checked.metals : checked.dielectrics);
+    }
+    return checked;
+}
+
+void CTextChecker::CheckNames(std::vector<Finding>& findings, const std::string& path, const ParsedFile& file)
+{
+    CWarnings warnings(file.text);
+    for (const ParsedMaterial& material : file.materials)
+    {
+        const auto [named, isNew] = files.emplace(material.name, path);
+        if (!isNew && named->second != path && !material.name.empty())
+        {
+            warnings.Add(material.name, rule::duplicateName,
+                         "The name " + Quote(material.name) + " stands in " + MakePrintable(named->second) +
+                             " already. A host that loads both finds the material read last.");
+        }
+    }
+    std::ranges::move(warnings.findings, std::back_inserter(findings));
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "tools/matlib/check/CFitCheck.h"
+#include "tools/matlib/check/ParsedFile.h"
+
+#include <cstdio>
+#include <map>
+
+// A file as `check` reads it: its text, padded for the library's reader, or why there is none.
+struct FileText
+{
+    std::string padded;
+    std::string problem;
+};
+[[nodiscard]] FileText ReadText(const std::string& path);
+[[nodiscard]] FileText ReadText(std::FILE* stream, const std::string& path);
+
+struct CheckedText
+{
+    std::vector<Finding> findings;         // in the order of the file
+    std::optional<LibraryMessage> refusal; // the library's; none where it takes the file
+    int dielectrics = 0;
+    int metals = 0;
+};
+
+// Checks the texts of one run after the other: a name may stand in several, rows as well.
+class CTextChecker
+{
+public:
+    explicit CTextChecker(AfterError whatAfterError) : afterError(whatAfterError) {}
+    [[nodiscard]] CheckedText Check(const std::string& path, const std::string& paddedText);
+
+private:
+    void CheckNames(std::vector<Finding>& findings, const std::string& path, const ParsedFile& file);
+
+    AfterError afterError;
+    CFitCheck fits;
+    std::map<std::string, std::string, std::less<>> files; // by the names of materials
+};

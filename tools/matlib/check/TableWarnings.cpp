@@ -1,0 +1,154 @@
+#include "reader/Keywords.h"
+#include "shared/Misc_String/Decimal.h"
+#include "tools/matlib/NearestNames.h"
+#include "tools/matlib/Wording.h"
+#include "tools/matlib/check/CWarnings.h"
+#include "tools/matlib/check/FindWarnings.h"
+#include "tools/matlib/check/Rules.h"
+
+#include <algorithm>
+#include <map>
+
+namespace
+{
+constexpr double leastEr = 1.0;
+constexpr double mostEr = 50.0;
+constexpr double mostLossTangent = 0.2;
+constexpr double bandStart = 1e6; // Hz; what "matlib sweep" and "matlib plot" show without a range
+constexpr double bandEnd = 2e10;
+
+// Whether the unit is read as it looks: "1ghz" is 1 Hz to the reader and "5m" 5 mHz, while "1GHZ" is 1 GHz.
+bool HasPlainUnit(std::string_view frequency)
+{
+    const DecimalResult number = ParseDecimal(frequency);
+    std::string_view unit = frequency;
+    unit.remove_prefix(static_cast<std::size_t>(number.stop - frequency.data()));
+    if (!unit.empty() && std::string_view("TGMKk").find(unit.front()) != std::string_view::npos)
+    {
+        unit.remove_prefix(1);
+    }
+    return number.verdict != DecimalVerdict::None && (unit.empty() || EqualIgnoringCase(unit, "Hz"));
+}
+
+void CheckFrequencyWords(CWarnings& warnings, const ParsedTable& table)
+{
+    const auto odd =
+        std::ranges::find_if(table.rows, [](const ParsedRow& row)
+                             { return row.frequency != keyword::value && !HasPlainUnit(row.frequency); });
+    if (odd == table.rows.end())
+    {
+        return;
+    }
+    const std::string readAs =
+        Quote(odd->frequency) + " is read as a frequency of " + FormatNumber(odd->values.frequency) + " Hz. ";
+    if (odd->frequency.find(',') != std::string_view::npos)
+    {
+        warnings.Add(odd->frequency, rule::decimalComma,
+                     readAs + "The decimal sign is a point; rows are separated by blanks.");
+    }
+    else
+    {
+        warnings.Add(odd->frequency, rule::frequencyUnit,
+                     readAs + "Units are Hz, kHz, MHz, GHz and THz, in this letter case.");
+    }
+}
+
+void CheckOrder(CWarnings& warnings, const ParsedTable& table)
+{
+    const auto notBehind = [](const ParsedRow& first, const ParsedRow& second)
+    { return second.values.frequency <= first.values.frequency; };
+    if (std::ranges::adjacent_find(table.rows, notBehind) == table.rows.end())
+    {
+        return;
+    }
+    const auto falls =
+        std::ranges::adjacent_find(table.rows, [](const ParsedRow& first, const ParsedRow& second)
+                                   { return second.values.frequency < first.values.frequency; });
+    if (falls != table.rows.end())
+    {
+        warnings.Add(falls[1].frequency, rule::frequencyOrder,
+                     FormatFrequency(falls[1].values.frequency) + " stands behind " +
+                         FormatFrequency(falls[0].values.frequency) +
+                         ". The model expects ascending frequencies.");
+    }
+    std::map<double, std::string_view> seen;
+    for (const ParsedRow& row : table.rows)
+    {
+        const auto [first, isNew] = seen.emplace(row.values.frequency, row.frequency);
+        if (!isNew)
+        {
+            warnings.Add(row.frequency, rule::frequencyRepeated,
+                         "There is a row for " + FormatFrequency(row.values.frequency) +
+                             " already. The last one counts.",
+                         first->second, "This is the row before.");
+            return;
+        }
+    }
+}
+
+void CheckFrequencies(CWarnings& warnings, const ParsedTable& table)
+{
+    const auto notPositive =
+        std::ranges::find_if(table.rows, [](const ParsedRow& row) { return !(row.values.frequency > 0.0); });
+    if (notPositive != table.rows.end())
+    {
+        warnings.Add(notPositive->frequency, rule::frequencyRange, "The frequency is not above 0.");
+    }
+    const bool isInBand =
+        std::ranges::any_of(table.rows, [](const ParsedRow& row)
+                            { return row.values.frequency >= bandStart && row.values.frequency <= bandEnd; });
+    if (!isInBand && !table.rows.empty())
+    {
+        warnings.Add(table.key, rule::noRowsInBand,
+                     std::string(table.key) +
+                         " has no row from 1 MHz to 20 GHz, where boards are used. The first "
+                         "is at " +
+                         FormatFrequency(table.rows.front().values.frequency) + ", the last at " +
+                         FormatFrequency(table.rows.back().values.frequency) + ".");
+    }
+}
+
+void CheckEr(CWarnings& warnings, const ParsedTable& table)
+{
+    const auto odd =
+        std::ranges::find_if(table.rows, [](const ParsedRow& row)
+                             { return !(row.values.value >= leastEr && row.values.value <= mostEr); });
+    if (odd != table.rows.end())
+    {
+        warnings.Add(odd->frequency, rule::erRange,
+                     "An Er of " + FormatNumber(odd->values.value) +
+                         (odd->values.value > mostEr ? " is more than circuit boards are made of."
+                                                     : " is below 1, which no laminate has."));
+    }
+}
+
+void CheckLossTangent(CWarnings& warnings, const ParsedTable& table)
+{
+    const auto odd =
+        std::ranges::find_if(table.rows, [](const ParsedRow& row)
+                             { return !(row.values.value >= 0.0 && row.values.value <= mostLossTangent); });
+    if (odd != table.rows.end())
+    {
+        warnings.Add(odd->frequency, rule::lossTangentRange,
+                     "A loss tangent of " + FormatNumber(odd->values.value) +
+                         (odd->values.value < 0.0
+                              ? " is negative: a gain."
+                              : " is more than circuit boards have; 2% is written 0.02."));
+    }
+}
+} // namespace
+
+void CheckRows(CWarnings& warnings, const ParsedTable& table)
+{
+    CheckFrequencyWords(warnings, table);
+    CheckOrder(warnings, table);
+    CheckFrequencies(warnings, table);
+    if (table.kind == MLTABLE_ER)
+    {
+        CheckEr(warnings, table);
+    }
+    else if (table.kind == MLTABLE_LOSS_TANGENT)
+    {
+        CheckLossTangent(warnings, table);
+    }
+}
