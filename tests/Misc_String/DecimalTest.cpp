@@ -37,6 +37,14 @@ void ExpectDecimal(const Row& row)
             << result.value << " instead of " << row.value;
         EXPECT_EQ(first + size - result.stop, static_cast<std::ptrdiff_t>(row.rest.size()));
     }
+    const std::string padded = row.text + std::string(8, '\0');
+    if (decimal::IsDigit(padded[0]))
+    {
+        const UnsignedDecimal number = ParseUnsignedDecimal(padded.data());
+        const bool isOk = row.verdict == DecimalVerdict::Ok;
+        EXPECT_EQ(number.stop, isOk ? padded.data() + size - row.rest.size() : nullptr);
+        EXPECT_TRUE(!isOk || number.value == row.value) << number.value;
+    }
 }
 } // namespace
 
@@ -51,6 +59,10 @@ TEST(Decimal, Accepts)
         {"5.", "", 5.0},
         {"1.25E+10", "", 1.25e10},
         {"1e007", "", 1e7},
+        {"8.76543219", "", 8.76543219},
+        {"1.23456789012345", "", 1.23456789012345},
+        {"1.234567890123456789", "", 1.234567890123456789},
+        {"0.9876543e-3G", "G", 0.9876543e-3},
         {"1.2.3", ".3", 1.2},
         {"1-2", "-2", 1.0},
         {"1e", "e", 1.0},
