@@ -9,7 +9,7 @@ expect() { [[ $2 == "$3" ]] || fail "$1: expected \"$2\", got \"$3\""; }
 
 expect "the exports" "CreateMaterialLibrary FreeMaterialLibrary" \
     "$(sed -n '/Ordinal\/Name Pointer/,/^$/s/^\s*\[ *[0-9]*\] //p' <<<"$headers" | xargs)"
-expect "the imported modules" "ADVAPI32 COMCTL32 COMDLG32 GDI32 KERNEL32 USER32 UxTheme msvcrt" \
+expect "the imported modules" "ADVAPI32 COMCTL32 GDI32 KERNEL32 USER32 UxTheme comdlg32 msvcrt" \
     "$(sed -n 's/.*DLL Name: \(.*\)\.dll/\1/p' <<<"$headers" | LC_ALL=C sort | xargs)"
 
 # Windows may place it anywhere and runs no data.
