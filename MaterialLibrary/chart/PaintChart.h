@@ -67,6 +67,9 @@ void PaintAxes(const ChartScene& scene, ICanvas& canvas);
 void PaintCurves(const ChartScene& scene, ICanvas& canvas);
 [[nodiscard]] int PaintLegend(const ChartScene& scene, ICanvas& canvas);
 
+// How many entries the legend has room for, once the model has been laid out.
+[[nodiscard]] std::size_t CountLegendEntries(const ChartScene& scene, ITextMeasure& measure);
+
 struct PlacedText
 {
     std::string text;

@@ -131,6 +131,11 @@ private:
 };
 } // namespace
 
+std::size_t CountLegendEntries(const ChartScene& scene, ITextMeasure& measure)
+{
+    return CLegendPlacer(scene, measure).Place().size();
+}
+
 int PaintLegend(const ChartScene& scene, ICanvas& canvas)
 {
     const int h = canvas.GetTextExtent("0,").height;

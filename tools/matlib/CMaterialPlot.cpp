@@ -192,14 +192,34 @@ void CMaterialPlot::AddCurve(MLTABLEKIND property, Colour colour, std::int32_t s
     curves.push_back(std::move(curve));
 }
 
-void CMaterialPlot::NameCurves(bool briefly)
+void CMaterialPlot::NameInFull()
 {
     for (std::size_t i = 0; i < names.size(); ++i)
     {
-        const PropertyWords& words = WordsOf(names[i].property);
-        const std::string_view title = briefly ? words.brief : words.title;
-        model.GetLegend()[i].name = names[i].material + " " + std::string(title) + names[i].ending;
+        const auto& [property, material, ending] = names[i];
+        model.GetLegend()[i].name = material + " " + std::string(WordsOf(property).title) + ending;
     }
+}
+
+// Where the names are too long for the legend: the second property of a material leaves out its name.
+void CMaterialPlot::NameBriefly()
+{
+    for (std::size_t i = 0; i < names.size(); ++i)
+    {
+        const auto& [property, material, ending] = names[i];
+        const bool goesOn = i > 0 && names[i - 1].material == material && names[i - 1].ending == ending;
+        model.GetLegend()[i].name =
+            (goesOn ? "" : material + ending + " ") + std::string(WordsOf(property).brief);
+    }
+}
+
+// How many the legend has room for as they are named now.
+int CMaterialPlot::CountNamedCurves(const ChartStyle& style, PixelSize size, int fontSize)
+{
+    const PixelRect client = {0, 0, size.width, size.height};
+    CSvgCanvas measure(size, fontSize);
+    LayOutChart(model, client, measure);
+    return static_cast<int>(CountLegendEntries({model, style, ChartPointer(), client}, measure));
 }
 
 std::string CMaterialPlot::Render()
@@ -211,6 +231,12 @@ std::string CMaterialPlot::Render()
     style.lineWidth = fontSize / 8;
     style.markerHalfSide = std::max(2, fontSize / 5);
     model.SetScaleMode(options.sweepLogarithmic, false);
-    NameCurves(false);
+    NameInFull();
+    namedCurves = CountNamedCurves(style, size, fontSize);
+    if (namedCurves < GetCurveCount())
+    {
+        NameBriefly();
+        namedCurves = CountNamedCurves(style, size, fontSize);
+    }
     return DrawSvgPicture(model, style, size, fontSize);
 }

@@ -7,6 +7,7 @@
 
 class CBulkMaterial;
 class IMaterial;
+struct ChartStyle;
 
 // A chart of materials' properties over frequency, one vertical axis for each kind of property, drawn into a
 // picture by the same layout and painter as in a window.
@@ -26,6 +27,9 @@ public:
     // The picture, an SVG document.
     [[nodiscard]] std::string Render();
 
+    // How many of them the legend of the rendered picture has room for.
+    [[nodiscard]] int GetNamedCurveCount() const { return namedCurves; }
+
 private:
     // What the legend says of a curve.
     struct PlottedProperty
@@ -43,11 +47,14 @@ private:
                                                   std::span<const DataPoint> rows) const;
     void AddCurves(PlottedProperty plotted, std::span<const DataPoint> rows, std::vector<DataPoint> line);
     void AddCurve(MLTABLEKIND property, Colour colour, std::int32_t style, std::vector<DataPoint> points);
-    void NameCurves(bool briefly);
+    void NameInFull();
+    void NameBriefly();
+    [[nodiscard]] int CountNamedCurves(const ChartStyle& style, PixelSize size, int fontSize);
 
     const Options& options;
     std::vector<double> frequencies;
     std::vector<PlottedProperty> names;               // one for each entry of the legend
     std::vector<std::unique_ptr<CChartCurve>> curves; // the model refers to them
     CChartModel model;
+    int namedCurves = 0;
 };

@@ -30,5 +30,10 @@ int RunPlot(const Options& options, ILibraryHost& host)
     PrintOutput(options.json
                     ? RenderJson({{"file", options.picturePath}, {"curves", plot.GetCurveCount()}})
                     : options.picturePath + ": " + FormatCount(plot.GetCurveCount(), "curve") + "\n");
+    if (plot.GetNamedCurveCount() < plot.GetCurveCount())
+    {
+        PrintProblem("the legend has room for " + std::to_string(plot.GetNamedCurveCount()) + " of " +
+                     FormatCount(plot.GetCurveCount(), "curve"));
+    }
     return isComplete ? set.GetExitCode() : exitFailed;
 }
