@@ -12,7 +12,7 @@ run) wanted=$run ;;
 display) wanted=$display ;;
 test)
     wanted="$run $display $wheel clang lld man-db bsdextrautils doxygen llvm zip unzip pkg-config
-        python3-numpy python3-matplotlib python3-pytest mypy python3-pip"
+        python3-numpy python3-matplotlib python3-pytest mypy python3-pip vim"
     ;;
 package) wanted="$build $wheel g++-mingw-w64-x86-64-posix llvm zip" ;;
 docs) wanted="doxygen" ;;
