@@ -315,11 +315,16 @@ std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction
     const int gap = frame.lineHeight * 3 / 4;
     const bool horizontal = direction == Direction::Horizontal;
     const int top = horizontal ? frame.GetTitleTop() : frame.plot.top - frame.lineHeight;
+    const bool hasRoom = top >= scene.client.top && top + frame.lineHeight <= scene.client.bottom;
     std::vector<PlacedText> titles;
     int left = frame.plot.left;
     int right = frame.plot.right;
     for (std::string& text : FitTitles(scene.model.GetAxes(direction), frame.plot.GetWidth(), gap, measure))
     {
+        if (!hasRoom)
+        {
+            text.clear();
+        }
         const int extent = measure.GetTextExtent(text).width;
         const bool fromRight = horizontal || IsOnFarSide(direction, titles.size());
         titles.push_back({std::move(text), {fromRight ? right - extent : left, top}, 0});

@@ -85,7 +85,8 @@ struct PlacedText
 PlaceTickLabels(const ChartScene& scene, Direction direction, ITextMeasure& measure);
 
 // The titles, one per axis in order. Horizontal axes have theirs in the row below the tick labels, at its
-// right end; vertical axes above the plot, on the side where their labels stand.
+// right end; vertical axes above the plot, on the side where their labels stand. Where the window has no room
+// for their row they are empty.
 [[nodiscard]] std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction,
                                                   ITextMeasure& measure);
 

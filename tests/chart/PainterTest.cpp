@@ -353,6 +353,27 @@ TEST(Placement, LabelsOfAnAxisDoNotMeet)
     }
 }
 
+TEST(Placement, TitlesAreLeftOutWholeInALowWindow)
+{
+    LaminateCurves laminate;
+    CChartModel model;
+    laminate.AddTo(model, 2, false);
+    CRecorderCanvas canvas;
+    for (const int height : {60, 90, 100, 111, 112, 113, 200})
+    {
+        const PixelRect client = {0, 0, 500, height};
+        LayOutChart(model, client, canvas);
+        for (const Direction direction : directions)
+        {
+            for (const PlacedText& title : PlaceTitles({model, {}, {}, client}, direction, canvas))
+            {
+                const bool whole = title.topLeft.y >= 0 && title.topLeft.y + 12 <= height;
+                EXPECT_EQ(title.text.empty(), !whole) << height;
+            }
+        }
+    }
+}
+
 TEST(Placement, EachEdgeBearsTheMarksOfItsOwnAxis)
 {
     for (const std::size_t axes : {1u, 2u, 3u})
