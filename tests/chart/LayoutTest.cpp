@@ -91,6 +91,7 @@ TEST(Layout, WidensRangesThatCannotBeDrawn)
         {false, 0.0, 1e-314, -0.5, 0.5},
         {false, 0.0, 1e-290, 0.0, 1e-290},
         {false, 1e20, 1e20, 1e20 - 1e11, 1e20 + 1e11},
+        {false, 1e14, 1e14, 1e14 - 100'000.5, 1e14 + 100'000.5},
         {true, 0.0, 0.0, 1e-3, 1e-2}, // from the lower limit
         {true, -4.0, 1e3, 1e-3, 1e3},
         {true, 0.0, infinity, 1.0, 2.0},
