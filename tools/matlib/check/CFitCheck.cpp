@@ -54,23 +54,19 @@ FitVerdict FindVerdict(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTR
     return {true, TakesSum(er, data), worst.Get()};
 }
 
-void AppendBytes(std::string& key, std::span<const MLTBLENTRY> rows)
+void AppendBytes(std::string& text, std::span<const MLTBLENTRY> rows)
 {
     const auto bytes = std::as_bytes(rows);
-    key.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    text.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
 }
 } // namespace
 
 const FitVerdict& CFitCheck::Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
 {
-    std::string key(1,
-                    static_cast<char>(er.size() % 251)); // where one table's rows end and the other's begin
+    key = std::to_string(er.size()); // where one table's rows end and the other's begin
     AppendBytes(key, er);
     AppendBytes(key, loss);
-    const auto [at, isNew] = verdicts.try_emplace(std::move(key));
-    if (isNew)
-    {
-        at->second = FindVerdict(er, loss);
-    }
-    return at->second;
+    const auto known = verdicts.find(key);
+    return known != verdicts.end() ? known->second
+                                   : verdicts.emplace(key, FindVerdict(er, loss)).first->second;
 }

@@ -36,4 +36,5 @@ public:
 
 private:
     std::unordered_map<std::string, FitVerdict> verdicts; // by the bytes of the rows
+    std::string key;                                      // kept for its memory
 };

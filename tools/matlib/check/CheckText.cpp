@@ -68,13 +68,15 @@ CheckedText CTextChecker::Check(const std::string& path, const std::string& padd
 void CTextChecker::CheckNames(std::vector<Finding>& findings, const std::string& path, const ParsedFile& file)
 {
     CWarnings warnings(file.text);
+    paths.push_back(path);
     for (const ParsedMaterial& material : file.materials)
     {
-        const auto [named, isNew] = files.emplace(material.name, path);
-        if (!isNew && named->second != path && !material.name.empty())
+        const auto [named, isNew] = files.emplace(material.name, paths.size() - 1);
+        if (!isNew && paths[named->second] != path && !material.name.empty())
         {
             warnings.Add(material.name, rule::duplicateName,
-                         "The name " + Quote(material.name) + " stands in " + MakePrintable(named->second) +
+                         "The name " + Quote(material.name) + " stands in " +
+                             MakePrintable(paths[named->second]) +
                              " already. A host that loads both finds the material read last.");
         }
     }

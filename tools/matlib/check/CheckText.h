@@ -4,7 +4,6 @@
 #include "tools/matlib/check/ParsedFile.h"
 
 #include <cstdio>
-#include <map>
 
 // A file as `check` reads it: its text, padded for the library's reader, or why there is none.
 struct FileText
@@ -35,5 +34,6 @@ private:
 
     AfterError afterError;
     CFitCheck fits;
-    std::map<std::string, std::string, std::less<>> files; // by the names of materials
+    std::vector<std::string> paths;
+    std::unordered_map<std::string, std::size_t> files; // of the paths, by the names of materials
 };

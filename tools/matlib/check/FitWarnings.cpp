@@ -47,7 +47,11 @@ void CheckRise(CWarnings& warnings, const ParsedTable& er)
     std::vector<const ParsedRow*> ascending;
     ascending.reserve(er.rows.size());
     std::ranges::transform(er.rows, std::back_inserter(ascending), [](const ParsedRow& row) { return &row; });
-    std::ranges::stable_sort(ascending, {}, [](const ParsedRow* row) { return row->values.frequency; });
+    const auto frequencyOf = [](const ParsedRow* row) { return row->values.frequency; };
+    if (!std::ranges::is_sorted(ascending, {}, frequencyOf))
+    {
+        std::ranges::stable_sort(ascending, {}, frequencyOf);
+    }
     const auto rises = std::ranges::adjacent_find(
         ascending, [](const ParsedRow* low, const ParsedRow* high)
         { return low->values.frequency < high->values.frequency && low->values.value < high->values.value; });

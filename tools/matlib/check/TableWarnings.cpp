@@ -20,14 +20,26 @@ constexpr double bandEnd = 2e10;
 // Whether the unit is read as it looks: "1ghz" is 1 Hz to the reader and "5m" 5 mHz, while "1GHZ" is 1 GHz.
 bool HasPlainUnit(std::string_view frequency)
 {
-    const DecimalResult number = ParseDecimal(frequency);
     std::string_view unit = frequency;
-    unit.remove_prefix(static_cast<std::size_t>(number.stop - frequency.data()));
+    while (!unit.empty() && decimal::IsDigit(unit.front()))
+    {
+        unit.remove_prefix(1);
+    }
+    if (unit == frequency || unit.starts_with('.') ||
+        (!unit.empty() && decimal::IsExponentLetter(unit.front())))
+    {
+        const DecimalResult number = ParseDecimal(frequency);
+        if (number.verdict == DecimalVerdict::None)
+        {
+            return false;
+        }
+        unit = frequency.substr(static_cast<std::size_t>(number.stop - frequency.data()));
+    }
     if (!unit.empty() && std::string_view("TGMKk").find(unit.front()) != std::string_view::npos)
     {
         unit.remove_prefix(1);
     }
-    return number.verdict != DecimalVerdict::None && (unit.empty() || EqualIgnoringCase(unit, "Hz"));
+    return unit.empty() || unit == "Hz" || EqualIgnoringCase(unit, "Hz");
 }
 
 void CheckFrequencyWords(CWarnings& warnings, const ParsedTable& table)
