@@ -9,6 +9,19 @@ CChartPaneState::CChartPaneState(int chartHeight, int leastWindowHeight)
 {
 }
 
+WindowFrame CChartPaneState::Open(const WindowFrame& left, const WindowFrame& workArea)
+{
+    WindowFrame opened = left;
+    if (shown && GetChartHeight(left.height) < GetLeastChartHeight())
+    {
+        opened.height = heightForRest + templateHeight;
+    }
+    opened.width = std::min(opened.width, workArea.width);
+    opened.height = std::min(opened.height, workArea.height);
+    Resize(opened.height, ResizedBy::System);
+    return MoveIntoWorkArea(opened, workArea);
+}
+
 WindowFrame CChartPaneState::Show(const WindowFrame& normal, const WindowFrame& workArea)
 {
     shown = true;

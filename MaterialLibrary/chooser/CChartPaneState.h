@@ -35,6 +35,10 @@ public:
     // less the chart's.
     CChartPaneState(int chartHeight, int leastHeight);
 
+    // Where a window opens that was left in that frame, perhaps on a larger screen or at another scale: no
+    // larger than the work area, and higher than it was left where a shown chart would have no room.
+    [[nodiscard]] WindowFrame Open(const WindowFrame& left, const WindowFrame& workArea);
+
     // `normal` is the frame of the window while it is not maximised; the answer is the one it has then, which
     // lies in the work area unless that is too small for the window's least height.
     [[nodiscard]] WindowFrame Show(const WindowFrame& normal, const WindowFrame& workArea);

@@ -66,6 +66,8 @@ protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    static constexpr int identifier = 1; // of the list in its parent
+
     void Update(unsigned changes, bool ofSelection);
     void ShowColumns();
     void ShowHeaderTexts();

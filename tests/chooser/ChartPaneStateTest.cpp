@@ -25,8 +25,8 @@ public:
             Toggle();
         }
         frame = left;
-        frame.height = std::clamp(frame.height, least, workArea.height);
-        frame = MoveIntoWorkArea(frame, workArea);
+        frame.height = std::max(frame.height, least);
+        frame = pane.Open(frame, workArea);
         Settle();
     }
 
@@ -163,5 +163,17 @@ TEST(ChartPaneState, AChartGivesWayToWhoDragsAndComesBack)
     EXPECT_EQ(pane.Hide({0, 300, 500, 396}, screen).height, 396);
     EXPECT_EQ(pane.Show({0, 300, 500, 396}, screen), (WindowFrame{0, 132, 500, 568}));
     EXPECT_EQ(pane.Hide({5, 100, 500, 568}, screen), (WindowFrame{5, 100, 500, 396})) << "moved meanwhile";
+}
+
+TEST(ChartPaneState, OpensWithRoomForTheChartThatIsShown)
+{
+    const WindowFrame screen = {0, 0, 1000, 700};
+    CChartPaneState shown(172, 396);
+    EXPECT_EQ(shown.Open({9, 300, 500, 420}, screen), (WindowFrame{9, 132, 500, 568}));
+    EXPECT_EQ(shown.Open({9, 9, 500, 500}, screen), (WindowFrame{9, 9, 500, 500})) << "has more than half";
+    EXPECT_EQ(shown.Open({9, 9, 5000, 900}, screen), screen);
+    CChartPaneState hidden(172, 396);
+    static_cast<void>(hidden.Hide({9, 9, 500, 568}, screen));
+    EXPECT_EQ(hidden.Open({9, 9, 500, 396}, screen), (WindowFrame{9, 9, 500, 396}));
 }
 } // namespace

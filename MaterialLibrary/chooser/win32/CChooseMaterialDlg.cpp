@@ -10,7 +10,6 @@
 #include "framework/WindowScopes.h"
 #include "resources/DialogIds.h"
 #include "resources/Texts.h"
-#include "shared/CtrlAutoMover/win32/WindowPlacement.h"
 #include "shared/MessageManager/MessageManager.h"
 
 #include <algorithm>
@@ -20,6 +19,8 @@
 
 namespace
 {
+constexpr LONG largestTemplate = 30'000; // in pixels at any scale
+
 constexpr const char* showChartName = "ShowChart";
 
 // Where the columns of a kind stand.
@@ -44,11 +45,6 @@ constexpr MLUNITS unitChoices[] = {MLUNITS_METRIC, MLUNITS_ENGLISH};
 constexpr int dielectricControls[] = {
     ML_LABEL_TECHNOLOGY,   ML_COMBO_TECHNOLOGY,       ML_LABEL_THICKNESS, ML_EDIT_THICKNESS_MINIMUM,
     ML_LABEL_THICKNESS_TO, ML_EDIT_THICKNESS_MAXIMUM, ML_LABEL_UNIT,      ML_COMBO_UNITS,
-};
-
-// What stands below the chart.
-constexpr int bottomControls[] = {
-    IDOK, IDCANCEL, ML_BUTTON_HELP, ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED,
 };
 
 constexpr int editsWithEnter[] = {ML_EDIT_MATERIAL_FILTER, ML_EDIT_LIBRARY_FILTER, ML_EDIT_THICKNESS_MINIMUM,
@@ -84,27 +80,6 @@ private:
     std::function<void()> onEnter;
 };
 
-SIZE GetWindowSize(HWND window)
-{
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return {rect.right - rect.left, rect.bottom - rect.top};
-}
-
-RECT GetControlRect(HWND dialog, int control)
-{
-    RECT rect{};
-    GetWindowRect(GetDlgItem(dialog, control), &rect);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
-void ShiftControl(HWND dialog, int control, int down)
-{
-    const RECT rect = GetControlRect(dialog, control);
-    SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left, rect.top + down, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
 } // namespace
 
 CChooseMaterialDlg::CChooseMaterialDlg(IMatLib& materialLibrary, IMaterial* current, int materialKind)
@@ -122,6 +97,8 @@ bool CChooseMaterialDlg::OnInitDialog()
 {
     ResetNameFilters();
     FillCombos();
+    AlignCombos();
+    TakeTemplateSize();
     grid = std::make_unique<CMaterialGrid>(*library);
     grid->AttachDlgItem(ML_GRID, GetHandle());
     grid->SetNotifier(this);
@@ -284,6 +261,10 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
         return 0;
     }
     const LRESULT result = CDialog::HandleMessage(message, wParam, lParam);
+    if (message == WM_GETMINMAXINFO && !opened)
+    {
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {largestTemplate, largestTemplate};
+    }
     if (message == WM_SHOWWINDOW && wParam != FALSE && !opened)
     {
         opened = true;
@@ -399,37 +380,6 @@ void CChooseMaterialDlg::Assign(IMaterial* material)
     grid->RefreshAssignedMarker();
 }
 
-void CChooseMaterialDlg::CreateMover()
-{
-    const SIZE size = GetWindowSize(GetHandle());
-    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
-    const int chartHeight = chartRect.bottom - chartRect.top;
-    gapAboveChart = chartRect.top - GetControlRect(GetHandle(), ML_GRID).bottom;
-    gapBelowChart = GetControlRect(GetHandle(), IDOK).top - chartRect.bottom;
-    mover = std::make_unique<CCtrlAutoMover>(this);
-    mover->minWidth = size.cx;
-    mover->minHeight = size.cy - chartHeight;
-    chartPane = CChartPaneState(chartHeight, size.cy - chartHeight);
-    LayOutControls();
-}
-
-void CChooseMaterialDlg::LayOutControls()
-{
-    mover->RemoveAllGroups();
-    const bool withChart = chartPane.GetLayout(GetWindowSize(GetHandle()).cy) == ChooserLayout::WithChart;
-    const int groups[] = {
-        mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
-        mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),
-        mover->AddGroup(rightEdge, bottomEdge, rightEdge, bottomEdge, {IDOK, IDCANCEL, ML_BUTTON_HELP}),
-        mover->AddGroup(leftEdge, bottomEdge, leftEdge, bottomEdge,
-                        {ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED}),
-    };
-    for (const int group : groups)
-    {
-        mover->SetProportional(group, GetHandle(), 1.0, 1.0, 1.0, 1.0);
-    }
-}
-
 void CChooseMaterialDlg::ReadShowChart()
 {
     showChart = ReadProfileInteger(chooserSection, showChartName, 1) != 0;
@@ -437,98 +387,5 @@ void CChooseMaterialDlg::ReadShowChart()
     if (!showChart)
     {
         ShowOrHideChart();
-    }
-}
-
-void CChooseMaterialDlg::ToggleChart()
-{
-    showChart = IsItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY);
-    ShowOrHideChart();
-    if (showChart)
-    {
-        chart.Refresh(); // the selection may have changed meanwhile
-    }
-}
-
-// The window grows or shrinks by the chart; a maximised one does so when it is restored.
-void CChooseMaterialDlg::ShowOrHideChart()
-{
-    const HWND dialog = GetHandle();
-    mover->RemoveAllGroups();
-    ShowItem(dialog, ML_CHART, showChart);
-    const bool snapped = IsSnapped(dialog); // keeps its size
-    const SIZE before = GetWindowSize(dialog);
-    const WindowFrame frame = snapped ? WindowFrame{0, 0, before.cx, before.cy} : GetNormalFrame(dialog);
-    const WindowFrame room = snapped ? frame : GetWorkArea(frame);
-    const WindowFrame next = showChart ? chartPane.Show(frame, room) : chartPane.Hide(frame, room);
-    if (!snapped)
-    {
-        const CFlagScope scope(changingSize);
-        SetNormalFrame(dialog, next);
-    }
-    const int height = GetWindowSize(dialog).cy;
-    for (const int control : bottomControls)
-    {
-        ShiftControl(dialog, control, height - before.cy);
-    }
-    chartPane.Resize(height, ResizedBy::System);
-    StackGridAndChart();
-    LayOutControls();
-}
-
-// Shares the room above the bottom controls between chart and grid. A hidden chart keeps its height for the
-// time when it is shown again.
-void CChooseMaterialDlg::StackGridAndChart()
-{
-    const int chartHeight = chartPane.GetChartHeight(GetWindowSize(GetHandle()).cy);
-    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
-    const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
-    SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
-    SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartPane.GetHiddenHeight());
-}
-
-void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
-{
-    const RECT rect = GetControlRect(GetHandle(), control);
-    SetWindowPos(GetDlgItem(GetHandle(), control), nullptr, rect.left, top, rect.right - rect.left, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-// A dialog that was left on a larger screen, or at a smaller scale, opens no larger than this one.
-void CChooseMaterialDlg::KeepInWorkArea()
-{
-    WindowFrame frame = GetNormalFrame(GetHandle());
-    const WindowFrame workArea = GetWorkArea(frame);
-    mover->minWidth = std::min(mover->minWidth, workArea.width);
-    mover->minHeight = std::min(mover->minHeight, workArea.height);
-    frame.width = std::min(frame.width, workArea.width);
-    frame.height = std::min(frame.height, workArea.height);
-    frame = MoveIntoWorkArea(frame, workArea);
-    if (frame != GetNormalFrame(GetHandle()))
-    {
-        SetNormalFrame(GetHandle(), frame);
-    }
-    const int height = GetWindowSize(GetHandle()).cy;
-    chartPane.Resize(height, ResizedBy::System);
-    StackGridAndChart();
-    LayOutControls();
-}
-
-void CChooseMaterialDlg::OnResized()
-{
-    const bool normal = !IsZoomed(GetHandle()) && !IsIconic(GetHandle()) && !IsSnapped(GetHandle());
-    const bool byUser = opened && std::exchange(wasNormal, normal) && normal;
-    if (changingSize || mover == nullptr || IsIconic(GetHandle()))
-    {
-        return;
-    }
-    const int height = GetWindowSize(GetHandle()).cy;
-    chartPane.Resize(height, byUser ? ResizedBy::User : ResizedBy::System);
-    const int gridBottom = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - gapAboveChart -
-                           chartPane.GetChartHeight(height);
-    if (GetControlRect(GetHandle(), ML_GRID).bottom != gridBottom)
-    {
-        StackGridAndChart();
-        LayOutControls(); // measured in the window's present size
     }
 }

@@ -70,6 +70,7 @@ private:
 
     void Assign(IMaterial* material);
 
+    void TakeTemplateSize();
     void CreateMover();
     void LayOutControls();
     void ToggleChart();
@@ -78,6 +79,8 @@ private:
     void StackGridAndChart();
     void SetControlHeight(int control, int top, int height);
     void KeepInWorkArea();
+    void NarrowControls(int byPixels);
+    void AlignCombos();
     void OnResized();
 
     IMatLib* library;

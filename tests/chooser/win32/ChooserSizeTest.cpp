@@ -1,4 +1,5 @@
 #include "framework/Profile.h"
+#include "tests/FindImport.h"
 #include "tests/chooser/win32/CChooserFixture.h"
 
 namespace
@@ -79,6 +80,44 @@ TEST_F(ChooserSize, AShownChartHasRoomAndTheWindowLiesInTheWorkArea)
     }
     Choose({[] { Resize(10, 10); }});
     Choose({[&] { ExpectChartInWorkArea(); }, [&] { ExpectTogglingTwiceRestores(); }});
+}
+
+BOOL WINAPI GetSmallMonitor(HMONITOR, MONITORINFO* monitor)
+{
+    monitor->rcMonitor = monitor->rcWork = {0, 0, 640, 460};
+    return TRUE;
+}
+
+TEST_F(ChooserSize, OnASmallScreenEveryControlIsWithinReach)
+{
+    void** const import = FindImport(GetModuleHandleW(nullptr), "user32", "GetMonitorInfoW");
+    void* const original = std::exchange(*import, reinterpret_cast<void*>(GetSmallMonitor));
+    Choose(
+        {[&]
+         {
+             EXPECT_EQ(WindowSize().cx, 640);
+             EXPECT_EQ(WindowSize().cy, 460);
+             EXPECT_GE(2 * (Place(ML_CHART).bottom - Place(ML_CHART).top), templateHeight);
+             ExpectNoOverlap();
+             RECT client{};
+             GetClientRect(Dialog(), &client);
+             for (const int control : {ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS, ML_EDIT_THICKNESS_MAXIMUM, IDOK})
+             {
+                 EXPECT_LE(Place(control).right, client.right) << control;
+             }
+             EXPECT_GT(Place(ML_EDIT_THICKNESS_MINIMUM).left, Place(ML_CHECK_SHOW_GRAPHICALLY).right);
+             EXPECT_GT(Place(ML_COMBO_UNITS).top, Place(ML_COMBO_TECHNOLOGY).bottom);
+             EXPECT_LE(Place(ML_COMBO_UNITS).bottom, Place(ML_GRID).top);
+         }});
+    *import = original;
+    Choose({[&]
+            {
+                for (const int control : {ML_COMBO_TYPE, ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS})
+                {
+                    EXPECT_EQ(Place(control).top, Place(ML_EDIT_THICKNESS_MINIMUM).top);
+                    EXPECT_EQ(Place(control).bottom, Place(ML_EDIT_THICKNESS_MINIMUM).bottom);
+                }
+            }});
 }
 
 TEST_F(ChooserSize, HidingTheChartTakesItsHeightFromTheWindow)

@@ -1,0 +1,223 @@
+// The dialog as a window that changes its size: where its controls stand.
+#include "chooser/win32/CChooseMaterialDlg.h"
+#include "framework/DialogItems.h"
+#include "framework/WindowScopes.h"
+#include "resources/DialogIds.h"
+#include "shared/CtrlAutoMover/win32/WindowPlacement.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+// Of the dialog's client area, in dialog units.
+constexpr int templateWidth = 505;
+constexpr int templateHeight = 322;
+
+constexpr int thicknessControls[] = {
+    ML_LABEL_THICKNESS,    ML_EDIT_THICKNESS_MINIMUM,
+    ML_LABEL_THICKNESS_TO, ML_EDIT_THICKNESS_MAXIMUM,
+    ML_LABEL_UNIT,         ML_COMBO_UNITS,
+};
+
+// What stands below the chart.
+constexpr int bottomControls[] = {
+    IDOK, IDCANCEL, ML_BUTTON_HELP, ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED,
+};
+
+SIZE GetWindowSize(HWND window)
+{
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT GetControlRect(HWND dialog, int control)
+{
+    RECT rect{};
+    GetWindowRect(GetDlgItem(dialog, control), &rect);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+void ShiftControl(HWND dialog, int control, int down)
+{
+    const RECT rect = GetControlRect(dialog, control);
+    SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left, rect.top + down, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+} // namespace
+
+// The system makes no dialog larger than the screen, but places the controls of one.
+void CChooseMaterialDlg::TakeTemplateSize()
+{
+    RECT wanted{0, 0, templateWidth, templateHeight};
+    MapDialogRect(GetHandle(), &wanted);
+    RECT client{};
+    GetClientRect(GetHandle(), &client);
+    const SIZE window = GetWindowSize(GetHandle());
+    SetWindowPos(GetHandle(), nullptr, 0, 0, window.cx + wanted.right - client.right,
+                 window.cy + wanted.bottom - client.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CChooseMaterialDlg::CreateMover()
+{
+    const SIZE size = GetWindowSize(GetHandle());
+    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
+    const int chartHeight = chartRect.bottom - chartRect.top;
+    gapAboveChart = chartRect.top - GetControlRect(GetHandle(), ML_GRID).bottom;
+    gapBelowChart = GetControlRect(GetHandle(), IDOK).top - chartRect.bottom;
+    mover = std::make_unique<CCtrlAutoMover>(this);
+    mover->minWidth = size.cx;
+    mover->minHeight = size.cy - chartHeight;
+    chartPane = CChartPaneState(chartHeight, size.cy - chartHeight);
+    LayOutControls();
+}
+
+void CChooseMaterialDlg::LayOutControls()
+{
+    mover->RemoveAllGroups();
+    const bool withChart = chartPane.GetLayout(GetWindowSize(GetHandle()).cy) == ChooserLayout::WithChart;
+    const int groups[] = {
+        mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
+        mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),
+        mover->AddGroup(rightEdge, bottomEdge, rightEdge, bottomEdge, {IDOK, IDCANCEL, ML_BUTTON_HELP}),
+        mover->AddGroup(leftEdge, bottomEdge, leftEdge, bottomEdge,
+                        {ML_BUTTON_ASSIGN, ML_BUTTON_UNASSIGN, ML_LABEL_ASSIGNED, ML_EDIT_ASSIGNED}),
+    };
+    for (const int group : groups)
+    {
+        mover->SetProportional(group, GetHandle(), 1.0, 1.0, 1.0, 1.0);
+    }
+}
+
+void CChooseMaterialDlg::ToggleChart()
+{
+    showChart = IsItemChecked(GetHandle(), ML_CHECK_SHOW_GRAPHICALLY);
+    ShowOrHideChart();
+    if (showChart)
+    {
+        chart.Refresh(); // the selection may have changed meanwhile
+    }
+}
+
+// The window grows or shrinks by the chart; a maximised one does so when it is restored.
+void CChooseMaterialDlg::ShowOrHideChart()
+{
+    const HWND dialog = GetHandle();
+    mover->RemoveAllGroups();
+    ShowItem(dialog, ML_CHART, showChart);
+    const bool snapped = IsSnapped(dialog); // keeps its size
+    const SIZE before = GetWindowSize(dialog);
+    const WindowFrame frame = snapped ? WindowFrame{0, 0, before.cx, before.cy} : GetNormalFrame(dialog);
+    const WindowFrame room = snapped ? frame : GetWorkArea(frame);
+    const WindowFrame next = showChart ? chartPane.Show(frame, room) : chartPane.Hide(frame, room);
+    if (!snapped)
+    {
+        const CFlagScope scope(changingSize);
+        SetNormalFrame(dialog, next);
+    }
+    const int height = GetWindowSize(dialog).cy;
+    for (const int control : bottomControls)
+    {
+        ShiftControl(dialog, control, height - before.cy);
+    }
+    chartPane.Resize(height, ResizedBy::System);
+    StackGridAndChart();
+    LayOutControls();
+}
+
+// Shares the room above the bottom controls between chart and grid. A hidden chart keeps its height for the
+// time when it is shown again.
+void CChooseMaterialDlg::StackGridAndChart()
+{
+    const int chartHeight = chartPane.GetChartHeight(GetWindowSize(GetHandle()).cy);
+    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
+    const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
+    SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
+    SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartPane.GetHiddenHeight());
+}
+
+void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
+{
+    const RECT rect = GetControlRect(GetHandle(), control);
+    SetWindowPos(GetDlgItem(GetHandle(), control), nullptr, rect.left, top, rect.right - rect.left, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A dialog that was left on a larger screen, or at a smaller scale, opens no larger than this one.
+void CChooseMaterialDlg::KeepInWorkArea()
+{
+    const WindowFrame left = GetNormalFrame(GetHandle());
+    const WindowFrame workArea = GetWorkArea(left);
+    const int missing = mover->minWidth - workArea.width;
+    mover->minWidth = std::min(mover->minWidth, workArea.width);
+    mover->minHeight = std::min(mover->minHeight, workArea.height);
+    if (const WindowFrame frame = chartPane.Open(left, workArea); frame != left)
+    {
+        const CFlagScope scope(changingSize);
+        SetNormalFrame(GetHandle(), frame);
+    }
+    if (missing > 0)
+    {
+        NarrowControls(missing);
+    }
+    chartPane.Resize(GetWindowSize(GetHandle()).cy, ResizedBy::System);
+    StackGridAndChart();
+    LayOutControls();
+}
+
+// On a screen that the template is too wide for, the thickness stands below the technology, and the name of
+// the assigned material is shorter.
+void CChooseMaterialDlg::NarrowControls(int byPixels)
+{
+    const HWND dialog = GetHandle();
+    const RECT below = GetControlRect(dialog, ML_LABEL_MATERIAL_FILTER);
+    const RECT label = GetControlRect(dialog, ML_LABEL_THICKNESS);
+    for (const int control : thicknessControls)
+    {
+        const RECT rect = GetControlRect(dialog, control);
+        SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left - label.left + below.left,
+                     rect.top - label.top + below.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    const RECT name = GetControlRect(dialog, ML_EDIT_ASSIGNED);
+    SetWindowPos(GetDlgItem(dialog, ML_EDIT_ASSIGNED), nullptr, 0, 0,
+                 std::max<int>(name.right - name.left - byPixels, 0), name.bottom - name.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A combo box takes its height from its font, an edit box from the template.
+void CChooseMaterialDlg::AlignCombos()
+{
+    const RECT edit = GetControlRect(GetHandle(), ML_EDIT_THICKNESS_MINIMUM);
+    constexpr auto shownField = static_cast<WPARAM>(-1);
+    for (const int control : {ML_COMBO_TYPE, ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS})
+    {
+        LRESULT height = SendDlgItemMessageW(GetHandle(), control, CB_GETITEMHEIGHT, shownField, 0);
+        for (int attempt = 0; attempt < 2; ++attempt) // not every system takes the height that it gives
+        {
+            const RECT combo = GetControlRect(GetHandle(), control);
+            height += (edit.bottom - edit.top) - (combo.bottom - combo.top);
+            SendDlgItemMessageW(GetHandle(), control, CB_SETITEMHEIGHT, shownField, height);
+        }
+    }
+}
+
+void CChooseMaterialDlg::OnResized()
+{
+    const bool normal = !IsZoomed(GetHandle()) && !IsIconic(GetHandle()) && !IsSnapped(GetHandle());
+    const bool byUser = std::exchange(wasNormal, normal) && normal;
+    if (changingSize || !opened || IsIconic(GetHandle()))
+    {
+        return;
+    }
+    const int height = GetWindowSize(GetHandle()).cy;
+    chartPane.Resize(height, byUser ? ResizedBy::User : ResizedBy::System);
+    const int gridBottom = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - gapAboveChart -
+                           chartPane.GetChartHeight(height);
+    if (GetControlRect(GetHandle(), ML_GRID).bottom != gridBottom)
+    {
+        StackGridAndChart();
+        LayOutControls(); // measured in the window's present size
+    }
+}
