@@ -76,6 +76,8 @@ TEST_F(MaterialRows, ShowOneRowForEachTemperatureFromTheLastMaterial)
     rows.SetUp(MLMATERIAL_DIELECTRIC);
     const std::vector<int> shown = {1, 2, 4, 5, 6, 9, 10, 11, 12, 13};
     ASSERT_EQ(model.GetRowCount(), 3);
+    EXPECT_THAT(Texts(0, {5, 9, 11, 12, 13}),
+                ElementsAre("Er", "Material", "Technology", "Vendor", "Comment"));
     EXPECT_THAT(Texts(1, shown), ElementsAre("", "", "N/A", "N/A", "N/A", "last", "-40", "", "", ""));
     EXPECT_THAT(Texts(2, shown), ElementsAre("1", "FR4", "7.874", "4.25", "TABLE", "first", "25", "Prepreg",
                                              "vendor", "comment"));
