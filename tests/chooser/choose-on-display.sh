@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Chooses a material with real input on a virtual display, with the mouse or with the keyboard alone:
-# choose-on-display.sh filtered|keyboard BIN-FOLDER PICTURE-FOLDER
+# Chooses a material with real input on a virtual display, with the mouse, with the keyboard alone, or
+# after a tour of the chart: choose-on-display.sh filtered|keyboard|chart BIN-FOLDER PICTURE-FOLDER
 set -euo pipefail
 story=$1
 bin=$2
@@ -11,6 +11,7 @@ export LC_ALL=C.UTF-8
 case $story in
 filtered) expected="PTFE Ceramic Core 0.254 mm" ;;
 keyboard) expected="Hydrocarbon Ceramic Core 0.254 mm" ;;
+chart) expected="Polyimide Flex Core 0.025 mm" ;;
 esac
 chosen=$(scripts/on-display.sh --virtual scripts/choose-like-a-user.sh "--$story" "$pictures/$story" \
     cmake/wine-run.sh "$bin/matlib.exe" --lib examples/materials/DefaultMaterialD.mat choose)
