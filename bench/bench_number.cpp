@@ -18,12 +18,13 @@ namespace
 {
 constexpr std::size_t count = 1000;
 
-// Texts with a NUL behind them, and where their numbers begin.
+// Texts with what ParseUnsignedDecimal wants behind them, and where their numbers begin.
 class CNumbers
 {
 public:
     explicit CNumbers(std::string numbers) : text(std::move(numbers))
     {
+        text.append(8, '\0');
         for (std::size_t at = 0; begins.size() < count; at = text.find_first_of(" \n", at))
         {
             at = text.find_first_not_of(" \n", at);

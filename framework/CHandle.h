@@ -22,6 +22,10 @@ struct CloseActivationContext
 {
     void operator()(HANDLE context) const noexcept { ReleaseActCtx(context); }
 };
+struct CloseFileHandle
+{
+    void operator()(HANDLE file) const noexcept { CloseHandle(file); }
+};
 struct CloseGlobalMemory
 {
     void operator()(HGLOBAL memory) const noexcept { GlobalFree(memory); }

@@ -42,8 +42,8 @@ struct UnsignedDecimal
     const char* stop; // null where ParseDecimal's verdict would not be Ok
 };
 
-// Reads the decimal number that begins with the digit at `first`, in a text that ends with NUL. The same
-// value as ParseDecimal's.
+// Reads the decimal number that begins with the digit at `first`, in a text that ends with NUL and seven more
+// bytes that can be read. The same value as ParseDecimal's.
 [[nodiscard]] inline UnsignedDecimal ParseUnsignedDecimal(const char* first) noexcept;
 
 namespace decimal

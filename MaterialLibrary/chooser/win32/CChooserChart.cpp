@@ -2,6 +2,7 @@
 
 #include "MaterialLibrary/IMaterial.h"
 #include "chooser/win32/ChooserProfile.h"
+#include "framework/CHandle.h"
 #include "framework/Clipboard.h"
 #include "framework/Profile.h"
 #include "framework/TextConversion.h"
@@ -10,8 +11,6 @@
 #include "shared/Translation/Translate.h"
 
 #include <commdlg.h>
-#include <filesystem>
-#include <fstream>
 
 namespace
 {
@@ -73,6 +72,21 @@ std::wstring AskForPictureFile(HWND owner)
     question.lpstrDefExt = L"svg";
     question.Flags = OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
     return GetSaveFileNameW(&question) != FALSE ? path : L"";
+}
+
+// By the system itself: the standard library's streams would make the module twice as large.
+bool WriteWholeFile(const wchar_t* path, std::string_view text)
+{
+    const HANDLE handle =
+        CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+    {
+        return false;
+    }
+    const CHandle<HANDLE, CloseFileHandle> file(handle);
+    DWORD written = 0;
+    return WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != FALSE &&
+           written == text.size();
 }
 } // namespace
 
@@ -228,9 +242,7 @@ void CChooserChart::SavePicture()
     {
         return;
     }
-    std::ofstream file(std::filesystem::path(path), std::ios::binary);
-    file << chart.DrawSvg();
-    if (!file.flush())
+    if (!WriteWholeFile(path.c_str(), chart.DrawSvg()))
     {
         ShowWarning(dialog, ("The picture could not be written to \"" + ToMultibyte(path) + "\".").c_str());
     }

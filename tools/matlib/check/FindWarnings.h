@@ -3,7 +3,7 @@
 #include "tools/matlib/check/CFitCheck.h"
 #include "tools/matlib/check/ParsedFile.h"
 
-// What the library reads as it stands but the author hardly meant, in the order of the file. Of equal
+// What the library reads as it stands but is probably a mistake, in the order of the file. Of equal
 // warnings about the rows of one table only the first.
 [[nodiscard]] std::vector<Finding> FindWarnings(const ParsedFile& file, CFitCheck& fits);
 
