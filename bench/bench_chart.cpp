@@ -296,9 +296,7 @@ int main(int argc, char** argv)
     {
         WritePictures(folder);
     }
-    if (!InitializeInterleaved(argc, argv,
-                               {"--benchmark_repetitions=11", "--benchmark_min_time=0.1",
-                                "--benchmark_report_aggregates_only=true"}))
+    if (!InitializeInterleaved(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.1"}))
     {
         return 1;
     }
