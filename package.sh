@@ -124,6 +124,7 @@ pack()
 }
 
 if $verify; then
+    [[ -e dist/SHA256SUMS ]] || { echo "package.sh: dist has no packages to compare with; run package.sh first" >&2 && exit 1; }
     fresh=$(mktemp -d "${TMPDIR:-/tmp}/package-verify.XXXXXX")
     trap 'rm -rf "$fresh"' EXIT
     git clone --quiet . "$fresh/tree"

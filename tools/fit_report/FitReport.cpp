@@ -183,6 +183,7 @@ struct ExampleLaminate
 std::vector<MLTBLENTRY> CopyRows(const IMaterialTable& table)
 {
     std::vector<MLTBLENTRY> rows;
+    rows.reserve(static_cast<std::size_t>(table.GetEntryCount()));
     for (int i = 0; i < table.GetEntryCount(); ++i)
     {
         rows.push_back(table.GetEntry(i));

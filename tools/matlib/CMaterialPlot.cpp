@@ -197,7 +197,8 @@ void CMaterialPlot::NameInFull()
     for (std::size_t i = 0; i < names.size(); ++i)
     {
         const auto& [property, material, ending] = names[i];
-        model.GetLegend()[i].name = material + " " + std::string(WordsOf(property).title) + ending;
+        model.GetLegend()[i].name = material + " ";
+        model.GetLegend()[i].name.append(WordsOf(property).title).append(ending);
     }
 }
 

@@ -79,7 +79,7 @@ std::string RenderExcerpt(const CSourceLines& lines, Place place, std::size_t le
 {
     std::string_view line = lines.GetLine(place.line);
     std::size_t column = std::min<std::size_t>(place.column - 1, line.size());
-    std::string_view before = "";
+    std::string_view before;
     if (column + std::min<std::size_t>(length, 20) > longestExcerpt)
     {
         const std::size_t cut = column - longestExcerpt / 2;

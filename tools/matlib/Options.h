@@ -48,36 +48,36 @@ enum class Colouring
 // What the user asked for; each command reads only its own part.
 struct Options
 {
-    Command command = Command::list;
-    std::vector<std::string> libraryFiles; // none: the default ones
-    std::string dllPath;                   // Windows only; empty: the library beside the program
-    bool json = false;
+    std::vector<std::string> libraryFiles;      // none: the default ones
+    std::string dllPath;                        // Windows only; empty: the library beside the program
+    std::string material;                       // show, value, model
+    std::vector<std::string> materials;         // sweep, plot
+    std::vector<double> temperatures = {25.0};  // sweep, plot, °C
+    double frequency = 0.0;                     // value, Hz
+    double temperature = 25.0;                  // value, model, °C
+    ListFilter filter;                          // list
+    double sweepFrom = 1e6;                     // sweep, plot, Hz
+    double sweepTo = 2e10;                      // sweep, plot, Hz
+    std::vector<std::string> filesToCheck;      // check
+    std::string assigned;                       // choose; empty: no material
+    std::vector<MLTABLEKIND> plottedProperties; // plot; none: all that the materials have
+    std::string picturePath;                    // plot; ends in .svg or .png
+    std::vector<std::string> allowedRules;      // check: no warnings of these
+    std::vector<std::string> deniedRules;       // check: warnings of these make a file bad
+    std::string explainedRule;                  // check: nothing but its page; empty: none
 
-    std::string material;                                // show, value, model
-    std::vector<std::string> materials;                  // sweep, plot
-    bool allMaterials = false;                           // sweep, plot: instead of names
-    std::vector<double> temperatures = {25.0};           // sweep, plot, °C
+    Command command = Command::list;
     MLTABLEKIND property = MLTABLE_ER;                   // value
-    double frequency = 0.0;                              // value, Hz
-    double temperature = 25.0;                           // value, model, °C
-    bool smooth = false;                                 // value, sweep: the model everywhere
     int polesPerDecade = 0;                              // model; 0: its terms
-    ListFilter filter;                                   // list
-    double sweepFrom = 1e6;                              // sweep, plot, Hz
-    double sweepTo = 2e10;                               // sweep, plot, Hz
     int sweepPoints = 200;                               // sweep, plot, at least 2
-    bool sweepLogarithmic = false;                       // sweep, plot
-    std::vector<std::string> filesToCheck;               // check
     MLMATERIALKIND materialKind = MLMATERIAL_DIELECTRIC; // choose
-    std::string assigned;                                // choose; empty: no material
-    std::vector<MLTABLEKIND> plottedProperties;          // plot; none: all that the materials have
-    std::string picturePath;                             // plot; ends in .svg or .png
     int pictureWidth = 760;                              // plot, pixels
     int pictureHeight = 400;                             // plot, pixels
-    bool strict = false;                                 // check: warnings make a file bad
-    std::vector<std::string> allowedRules;               // check: no warnings of these
-    std::vector<std::string> deniedRules;                // check: warnings of these make a file bad
-    std::string explainedRule;                           // check: nothing but its page; empty: none
     Colouring colouring = Colouring::automatic;          // check
-    bool allErrors = false;                              // check: go on behind the first error of a file
+    bool json = false;
+    bool allMaterials = false;     // sweep, plot: instead of names
+    bool smooth = false;           // value, sweep: the model everywhere
+    bool sweepLogarithmic = false; // sweep, plot
+    bool strict = false;           // check: warnings make a file bad
+    bool allErrors = false;        // check: go on behind the first error of a file
 };

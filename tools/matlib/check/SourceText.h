@@ -12,6 +12,8 @@ struct Span
     std::size_t offset = 0;
     std::size_t length = 1;
 
+    // clang-tidy takes a 0 that the compiler writes here for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const Span&, const Span&) = default;
 };
 
