@@ -36,8 +36,7 @@ run_coverage()
     scripts/build.sh coverage
     find build/coverage -name '*.gcda' -delete
     ctest --preset coverage --parallel "$(nproc)" </dev/null
-    # Threads that count at once can leave a count below zero, which gcovr would stop at.
-    gcovr --gcov-ignore-parse-errors --root . --object-directory build/coverage --filter include/ --filter MaterialLibrary/ --filter shared/ \
+    gcovr --root . --object-directory build/coverage --filter include/ --filter MaterialLibrary/ --filter shared/ \
         --filter grid/ --filter tools/ --exclude-throw-branches --exclude-unreachable-branches \
         --print-summary build/coverage
 }

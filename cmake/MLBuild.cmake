@@ -56,7 +56,7 @@ if(ML_FUZZERS)
     add_compile_options(-fsanitize=fuzzer-no-link) # the fuzzer sees into the libraries too
 endif()
 if(ML_COVERAGE)
-    target_compile_options(ml_options INTERFACE --coverage -O0)
+    target_compile_options(ml_options INTERFACE --coverage -O0 -fprofile-update=atomic) # threads count too
     add_link_options(--coverage)
 endif()
 

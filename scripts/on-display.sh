@@ -2,8 +2,9 @@
 # Runs a command that shows windows: on-display.sh [--virtual | --desktop] COMMAND [ARGUMENT...]
 # On a desktop its windows appear there; without one, or with --virtual, on a virtual display of 1600 x 1200
 # pixels with a window manager, of which the command can take pictures ("import -window root x.png") and to
-# which it can send input (xdotool). With --desktop it fails where there is none: nobody would see the windows. The command finds in the environment what cmake/wine-run.sh needs, and in
-# ML_DISPLAY whether it is "desktop" or "virtual".
+# which it can send input (xdotool). With --desktop it fails where there is none: nobody would see the windows. The
+# command finds in the environment what cmake/wine-run.sh needs, and in ML_DISPLAY whether it is "desktop" or
+# "virtual".
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 

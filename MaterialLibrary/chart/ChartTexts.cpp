@@ -65,7 +65,7 @@ bool NeedsExponent(const UnitPrefix& prefix)
 std::string TranslatePrefix(const UnitPrefix& prefix)
 {
     // The empty text is a translation catalogue's header.
-    return *prefix.text == '\0' ? "" : translate(moduleDomain, moduleCatalogue, prefix.text);
+    return *prefix.text == '\0' ? "" : TranslateOwn(prefix.text);
 }
 
 std::string Pad(const std::string& text)

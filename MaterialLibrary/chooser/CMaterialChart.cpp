@@ -18,21 +18,17 @@ constexpr double emptyChartHertz = 1e6; // where a logarithmic chart without cur
 
 constexpr Colour keptColours[CMaterialChart::mostKept] = {0x00FF00, 0xFF80FF, 0x0080FF, 0xFFC080};
 
-std::string Translated(const char* text)
-{
-    return translate(moduleDomain, moduleCatalogue, text);
-}
 } // namespace
 
 void CMaterialChart::SetUpAxes(CChartModel& model) const
 {
     const bool isDielectric = kind == MLMATERIAL_DIELECTRIC;
-    model.SetAxisTitle(leftAxis, Translated(isDielectric ? "Er" : "Rough Factor"), "");
+    model.SetAxisTitle(leftAxis, TranslateOwn(isDielectric ? "Er" : "Rough Factor"), "");
     model.ClearAutomaticPrefix(leftAxis);
     if (isDielectric)
     {
         model.AddAxis(rightAxis, true);
-        model.SetAxisTitle(rightAxis, Translated("Loss Tangent"), "");
+        model.SetAxisTitle(rightAxis, TranslateOwn("Loss Tangent"), "");
         model.ClearAutomaticPrefix(rightAxis);
     }
     SetUpFrequencies(model);
@@ -46,7 +42,7 @@ void CMaterialChart::SetUpFrequencies(CChartModel& model) const
     {
         return;
     }
-    model.SetAxisTitle(frequencyAxis, Translated("Frequency"), Translated(logarithmic ? "Hz" : "MHz"));
+    model.SetAxisTitle(frequencyAxis, TranslateOwn("Frequency"), TranslateOwn(logarithmic ? "Hz" : "MHz"));
     axis->automaticPrefix = logarithmic;
     axis->prefixFromFactor = logarithmic;
     axis->lowerLimit = std::numeric_limits<double>::lowest();
@@ -174,7 +170,7 @@ CChartCurve& CMaterialChart::ToHertz(const CChartCurve& curve)
 std::string CMaterialChart::FormatValues() const
 {
     constexpr int digits = 15;
-    std::string titles = Translated("Frequency") + " (" + Translated("MHz") + ")";
+    std::string titles = TranslateOwn("Frequency") + " (" + TranslateOwn("MHz") + ")";
     std::map<double, std::vector<std::string>> rows; // a cell for each curve
     std::size_t columns = 0;
     const auto addColumns = [&](const MaterialCurves& curves, const std::string& prefix)

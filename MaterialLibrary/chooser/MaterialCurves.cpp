@@ -26,8 +26,8 @@ CChartCurve BuildCurve(const IMaterialTable& table, const MaterialCurveDef& defi
 const std::array<MaterialCurveDef, materialCurveCount>& GetMaterialCurveDefs()
 {
     static const std::array<MaterialCurveDef, materialCurveCount> definitions = {{
-        {MLTABLE_ER, translate(moduleDomain, moduleCatalogue, "Er"), 0x0000FF},
-        {MLTABLE_LOSS_TANGENT, translate(moduleDomain, moduleCatalogue, "Loss Tangent"), 0x00FFFF},
+        {MLTABLE_ER, TranslateOwn("Er"), 0x0000FF},
+        {MLTABLE_LOSS_TANGENT, TranslateOwn("Loss Tangent"), 0x00FFFF},
         {MLTABLE_ROUGHNESS_TOP, "Top Roughness Factor", 0xFFFF00},
         {MLTABLE_ROUGHNESS_BOTTOM, "Bottom Roughness Factor", 0xFF0000},
     }};

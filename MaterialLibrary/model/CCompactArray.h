@@ -59,13 +59,15 @@ private:
         return static_cast<std::size_t>(elementCount) * sizeof(T);
     }
 
+    static constexpr std::size_t firstBytes = 16;
+
     // An array that is being filled is usually the block cut last: it grows by little steps, without a copy
     // and without leaving room behind.
     void Grow(CArena& arena, std::size_t least)
     {
         const auto old = static_cast<std::size_t>(capacity);
         const std::size_t extended = std::max(least, old + std::max<std::size_t>(4, old / 4));
-        const std::size_t grown = std::max({least, old + old / 2, 16 / sizeof(T)});
+        const std::size_t grown = std::max({least, old + old / 2, firstBytes / sizeof(T)});
         if (std::max(extended, grown) > INT_MAX)
         {
             throw std::bad_alloc();

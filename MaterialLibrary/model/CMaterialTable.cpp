@@ -17,6 +17,8 @@ void CMaterialTable::SetSingleValue(double value)
     AddEntry({singleValueFrequency, value});
 }
 
+// Not inline: where a compiler knows that the rows are few it copies them by an instruction that takes long
+// to start.
 void CMaterialTable::AddEntries(std::span<const MLTBLENTRY> rows)
 {
     entries.Append(*arena, rows);

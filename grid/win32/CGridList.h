@@ -77,6 +77,7 @@ private:
 
     // The text that a cell shows, on one line.
     [[nodiscard]] std::wstring GetShownText(int item, int subItem) const;
+    [[nodiscard]] int FindSubItem(int column) const; // -1: it is not shown
     [[nodiscard]] std::vector<int> GetColumnsInScreenOrder() const;
     [[nodiscard]] LVHITTESTINFO HitTest(POINT point) const;
     [[nodiscard]] int MeasureText(HDC context, std::string_view text) const;

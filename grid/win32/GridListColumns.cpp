@@ -89,6 +89,12 @@ void CGridList::ShowSortArrow()
     }
 }
 
+int CGridList::FindSubItem(int column) const
+{
+    const auto found = std::find(columns.begin(), columns.end(), column);
+    return found != columns.end() ? static_cast<int>(found - columns.begin()) : -1;
+}
+
 std::vector<int> CGridList::GetColumnsInScreenOrder() const
 {
     std::vector<int> order(columns.size());
@@ -107,8 +113,7 @@ std::vector<ColumnPlace> CGridList::ReadColumnPlaces() const
     std::vector<ColumnPlace> places;
     for (const int column : GetColumnsInScreenOrder())
     {
-        const auto subItem = std::find(columns.begin(), columns.end(), column) - columns.begin();
-        const int width = ListView_GetColumnWidth(GetHandle(), static_cast<int>(subItem));
+        const int width = ListView_GetColumnWidth(GetHandle(), FindSubItem(column));
         places.push_back({model->GetUserAttribute(column), MulDiv(width, 100, character)});
     }
     return places;
@@ -119,9 +124,8 @@ void CGridList::ShowColumnPlaces(const std::vector<ColumnPlace>& places)
     std::vector<int> order;
     for (const ColumnPlace& place : places)
     {
-        const auto found = std::find(columns.begin(), columns.end(), model->FindColumn(place.userAttribute));
-        const auto subItem = static_cast<int>(found - columns.begin());
-        if (found != columns.end() && std::find(order.begin(), order.end(), subItem) == order.end())
+        const int subItem = FindSubItem(model->FindColumn(place.userAttribute));
+        if (subItem >= 0 && std::find(order.begin(), order.end(), subItem) == order.end())
         {
             order.push_back(subItem);
         }
@@ -220,10 +224,9 @@ void CGridList::ChooseColumn(int step)
     const std::ptrdiff_t place =
         found == order.end() ? 0 : std::clamp<std::ptrdiff_t>(found - order.begin() + step, 0, last);
     chosenColumn = order[static_cast<std::size_t>(place)];
-    const auto subItem = std::find(columns.begin(), columns.end(), chosenColumn) - columns.begin();
     RECT header{};
-    SendMessageW(ListView_GetHeader(GetHandle()), HDM_GETITEMRECT, static_cast<WPARAM>(subItem),
-                 reinterpret_cast<LPARAM>(&header));
+    SendMessageW(ListView_GetHeader(GetHandle()), HDM_GETITEMRECT,
+                 static_cast<WPARAM>(FindSubItem(chosenColumn)), reinterpret_cast<LPARAM>(&header));
     RECT client{};
     GetClientRect(GetHandle(), &client);
     MapWindowPoints(ListView_GetHeader(GetHandle()), GetHandle(), reinterpret_cast<POINT*>(&header), 2);
@@ -234,13 +237,12 @@ void CGridList::ChooseColumn(int step)
 
 void CGridList::ClickChosenHeader()
 {
-    const auto found = std::find(columns.begin(), columns.end(), chosenColumn);
-    if (found != columns.end())
+    if (const int subItem = FindSubItem(chosenColumn); subItem >= 0)
     {
         NMLISTVIEW click{};
         click.hdr = {GetHandle(), identifier, static_cast<UINT>(LVN_COLUMNCLICK)};
         click.iItem = -1;
-        click.iSubItem = static_cast<int>(found - columns.begin());
+        click.iSubItem = subItem;
         SendMessageW(GetParent(GetHandle()), WM_NOTIFY, identifier, reinterpret_cast<LPARAM>(&click));
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 // The translation domains and their catalogue files. The module's domain is the key under which its
 // catalogue is registered; its spelling is fixed.
 inline constexpr const char* moduleDomain = "MATERIALLIBARY.DLL";
@@ -13,3 +15,9 @@ using TranslateFunction = const char* (*)(const char* domain, const char* catalo
 // copy it at once. The very first call of the module loads the translation module and registers
 // `catalogue`; later calls ignore it.
 extern TranslateFunction translate;
+
+// A copy of the translation in the module's domain.
+[[nodiscard]] inline std::string TranslateOwn(const char* text)
+{
+    return translate(moduleDomain, moduleCatalogue, text);
+}

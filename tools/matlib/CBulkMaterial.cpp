@@ -42,6 +42,7 @@ std::string WriteMaterial(IMaterial& material)
     }
     return text + "}\n";
 }
+} // namespace
 
 void Require(ml_error error)
 {
@@ -54,7 +55,6 @@ void Require(ml_error error)
         throw CFailure(ml_error_text(error));
     }
 }
-} // namespace
 
 CBulkMaterial::CBulkMaterial(IMaterial& material)
 {

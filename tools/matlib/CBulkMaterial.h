@@ -10,6 +10,9 @@
 
 class IMaterial;
 
+// Throws std::bad_alloc for want of memory, CFailure with its text for any other error of the library for C.
+void Require(ml_error error);
+
 // Values of one property, and where each comes from (ML_FROM_ROW and so on).
 struct BulkValues
 {

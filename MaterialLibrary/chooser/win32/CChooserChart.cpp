@@ -35,11 +35,6 @@ constexpr MenuEntry menuEntries[] = {
     {ChartCommand::SavePicture, "&Save picture..."},
 };
 
-std::string Translated(const char* text)
-{
-    return translate(moduleDomain, moduleCatalogue, text);
-}
-
 // The font of a window, for labels in the language of its texts.
 HFONT CopyFont(HWND window)
 {
@@ -151,7 +146,7 @@ ChartCommand CChooserChart::ChooseFromMenu(POINT screen) const
         const UINT flags = (isLine ? MF_SEPARATOR : MF_STRING) | (checked ? MF_CHECKED : MF_UNCHECKED) |
                            (isLine || CanExecute(entry.command) ? MF_ENABLED : MF_GRAYED);
         AppendMenuA(menu.get(), flags, static_cast<UINT_PTR>(entry.command),
-                    isLine ? nullptr : Translated(entry.text).c_str());
+                    isLine ? nullptr : TranslateOwn(entry.text).c_str());
     }
     return static_cast<ChartCommand>(TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x,
                                                     screen.y, 0, GetParent(chart.GetHandle()), nullptr));

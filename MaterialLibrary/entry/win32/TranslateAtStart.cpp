@@ -11,7 +11,7 @@ namespace
     static_cast<void>(GetMaterialCurveDefs());
     for (const char* const text : {"Top Roughness Factor", "Bottom Roughness Factor"})
     {
-        static_cast<void>(translate(moduleDomain, moduleCatalogue, text));
+        static_cast<void>(TranslateOwn(text));
     }
     return true;
 }();

@@ -31,15 +31,6 @@ struct ModelFacts
     bool isPassive = true; // no term and no pole is negative
 };
 
-// The functions of materials.h fail for bad arguments and without memory only.
-void Require(ml_error error)
-{
-    if (error != ML_OK)
-    {
-        throw CFailure(ml_error_text(error));
-    }
-}
-
 Poles ReadPoles(const ml_model& model, const ml_model_info& info, int perDecade)
 {
     const auto ask = [&](Poles& answer, std::size_t capacity)

@@ -75,17 +75,8 @@ std::vector<std::string> ListInstalledExamples()
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const fs::path folder = program.parent_path().parent_path() / "share/doc/matlib/examples/materials";
-    std::vector<std::string> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error))
-    {
-        if (entry.path().extension() == ".mat")
-        {
-            files.push_back(entry.path().string());
-        }
-    }
-    std::ranges::sort(files);
-    return files;
+    return FindMaterialFiles(
+        (program.parent_path().parent_path() / "share/doc/matlib/examples/materials").string());
 }
 
 int RunProgram(const std::string& path, const std::vector<std::string>& arguments)

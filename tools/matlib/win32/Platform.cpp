@@ -109,21 +109,7 @@ std::vector<std::string> ListInstalledExamples()
     std::string folder(longestPath, '\0');
     folder.resize(GetModuleFileNameA(nullptr, folder.data(), longestPath));
     folder.resize(std::min(folder.rfind('\\'), folder.size()));
-    folder += "\\..\\share\\doc\\MaterialLibrary\\examples\\materials\\";
-    std::vector<std::string> files;
-    WIN32_FIND_DATAA found{};
-    const HANDLE search = FindFirstFileA((folder + "*.mat").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-    {
-        return files;
-    }
-    do
-    {
-        files.push_back(folder + found.cFileName);
-    } while (FindNextFileA(search, &found) != FALSE);
-    FindClose(search);
-    std::ranges::sort(files);
-    return files;
+    return FindMaterialFiles(folder + "\\..\\share\\doc\\MaterialLibrary\\examples\\materials");
 }
 
 int RunProgram(const std::string& path, const std::vector<std::string>& arguments)
