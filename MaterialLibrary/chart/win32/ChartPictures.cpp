@@ -9,6 +9,12 @@
 
 namespace
 {
+// Of a picture that was not finished.
+struct CloseRecording
+{
+    void operator()(HDC recording) const noexcept { DeleteEnhMetaFile(CloseEnhMetaFile(recording)); }
+};
+
 void Draw(const ChartScene& scene, HFONT font, HDC target)
 {
     const CSelectScope fontScope(target, font);
@@ -28,13 +34,14 @@ CMetafile DrawMetafile(const ChartScene& scene, HFONT font)
     };
     const RECT frame = {0, 0, toFrame(scene.client.right, HORZSIZE, HORZRES),
                         toFrame(scene.client.bottom, VERTSIZE, VERTRES)};
-    const HDC recording = CreateEnhMetaFileW(screen.Get(), nullptr, &frame, L"MaterialLibrary\0Chart\0");
-    if (recording == nullptr)
+    CHandle<HDC, CloseRecording> recording(
+        CreateEnhMetaFileW(screen.Get(), nullptr, &frame, L"MaterialLibrary\0Chart\0"));
+    if (!recording)
     {
         return {};
     }
-    Draw(scene, font, recording);
-    return CMetafile(CloseEnhMetaFile(recording));
+    Draw(scene, font, recording.get());
+    return CMetafile(CloseEnhMetaFile(recording.release()));
 }
 
 CGlobalMemory DrawBitmap(const ChartScene& scene, HFONT font)
