@@ -45,21 +45,24 @@ struct MLRECORDKEY
 namespace
 {
 constexpr MLRECORDKEY dielectricKeys[] = {
-    {"NAME", TextValue{&CMaterial::SetName}},
-    {"TYPE", TextValue{&CMaterial::SetTypeName}},
-    {"TECHNOLOGY", TechnologyValue{}},
-    {"VENDOR", TextValue{&CMaterial::SetVendor}},
-    {"COMMENT", TextValue{&CMaterial::SetComment}},
-    {"THICKNESS", NumberValue{MLATTR_THICKNESS}},
-    {"ER", TableValue{MLTABLE_ER}},
-    {"LOSSTANGENT", TableValue{MLTABLE_LOSS_TANGENT}},
+    {keyword::name, TextValue{&CMaterial::SetName}},
+    {keyword::type, TextValue{&CMaterial::SetTypeName}},
+    {keyword::technology, TechnologyValue{}},
+    {keyword::vendor, TextValue{&CMaterial::SetVendor}},
+    {keyword::comment, TextValue{&CMaterial::SetComment}},
+    {keyword::thickness, NumberValue{MLATTR_THICKNESS}},
+    {keyword::er, TableValue{MLTABLE_ER}},
+    {keyword::lossTangent, TableValue{MLTABLE_LOSS_TANGENT}},
 };
 
 constexpr MLRECORDKEY metalKeys[] = {
-    {"NAME", TextValue{&CMaterial::SetName}},           {"TYPE", TextValue{&CMaterial::SetTypeName}},
-    {"VENDOR", TextValue{&CMaterial::SetVendor}},       {"COMMENT", TextValue{&CMaterial::SetComment}},
-    {"RB", NumberValue{MLATTR_BULK_RESISTIVITY}},       {"ROUGHTOP", TableValue{MLTABLE_ROUGHNESS_TOP}},
-    {"ROUGHBTM", TableValue{MLTABLE_ROUGHNESS_BOTTOM}},
+    {keyword::name, TextValue{&CMaterial::SetName}},
+    {keyword::type, TextValue{&CMaterial::SetTypeName}},
+    {keyword::vendor, TextValue{&CMaterial::SetVendor}},
+    {keyword::comment, TextValue{&CMaterial::SetComment}},
+    {keyword::resistivity, NumberValue{MLATTR_BULK_RESISTIVITY}},
+    {keyword::roughTop, TableValue{MLTABLE_ROUGHNESS_TOP}},
+    {keyword::roughBottom, TableValue{MLTABLE_ROUGHNESS_BOTTOM}},
 };
 } // namespace
 
