@@ -151,6 +151,19 @@ void CGridModel::MarkSorted()
     Notify(GRIDCHANGE_ORDER);
 }
 
+std::vector<GridSortKey> CGridModel::GetSortedBy() const
+{
+    std::vector<GridSortKey> keys;
+    for (const GridSortKey& key : sortKeys.GetAll())
+    {
+        if (sorted && key.column >= 1 && key.column <= GetColumnCount() && !IsColumnHidden(key.column))
+        {
+            keys.push_back(key);
+        }
+    }
+    return keys;
+}
+
 void CGridModel::SelectRows(int first, int last, bool select)
 {
     if (selection.Select(first, last, select))

@@ -88,9 +88,10 @@ public:
     // rows. Throws std::invalid_argument unless `order` names every row once.
     void PermuteRows(std::span<const int> order);
 
-    // The key by which the rows stand sorted; without a column when they do not.
+    // The keys by which the rows stand sorted, the most important one first; none when they do not. A column
+    // that is hidden is left out: the others' ranks are what the user sees.
     void MarkSorted();
-    [[nodiscard]] GridSortKey GetSortedBy() const { return sorted ? sortKeys.GetFirst() : GridSortKey(); }
+    [[nodiscard]] std::vector<GridSortKey> GetSortedBy() const;
 
     void SelectRows(int first, int last, bool select);
     void SetCurrentCell(GridCell cell);

@@ -74,7 +74,7 @@ void CGridList::Update(unsigned changes, bool ofSelection)
     }
     if ((changes & (GRIDCHANGE_ORDER | GRIDCHANGE_COLUMNS | GRIDCHANGE_HEADERS)) != 0)
     {
-        ShowSortArrow();
+        ShowSortMarks();
     }
     if (ofSelection)
     {
@@ -254,6 +254,10 @@ LRESULT CGridList::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         {
             return CWnd::HandleMessage(message, wParam, lParam) | DLGC_WANTMESSAGE;
         }
+        break;
+    case WM_SYSCOLORCHANGE:
+        sortMarks.Forget();
+        ShowSortMarks();
         break;
     case WM_KEYDOWN:
         if (HandleColumnKey(wParam))

@@ -5,6 +5,7 @@
 #include "grid/CTypedSearch.h"
 #include "grid/ColumnPlaces.h"
 #include "grid/win32/CCellTip.h"
+#include "grid/win32/CSortMarks.h"
 
 #include <commctrl.h>
 #include <string>
@@ -71,7 +72,7 @@ private:
     void Update(unsigned changes, bool ofSelection);
     void ShowColumns();
     void ShowHeaderTexts();
-    void ShowSortArrow();
+    void ShowSortMarks();
     void ShowRowCount();
     void ShowSelection();
 
@@ -107,6 +108,6 @@ private:
     int searchColumn = 0;
     int chosenColumn = 0; // by Ctrl+Shift+Left and Right, 0 for none
     CTypedSearch typedSearch;
-
+    CSortMarks sortMarks;
     CCellTip tip;
 };

@@ -30,6 +30,7 @@ void CGridList::ShowColumns()
     }
     columns = GetVisibleColumns(*model);
     headers.clear();
+    sortMarks.Forget();
     pressedColumn = 0;
     chosenColumn = 0;
     columnsAreNew = true;
@@ -56,6 +57,7 @@ void CGridList::ShowHeaderTexts()
         {
             continue;
         }
+        sortMarks.Forget(); // not every list keeps the marks of its headers
         std::wstring text = ToWide(shown);
         headers[i] = std::move(shown);
         const auto subItem = static_cast<int>(i);
@@ -68,25 +70,9 @@ void CGridList::ShowHeaderTexts()
     }
 }
 
-void CGridList::ShowSortArrow()
+void CGridList::ShowSortMarks()
 {
-    const GridSortKey key = model->GetSortedBy();
-    const HWND header = ListView_GetHeader(GetHandle());
-    for (std::size_t i = 0; i < columns.size(); ++i)
-    {
-        HDITEMW item{};
-        item.mask = HDI_FORMAT;
-        SendMessageW(header, HDM_GETITEMW, i, reinterpret_cast<LPARAM>(&item));
-        const int before = std::exchange(item.fmt, item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN));
-        if (key.column == columns[i])
-        {
-            item.fmt |= key.ascending ? HDF_SORTUP : HDF_SORTDOWN;
-        }
-        if (item.fmt != before)
-        {
-            SendMessageW(header, HDM_SETITEMW, i, reinterpret_cast<LPARAM>(&item));
-        }
-    }
+    sortMarks.Show(ListView_GetHeader(GetHandle()), model->GetSortedBy(), columns);
 }
 
 int CGridList::FindSubItem(int column) const
@@ -173,8 +159,9 @@ int CGridList::GetPadding() const
 int CGridList::MeasureHeader(int column) const
 {
     const CMeasureScope measure(GetHandle());
-    const int sortArrow = 2 * measure.GetAverageCharacter();
-    return MeasureText(measure.Get(), MakeOneLine(model->GetText(0, column))) + GetPadding() + sortArrow;
+    const int margins = 2 * measure.GetAverageCharacter();
+    return MeasureText(measure.Get(), MakeOneLine(model->GetText(0, column))) + margins +
+           CSortMarks::GetWidth(ListView_GetHeader(GetHandle()));
 }
 
 int CGridList::MeasureCells(int column, int lastRow) const

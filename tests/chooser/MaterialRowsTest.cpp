@@ -187,7 +187,7 @@ TEST_F(MaterialRows, SortInTheNaturalOrderOfTexts)
     rows.Refill();
     EXPECT_THAT(Column(COLUMNKEY_MATERIAL), ElementsAre("Layer10", "layer3", "layer2", "a-b", "a_b", ""))
         << "refilled rows are sorted as before";
-    EXPECT_EQ(model.GetSortedBy(), (GridSortKey{COLUMNKEY_MATERIAL, false}));
+    EXPECT_THAT(model.GetSortedBy(), ElementsAre(GridSortKey{COLUMNKEY_MATERIAL, false}));
 }
 
 TEST_F(MaterialRows, AreSelectedAgainByMaterialAndTemperature)

@@ -68,7 +68,7 @@ public:
         return ToMultibyte(text);
     }
 
-    // The texts of the list's headers, "^" or "v" after that with the sort arrow.
+    // The texts of the list's headers, after them "^" or "v" for a sort arrow and the number of a picture.
     [[nodiscard]] static std::string GetHeaderTexts(HWND list)
     {
         const HWND header = ListView_GetHeader(list);
@@ -77,12 +77,13 @@ public:
         {
             wchar_t text[100] = L"";
             HDITEMW item{};
-            item.mask = HDI_FORMAT | HDI_TEXT;
+            item.mask = HDI_FORMAT | HDI_TEXT | HDI_IMAGE;
             item.pszText = text;
             item.cchTextMax = static_cast<int>(std::size(text));
             SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
             texts += (i == 0 ? "" : "|") + ToMultibyte(text);
             texts += (item.fmt & HDF_SORTUP) != 0 ? "^" : (item.fmt & HDF_SORTDOWN) != 0 ? "v" : "";
+            texts += (item.fmt & HDF_IMAGE) != 0 ? std::to_string(item.iImage) : "";
         }
         return texts;
     }

@@ -256,13 +256,20 @@ TEST_F(GridWindow, SortsAndChoosesByTheKeyboard)
     EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "a");
     press(VK_LEFT, true);
     press(VK_RETURN, true);
-    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.^|Name");
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.0|Name1");
     EXPECT_EQ(grid.chosen, 0);
     press(VK_RETURN, false);
     EXPECT_EQ(grid.chosen, 1);
     CGridFixture::ClickCell(list, 1, 0);
     SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(5, 30));
     EXPECT_EQ(grid.chosen, 2);
+
+    grid.GetModel().SetHeaderText(3, "Name of it");
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.0|Name of it1");
+    grid.GetModel().HideColumn(1, true);
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Name of it^") << "no rank of a single key";
+    grid.GetModel().SetRowCount(2);
+    EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "Name of it");
 }
 
 TEST_F(GridWindow, FitsAColumnToItsWidestCell)
