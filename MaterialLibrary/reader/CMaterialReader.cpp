@@ -88,6 +88,22 @@ void CMaterialReader::Tell(void (IReadObserver::*event)(std::string_view), std::
     }
 }
 
+// The token is a piece of the text.
+void CMaterialReader::TellPiece()
+{
+    Tell(&IReadObserver::OnPiece, token);
+}
+
+// What the scanner has read since it was at `start` is a piece behind blanks.
+void CMaterialReader::TellValue(const char* start)
+{
+    if (observer != nullptr)
+    {
+        const std::string_view read(start, static_cast<std::size_t>(scanner->GetPlace().cursor - start));
+        observer->OnPiece(read.substr(read.find_first_not_of(" \t")));
+    }
+}
+
 void CMaterialReader::Refuse(MLTEXTID reason, Expected expected)
 {
     if (observer != nullptr)
@@ -132,6 +148,7 @@ void CMaterialReader::NeedSign(char sign, MLTEXTID reason, Expected expected)
         static_cast<void>(NextToken()); // an error is told behind the token that breaks the rule
         Refuse(reason, expected);
     }
+    TellPiece();
 }
 
 void CMaterialReader::NeedPartOfHeader(std::string_view part, Expected expected)
@@ -140,25 +157,30 @@ void CMaterialReader::NeedPartOfHeader(std::string_view part, Expected expected)
     {
         Refuse(MLTEXT_BAD_HEADER, expected);
     }
+    TellPiece();
 }
 
 std::string_view CMaterialReader::NeedQuoted()
 {
+    const char* const start = scanner->GetPlace().cursor;
     std::string_view quoted;
     if (!scanner->ReadQuoted(quoted))
     {
         Refuse(MLTEXT_MISSING_VALUE, Expected::text);
     }
+    TellValue(start);
     return quoted;
 }
 
 double CMaterialReader::NeedNumber(MLTEXTID reason, Expected expected)
 {
+    const char* const start = scanner->GetPlace().cursor;
     double value = 0.0;
     if (!scanner->ReadNumber(value))
     {
         Refuse(reason, expected);
     }
+    TellValue(start);
     return value;
 }
 
@@ -194,10 +216,12 @@ void CMaterialReader::ReadVersion()
 
 void CMaterialReader::ReadVersionNumber(std::uint32_t& number)
 {
+    const char* const start = scanner->GetPlace().cursor;
     if (!scanner->ReadInteger(number))
     {
         Refuse(MLTEXT_BAD_HEADER, Expected::versionNumber);
     }
+    TellValue(start);
 }
 
 void CMaterialReader::ReadLibrary(CFakeMaterialLib& library)
@@ -235,6 +259,7 @@ bool CMaterialReader::ReadNextBlock(CFakeMaterialLib& library)
         }
         return false;
     }
+    TellPiece();
     ReadBlock(library);
     return true;
 }
@@ -247,9 +272,11 @@ void CMaterialReader::ReadBlock(CFakeMaterialLib& library)
     if (!isDielectric && !scanner->TakeWord(keyword::metal, token))
     {
         NeedToken(Expected::blockWord);
+        TellPiece();
         Tell(&IReadObserver::OnUnknownBlock, token);
         return;
     }
+    TellPiece();
     Tell(&IReadObserver::OnBlock, token);
     if (blockWord.empty())
     {
@@ -312,13 +339,16 @@ bool CMaterialReader::ReadRecord(CMaterial& material)
         {
             Refuse(MLTEXT_BRACKET_EXPECTED, Expected::record);
         }
+        TellPiece();
         return false;
     }
+    TellPiece();
     const MLRECORDKEY* const key = TakeKey<keys>(std::make_index_sequence<std::size(keys)>());
     if (key == nullptr)
     {
         NeedToken(Expected::key); // a word alone, "(FOO)", passes
     }
+    TellPiece();
     Tell(&IReadObserver::OnRecord, token);
     if (key != nullptr)
     {
@@ -362,6 +392,7 @@ void CMaterialReader::ReadValue(CMaterial& material, const MLRECORDKEY& key)
     else
     {
         NeedToken(Expected::word);
+        TellPiece();
         Tell(&IReadObserver::OnTechnology, token);
         material.SetIntAttribute(MLATTR_TECHNOLOGY, GetTechnologyId(token));
     }
@@ -384,15 +415,18 @@ void CMaterialReader::ReadTable(CMaterialTable& table)
     {
         if (scanner->TakeWord(keyword::table, token))
         {
+            TellPiece();
             NeedSign('=', MLTEXT_EQUALS_EXPECTED, Expected::equals);
             ReadRows(table);
         }
         else if (scanner->TakeWord(keyword::temperature, token))
         {
+            TellPiece();
             table.SetTemperature(NeedAssignedNumber());
         }
         else if (scanner->TakeWord(keyword::value, token))
         {
+            TellPiece();
             Tell(&IReadObserver::OnSingleValue, token);
             table.SetSingleValue(NeedAssignedNumber());
         }
@@ -406,6 +440,7 @@ void CMaterialReader::ReadTable(CMaterialTable& table)
         }
     }
     static_cast<void>(NextToken());
+    TellPiece();
 }
 
 // Reads up to the first token that is no row's frequency.
@@ -427,6 +462,7 @@ void CMaterialReader::ReadRows(CMaterialTable& table)
             scanner->GoBackTo(token);
             return;
         }
+        TellPiece();
         Tell(&IReadObserver::OnRow, token);
         row.value = NeedNumber(MLTEXT_FREQUENCY_WITHOUT_VALUE, Expected::rowValue);
         table.AddEntry(row);

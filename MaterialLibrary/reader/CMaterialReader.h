@@ -63,6 +63,8 @@ private:
     [[nodiscard]] double NeedAssignedNumber();
 
     void Tell(void (IReadObserver::*event)(std::string_view), std::string_view what);
+    void TellPiece();
+    void TellValue(const char* start);
     [[noreturn]] void Refuse(MLTEXTID reason, Expected expected);
     template <class Read>
     [[nodiscard]] bool Attempt(Read read);

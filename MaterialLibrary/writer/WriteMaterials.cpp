@@ -3,6 +3,7 @@
 #include "model/CMaterialTable.h"
 #include "model/ITechnologyMapProvider.h"
 #include "reader/Keywords.h"
+#include "writer/FormatMaterialText.h"
 #include "writer/SpellNumber.h"
 
 #include <algorithm>
@@ -49,7 +50,6 @@ public:
              {});
         Need(material.kind == fileKind, Unwritable::mixedKinds, {});
         kind = material.kind;
-        text += '\n';
         std::ranges::for_each(material.remarks, [this](const std::string& line) { AddRemark(line); });
         Append("{", kind == MLMATERIAL_METAL ? keyword::metal : keyword::dielectric, "\n");
         AddText(keyword::name, material.name);
@@ -175,5 +175,5 @@ std::string WriteMaterials(std::span<const MaterialDescription> materials)
     {
         text.Add(each, materials.front().kind);
     }
-    return text.Take();
+    return FormatMaterialText(text.Take()); // there is one layout
 }
