@@ -65,6 +65,18 @@ use_mouse()
     click IDOK
 }
 
+# The bar between the list and the chart, with the mouse and with keys, and back to where it was.
+use_bar()
+{
+    local bar=($(point_in ML_CHART 70 -2))
+    drag_between "${bar[@]}" "${bar[0]}" $((bar[1] + HEIGHT / 12))
+    picture 9-bar-dragged
+    press shift+F10 b End
+    picture 10-bar-with-keys
+    press Escape
+    drag_between "${bar[0]}" $((bar[1] + HEIGHT / 12)) "${bar[@]}"
+}
+
 # Values under the mouse, the menu by mouse and by keyboard, a kept material, a zoom and the way back.
 use_chart()
 {
@@ -90,6 +102,8 @@ use_chart()
     press shift+F10 f
     press shift+F10 l
     picture 8-as-before
+    use_bar
+    picture 11-as-before
     click ML_BUTTON_ASSIGN
     click IDOK
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-CChartPaneState::CChartPaneState(int chartHeight, int leastWindowHeight)
-    : templateHeight(chartHeight), leastHeight(leastWindowHeight), heightForRest(leastWindowHeight),
-      hiddenHeight(chartHeight)
+CChartPaneState::CChartPaneState(const ChartPaneTemplate& sizes_)
+    : sizes(sizes_), rest(sizes.rest), wantedRest(sizes.rest), presentHeight(sizes.rest + sizes.chart),
+      hiddenHeight(sizes.chart)
 {
 }
 
@@ -14,7 +14,7 @@ WindowFrame CChartPaneState::Open(const WindowFrame& left, const WindowFrame& wo
     WindowFrame opened = left;
     if (shown && GetChartHeight(left.height) < GetLeastChartHeight())
     {
-        opened.height = heightForRest + templateHeight;
+        opened.height = wantedRest + sizes.chart;
     }
     opened.width = std::min(opened.width, workArea.width);
     opened.height = std::min(opened.height, workArea.height);
@@ -29,27 +29,29 @@ WindowFrame CChartPaneState::Show(const WindowFrame& normal, const WindowFrame& 
     {
         return *former;
     }
-    Step step{normal, normal, heightForRest, 0};
+    Step step{normal, normal, wantedRest, 0};
     step.after.height = std::min(normal.height + hiddenHeight, workArea.height);
     const bool fits = step.after.height - normal.height >= hiddenHeight;
-    heightForRest = step.after.height - (fits ? hiddenHeight : FitChart(step.after.height, hiddenHeight));
+    rest = step.after.height - (fits ? hiddenHeight : FitChart(step.after.height, hiddenHeight));
+    wantedRest = rest;
     step.after = MoveIntoWorkArea(step.after, workArea);
-    step.heightForRestAfter = heightForRest;
+    step.wantedRestAfter = wantedRest;
     lastStep = step;
     return step.after;
 }
 
 WindowFrame CChartPaneState::Hide(const WindowFrame& normal, const WindowFrame& workArea)
 {
-    const int chart = GetChartHeight(normal.height);
-    hiddenHeight = std::max(chart, templateHeight);
+    const bool isMaximised = normal.height != presentHeight;
+    const int chart = std::max(normal.height - (isMaximised ? FitRest(normal.height) : rest), 0);
+    hiddenHeight = std::max(chart, sizes.chart);
     shown = false;
     if (const auto former = TakeBack(normal, workArea))
     {
         return *former;
     }
-    Step step{normal, normal, heightForRest, heightForRest};
-    step.after.height = std::min(std::max(normal.height - chart, leastHeight), workArea.height);
+    Step step{normal, normal, wantedRest, wantedRest};
+    step.after.height = std::min(std::max(normal.height - chart, sizes.rest), workArea.height);
     step.after = MoveIntoWorkArea(step.after, workArea);
     if (chart >= GetLeastChartHeight())
     {
@@ -60,15 +62,33 @@ WindowFrame CChartPaneState::Hide(const WindowFrame& normal, const WindowFrame& 
 
 void CChartPaneState::Resize(int height, ResizedBy by)
 {
-    if (shown && by == ResizedBy::System && GetChartHeight(height) < GetLeastChartHeight())
+    const bool changes = std::exchange(presentHeight, height) != height;
+    if (shown && by == ResizedBy::System)
     {
-        heightForRest = height - FitChart(height, templateHeight);
+        rest = FitRest(height);
     }
+    else if (shown && changes)
+    {
+        wantedRest = rest;
+    }
+}
+
+void CChartPaneState::MoveBar(int height, int chart)
+{
+    const int most = std::max(height - GetLeastRest(), GetLeastChartHeight());
+    rest = height - std::clamp(chart, std::min(GetUsefulChartHeight(), most), most);
+    wantedRest = rest;
+}
+
+void CChartPaneState::SetGridHeight(int grid)
+{
+    wantedRest = sizes.rest - sizes.grid + std::max(grid, GetLeastGridHeight());
+    rest = wantedRest;
 }
 
 int CChartPaneState::GetChartHeight(int height) const
 {
-    return shown ? std::max(height - heightForRest, 0) : 0;
+    return shown ? std::max(height - rest, 0) : 0;
 }
 
 // The frame before the last step, where nobody has changed anything since; the user may have moved it.
@@ -76,7 +96,7 @@ std::optional<WindowFrame> CChartPaneState::TakeBack(const WindowFrame& normal, 
 {
     const std::optional<Step> step = std::exchange(lastStep, std::nullopt);
     if (!step || step->after.width != normal.width || step->after.height != normal.height ||
-        step->heightForRestAfter != heightForRest)
+        step->wantedRestAfter != wantedRest)
     {
         return std::nullopt;
     }
@@ -91,13 +111,24 @@ std::optional<WindowFrame> CChartPaneState::TakeBack(const WindowFrame& normal, 
     {
         return std::nullopt;
     }
-    heightForRest = step->heightForRestBefore;
-    lastStep = Step{normal, former, step->heightForRestAfter, step->heightForRestBefore};
+    wantedRest = step->wantedRestBefore;
+    rest = FitRest(former.height);
+    lastStep = Step{normal, former, step->wantedRestAfter, step->wantedRestBefore};
     return former;
 }
 
-// The height of a chart in a window that has no room for one beside all else.
+// The height of a chart in a window that has no room for one beside all else: the grid gives way down to half
+// its height, both down to what is still of use, then the chart.
 int CChartPaneState::FitChart(int height, int wanted) const
 {
-    return std::max(GetLeastChartHeight(), std::min(wanted, height - leastHeight));
+    const int besideHalfTheGrid = height - (sizes.rest - sizes.grid / 2);
+    const int useful = std::min({wanted, GetUsefulChartHeight(), height - GetLeastRest()});
+    return std::max({GetLeastChartHeight(), std::min(wanted, besideHalfTheGrid), useful});
+}
+
+// Where the bar stands in a window that the system gave that height.
+int CChartPaneState::FitRest(int height) const
+{
+    const bool hasRoom = height - wantedRest >= GetLeastChartHeight();
+    return hasRoom ? wantedRest : height - FitChart(height, sizes.chart);
 }

@@ -11,5 +11,6 @@ enum class ChartCommand
     WholeView,
     CopyPicture,
     CopyValues,
-    SavePicture
+    SavePicture,
+    MoveBar
 };

@@ -26,4 +26,5 @@
 #define ML_BUTTON_UNASSIGN 1042
 #define ML_LABEL_UNIT 1043
 #define ML_COMBO_UNITS 1044
+#define ML_DIVIDER 1045 // made by the dialog, not by its template
 #define ML_BUTTON_HELP 9

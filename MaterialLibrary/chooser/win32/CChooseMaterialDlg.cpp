@@ -115,6 +115,7 @@ bool CChooseMaterialDlg::OnInitDialog()
     ApplyUnits();
     grid->ShowColumnPlaces(ParseColumnPlaces(ReadProfileString(chooserSection, GetColumnsName(kind), "")));
     chart.Attach(ML_CHART, GetHandle());
+    CreateBar();
     CreateMover();
     ReadShowChart();
     SetItemText(GetHandle(), ML_EDIT_ASSIGNED, assigned != nullptr ? assigned->GetName() : "");
@@ -250,6 +251,7 @@ LRESULT CChooseMaterialDlg::HandleMessage(UINT message, WPARAM wParam, LPARAM lP
         StoreProfileInteger(chooserSection, showChartName, showChart ? 1 : 0);
         StoreProfileString(chooserSection, GetColumnsName(kind),
                            FormatColumnPlaces(grid->ReadColumnPlaces()));
+        StoreGridHeight();
     }
     if (message == chartZoomChangedMessage)
     {

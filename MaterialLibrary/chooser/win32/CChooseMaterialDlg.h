@@ -4,6 +4,7 @@
 #include "chooser/CMaterialFilter.h"
 #include "chooser/ISelectionChangeNotifier.h"
 #include "chooser/win32/CChooserChart.h"
+#include "chooser/win32/CDividerBar.h"
 #include "chooser/win32/CMaterialGrid.h"
 #include "framework/CDialog.h"
 #include "framework/CHandle.h"
@@ -72,11 +73,15 @@ private:
 
     void TakeTemplateSize();
     void CreateMover();
+    void CreateBar();
     void LayOutControls();
     void ToggleChart();
     void ShowOrHideChart();
     void ReadShowChart();
     void StackGridAndChart();
+    int MoveBar(int down);
+    void ReadGridHeight();
+    void StoreGridHeight() const;
     void SetControlHeight(int control, int top, int height);
     void KeepInWorkArea();
     void NarrowControls(int byPixels);
@@ -95,7 +100,10 @@ private:
     std::unique_ptr<CMaterialGrid> grid; // goes before the chart's curves
     std::unique_ptr<CCtrlAutoMover> mover;
     CChartPaneState chartPane;
+    CDividerBar bar;                          // between grid and chart
+    CChartPaneState paneBeforeBar;            // was moved
     std::vector<std::unique_ptr<CWnd>> edits; // those in which Enter applies
+    int templateGridHeight = 0;
     int gapAboveChart = 0;
     int gapBelowChart = 0;
     bool changingSize = false; // the dialog itself, not its user

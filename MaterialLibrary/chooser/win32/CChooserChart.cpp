@@ -33,6 +33,8 @@ constexpr MenuEntry menuEntries[] = {
     {ChartCommand::CopyPicture, "&Copy picture"},
     {ChartCommand::CopyValues, "Copy &values"},
     {ChartCommand::SavePicture, "&Save picture..."},
+    {ChartCommand::None, ""},
+    {ChartCommand::MoveBar, "Move the &bar above the chart"},
 };
 
 // The font of a window, for labels in the language of its texts.
@@ -208,6 +210,9 @@ void CChooserChart::Execute(ChartCommand command)
         break;
     case ChartCommand::SavePicture:
         SavePicture();
+        break;
+    case ChartCommand::MoveBar:
+        onMoveBar();
         break;
     case ChartCommand::None:
         break;

@@ -7,6 +7,9 @@
 #include "chooser/ChartCommand.h"
 #include "framework/CHandle.h"
 
+#include <functional>
+#include <utility>
+
 class IMaterial;
 
 // The chart of the chooser: a material's Er and loss tangent, or its roughness factors, over the frequency,
@@ -33,6 +36,9 @@ public:
     // focus is. False when it is neither, or the chart is hidden.
     bool OnContextMenu(POINT screen, bool byKeyboard);
 
+    // What to do for the menu's offer to move the bar above the chart.
+    void SetOnMoveBar(std::function<void()> action) { onMoveBar = std::move(action); }
+
     // What the menu does.
     void Execute(ChartCommand command);
 
@@ -53,5 +59,6 @@ private:
     CFont font;
     CSimpleChartControl chart;
     CViewHistory views;
+    std::function<void()> onMoveBar;
     CChartControlWrapper axisInfo{&chart.GetChart()};
 };

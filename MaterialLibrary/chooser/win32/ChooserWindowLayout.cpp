@@ -1,6 +1,7 @@
 // The dialog as a window that changes its size: where its controls stand.
 #include "chooser/win32/CChooseMaterialDlg.h"
 #include "framework/DialogItems.h"
+#include "framework/Profile.h"
 #include "framework/WindowScopes.h"
 #include "resources/DialogIds.h"
 #include "shared/CtrlAutoMover/win32/WindowPlacement.h"
@@ -13,6 +14,11 @@ namespace
 // Of the dialog's client area, in dialog units.
 constexpr int templateWidth = 505;
 constexpr int templateHeight = 322;
+
+constexpr int largestHeight = 30'000; // in pixels at any scale
+
+// In pixels, with the one that the template has at that scale.
+constexpr const char* gridHeightName = "GridHeight";
 
 constexpr int thicknessControls[] = {
     ML_LABEL_THICKNESS,    ML_EDIT_THICKNESS_MINIMUM,
@@ -60,17 +66,30 @@ void CChooseMaterialDlg::TakeTemplateSize()
                  window.cy + wanted.bottom - client.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void CChooseMaterialDlg::CreateBar()
+{
+    const auto begin = [this] { paneBeforeBar = chartPane; };
+    bar.Create(GetHandle(), ML_DIVIDER, GetDlgItem(GetHandle(), ML_GRID),
+               {begin, [this](int down) { return MoveBar(down); }});
+    chart.SetOnMoveBar([this] { bar.TakeFocus(); });
+    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
+    SetWindowPos(bar.GetHandle(), nullptr, gridRect.left, gridRect.bottom, gridRect.right - gridRect.left,
+                 GetControlRect(GetHandle(), ML_CHART).top - gridRect.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void CChooseMaterialDlg::CreateMover()
 {
     const SIZE size = GetWindowSize(GetHandle());
+    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
     const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
     const int chartHeight = chartRect.bottom - chartRect.top;
-    gapAboveChart = chartRect.top - GetControlRect(GetHandle(), ML_GRID).bottom;
+    templateGridHeight = gridRect.bottom - gridRect.top;
+    gapAboveChart = chartRect.top - gridRect.bottom;
     gapBelowChart = GetControlRect(GetHandle(), IDOK).top - chartRect.bottom;
     mover = std::make_unique<CCtrlAutoMover>(this);
     mover->minWidth = size.cx;
     mover->minHeight = size.cy - chartHeight;
-    chartPane = CChartPaneState(chartHeight, size.cy - chartHeight);
+    chartPane = CChartPaneState({chartHeight, size.cy - chartHeight, templateGridHeight});
     LayOutControls();
 }
 
@@ -80,6 +99,8 @@ void CChooseMaterialDlg::LayOutControls()
     const bool withChart = chartPane.GetLayout(GetWindowSize(GetHandle()).cy) == ChooserLayout::WithChart;
     const int groups[] = {
         mover->AddGroup(leftEdge, topEdge, rightEdge, withChart ? topEdge : bottomEdge, {ML_GRID}),
+        mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge,
+                        withChart ? topEdge : bottomEdge, {ML_DIVIDER}),
         mover->AddGroup(leftEdge, withChart ? topEdge : bottomEdge, rightEdge, bottomEdge, {ML_CHART}),
         mover->AddGroup(rightEdge, bottomEdge, rightEdge, bottomEdge, {IDOK, IDCANCEL, ML_BUTTON_HELP}),
         mover->AddGroup(leftEdge, bottomEdge, leftEdge, bottomEdge,
@@ -107,6 +128,7 @@ void CChooseMaterialDlg::ShowOrHideChart()
     const HWND dialog = GetHandle();
     mover->RemoveAllGroups();
     ShowItem(dialog, ML_CHART, showChart);
+    ShowItem(dialog, ML_DIVIDER, showChart);
     const bool snapped = IsSnapped(dialog); // keeps its size
     const SIZE before = GetWindowSize(dialog);
     const WindowFrame frame = snapped ? WindowFrame{0, 0, before.cx, before.cy} : GetNormalFrame(dialog);
@@ -125,6 +147,7 @@ void CChooseMaterialDlg::ShowOrHideChart()
     chartPane.Resize(height, ResizedBy::System);
     StackGridAndChart();
     LayOutControls();
+    bar.BeginAnew();
 }
 
 // Shares the room above the bottom controls between chart and grid. A hidden chart keeps its height for the
@@ -135,7 +158,43 @@ void CChooseMaterialDlg::StackGridAndChart()
     const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
     const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
     SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
+    SetControlHeight(ML_DIVIDER, chartTop - gapAboveChart, gapAboveChart);
     SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartPane.GetHiddenHeight());
+}
+
+// From where it stood when its user took it.
+int CChooseMaterialDlg::MoveBar(int down)
+{
+    const int height = GetWindowSize(GetHandle()).cy;
+    chartPane = paneBeforeBar;
+    const int chartHeight = chartPane.GetChartHeight(height);
+    if (down != 0)
+    {
+        chartPane.MoveBar(height, chartHeight - down);
+    }
+    StackGridAndChart();
+    LayOutControls();
+    return chartHeight - chartPane.GetChartHeight(height);
+}
+
+void CChooseMaterialDlg::ReadGridHeight()
+{
+    const auto stored = ParseNumberPair(ReadProfileString(GetRuntimeClassName(), gridHeightName, ""));
+    if (showChart && stored && stored->second > 0)
+    {
+        chartPane.SetGridHeight(
+            MulDiv(std::clamp<int>(stored->first, 0, largestHeight), templateGridHeight, stored->second));
+    }
+}
+
+// With a hidden chart the height is the window's, and the next chart takes none of it.
+void CChooseMaterialDlg::StoreGridHeight() const
+{
+    if (showChart)
+    {
+        StoreProfileString(GetRuntimeClassName(), gridHeightName,
+                           FormatNumberPair({chartPane.GetGridHeight(), templateGridHeight}));
+    }
 }
 
 void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
@@ -153,6 +212,7 @@ void CChooseMaterialDlg::KeepInWorkArea()
     const int missing = mover->minWidth - workArea.width;
     mover->minWidth = std::min(mover->minWidth, workArea.width);
     mover->minHeight = std::min(mover->minHeight, workArea.height);
+    ReadGridHeight();
     if (const WindowFrame frame = chartPane.Open(left, workArea); frame != left)
     {
         const CFlagScope scope(changingSize);
@@ -220,4 +280,5 @@ void CChooseMaterialDlg::OnResized()
         StackGridAndChart();
         LayOutControls(); // measured in the window's present size
     }
+    bar.BeginAnew();
 }

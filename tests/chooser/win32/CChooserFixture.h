@@ -85,6 +85,7 @@ protected:
     [[nodiscard]] static HWND Item(int control) { return GetDlgItem(Dialog(), control); }
     [[nodiscard]] static std::string Text(int control) { return GetItemText(Dialog(), control); }
     [[nodiscard]] static CMaterialGrid& Grid() { return *dialog->grid; }
+    [[nodiscard]] static CChooserChart& MaterialChart() { return dialog->chart; }
     [[nodiscard]] static CChart& Chart() { return dialog->chart.chart.GetChart(); }
 
     // A click on a button; OK and Cancel end the script.
@@ -156,6 +157,22 @@ protected:
         SetWindowPos(Dialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     }
 
+    // By the left button, which Escape may take back.
+    static void DragBar(int down, bool keep = true)
+    {
+        const HWND handle = Item(ML_DIVIDER);
+        SendMessageW(handle, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(40, 1));
+        for (int i = 0; i < 4; ++i) // it comes along with the mouse
+        {
+            SendMessageW(handle, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(40, 1 + down / 4));
+        }
+        if (!keep)
+        {
+            SendMessageW(handle, WM_KEYDOWN, VK_ESCAPE, 0);
+        }
+        SendMessageW(handle, WM_LBUTTONUP, 0, MAKELPARAM(40, 1));
+    }
+
     // The visible parts stand one below the other within the window.
     static void ExpectNoOverlap()
     {
@@ -163,9 +180,11 @@ protected:
         RECT client{};
         GetClientRect(Dialog(), &client);
         EXPECT_GT(Place(ML_GRID).bottom, Place(ML_GRID).top);
+        EXPECT_EQ(IsWindowVisible(Item(ML_DIVIDER)) != FALSE, charted);
         if (charted)
         {
-            EXPECT_LE(Place(ML_GRID).bottom, Place(ML_CHART).top);
+            EXPECT_EQ(Place(ML_GRID).bottom, Place(ML_DIVIDER).top);
+            EXPECT_EQ(Place(ML_DIVIDER).bottom, Place(ML_CHART).top);
             EXPECT_LE(Place(ML_CHART).top, Place(ML_CHART).bottom);
         }
         const RECT above = charted ? Place(ML_CHART) : Place(ML_GRID);

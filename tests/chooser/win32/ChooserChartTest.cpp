@@ -114,7 +114,7 @@ TEST_F(ChooserChart, HasAMenuForMouseAndKeyboard)
                      MAKELPARAM(area.left + 5, area.top + 7));
         EXPECT_THAT(menuTexts, ElementsAre("&Logarithmic frequency", "-&Keep curves", "-&Forget kept curves",
                                            "-&Previous view", "&Whole view", "&Copy picture", "-Copy &values",
-                                           "&Save picture..."));
+                                           "&Save picture...", "Move the &bar above the chart"));
         EXPECT_EQ(menuPlace.x - area.left + menuPlace.y - area.top, 12);
         Select(4, 4);
         Use(ChartCommand::LogarithmicFrequency);
@@ -123,7 +123,7 @@ TEST_F(ChooserChart, HasAMenuForMouseAndKeyboard)
         Use(ChartCommand::None);
         EXPECT_THAT(menuTexts, ElementsAre("*&Logarithmic frequency", "-&Keep curves", "&Forget kept curves",
                                            "&Previous view", "&Whole view", "&Copy picture", "Copy &values",
-                                           "&Save picture..."));
+                                           "&Save picture...", "Move the &bar above the chart"));
         EXPECT_TRUE(PtInRect(&area, menuPlace));
         menuTexts.clear();
         Press(ML_CHECK_SHOW_GRAPHICALLY);

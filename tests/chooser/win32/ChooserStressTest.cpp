@@ -66,7 +66,7 @@ protected:
             [&] { Press(pick(2) == 0 ? ML_BUTTON_ASSIGN : ML_BUTTON_UNASSIGN); },
             [&] { Resize(pick(1500), pick(1200)); },
             [&] { ShowWindow(Dialog(), pick(2) == 0 ? SW_MAXIMIZE : SW_RESTORE); },
-            [&] { Click(ML_CHART, pick(800), pick(300)); },
+            [&] { DragBar(pick(900) - 400, pick(4) != 0); },
             [&] { Click(ML_CHART, pick(800), pick(300)); },
             [&] { Grid().GetModel().SelectRows(std::min(row, rows), std::min(row, rows), pick(2) == 0); },
             [&] { SendMessageW(Grid().GetList(), WM_KEYDOWN, keys[pick(6)], 0); },
