@@ -6,6 +6,7 @@
 #include "chooser/CRememberedRows.h"
 #include "chooser/IMaterialFilter.h"
 #include "chooser/ISelectionChangeNotifier.h"
+#include "chooser/TableTip.h"
 #include "grid/SortRows.h"
 #include "model/ITechnologyMapProvider.h"
 #include "resources/Texts.h"
@@ -15,12 +16,20 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 namespace
 {
 std::string FormatCell(double value)
 {
     return FormatNumber(value, 13);
+}
+
+// The kind of the tables that a column shows; a column of something else shows none.
+std::optional<int> GetTableKind(int columnKey)
+{
+    const bool isTable = columnKey >= COLUMNKEY_ER && columnKey <= COLUMNKEY_ROUGHNESS_BOTTOM;
+    return isTable ? std::optional(columnKey - COLUMNKEY_ER + MLTABLE_ER) : std::nullopt;
 }
 
 // The different temperatures of the material's tables, in the order of the tables.
@@ -164,6 +173,18 @@ void CMaterialRows::SelectMaterial(const IMaterial& material)
     update.Finish();
 }
 
+std::string CMaterialRows::DescribeCell(GridCell cell) const
+{
+    const std::optional<int> kind = GetTableKind(model->GetUserAttribute(cell.column));
+    const int nameColumn = model->FindColumn(COLUMNKEY_MATERIAL);
+    if (!kind || nameColumn == 0 || model->GetText(cell.row, cell.column) != tableText)
+    {
+        return {};
+    }
+    const IMaterial* const material = library->FindMaterial(model->GetText(cell.row, nameColumn));
+    return material != nullptr ? DescribeTable(*material, *kind, ReadTemperature(cell.row)) : std::string();
+}
+
 IMaterial* CMaterialRows::GetCurrentMaterial() const
 {
     const int row = model->GetSelection().GetOnlyRow();
@@ -174,8 +195,13 @@ IMaterial* CMaterialRows::GetCurrentMaterial() const
 double CMaterialRows::GetCurrentTemperature() const
 {
     const int row = model->GetSelection().GetOnlyRow();
+    return row != 0 ? ReadTemperature(row) : 0.0;
+}
+
+double CMaterialRows::ReadTemperature(int row) const
+{
     const int column = model->FindColumn(COLUMNKEY_TEMPERATURE);
-    return row != 0 && column != 0 ? ParseDecimal(model->GetText(row, column)).value : 0.0;
+    return column != 0 ? ParseDecimal(model->GetText(row, column)).value : 0.0;
 }
 
 std::vector<IMaterial*> CMaterialRows::ListMaterials() const
@@ -206,6 +232,11 @@ void CMaterialRows::FillRow(int row, IMaterial& material, double temperature)
 void CMaterialRows::FillCell(int row, int column, IMaterial& material, double temperature)
 {
     const int key = model->GetUserAttribute(column);
+    if (const std::optional<int> tableKind = GetTableKind(key))
+    {
+        FillTableCell(row, column, material.GetTable(*tableKind, temperature));
+        return;
+    }
     const auto setText = [&](std::string_view text) { model->SetCell(row, column, styles.text, text); };
     switch (key)
     {
@@ -226,12 +257,6 @@ void CMaterialRows::FillCell(int row, int column, IMaterial& material, double te
     }
     case COLUMNKEY_THICKNESS:
         FillThickness(row, column, material);
-        break;
-    case COLUMNKEY_ER:
-    case COLUMNKEY_LOSS_TANGENT:
-    case COLUMNKEY_ROUGHNESS_TOP:
-    case COLUMNKEY_ROUGHNESS_BOTTOM:
-        FillTableCell(row, column, material.GetTable(key - COLUMNKEY_ER + MLTABLE_ER, temperature));
         break;
     case COLUMNKEY_MATERIAL:
         setText(material.GetName());

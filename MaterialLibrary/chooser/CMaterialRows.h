@@ -50,6 +50,10 @@ public:
     // Selects the first row of that material and no other. Nothing happens when it is not listed.
     void SelectMaterial(const IMaterial& material);
 
+    // What the tip of a cell says besides its text: of one that shows a table, values of it. Empty for
+    // others.
+    [[nodiscard]] std::string DescribeCell(GridCell cell) const;
+
     // The material of the selected row, or of the current cell where nothing is selected. Null unless that is
     // exactly one row.
     [[nodiscard]] IMaterial* GetCurrentMaterial() const;
@@ -65,6 +69,8 @@ private:
         GridStyleId notAvailable = 0;
         GridStyleId marker = 0;
     };
+
+    [[nodiscard]] double ReadTemperature(int row) const;
 
     // The materials that the filter accepts, in the order of their rows.
     [[nodiscard]] std::vector<IMaterial*> ListMaterials() const;

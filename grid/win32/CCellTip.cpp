@@ -22,9 +22,10 @@ TTTOOLINFOW MakeTool(HWND owner)
 }
 } // namespace
 
-void CCellTip::Create(HWND owner)
+void CCellTip::Create(HWND owner, std::function<std::wstring(GridCell)> describe)
 {
     list = owner;
+    makeText = std::move(describe);
     window = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
                              CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr,
                              GetModuleInstance(), nullptr);
@@ -39,24 +40,33 @@ bool CCellTip::MovesTo(GridCell newCell)
     return std::exchange(cell, newCell) != newCell;
 }
 
-void CCellTip::Show(const RECT& area, std::wstring newText)
+void CCellTip::SetArea(const RECT& area)
 {
     SendMessageW(window, TTM_POP, 0, 0);
-    text = std::move(newText);
-    if (text.size() > longestText)
-    {
-        text.resize(longestText);
-        text += L"\u2026";
-    }
+    text.reset();
     TTTOOLINFOW tool = MakeTool(list);
-    tool.rect = text.empty() ? RECT{} : area;
+    tool.rect = area;
     SendMessageW(window, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void CCellTip::Forget()
 {
     cell = {};
-    Show({}, {});
+    SetArea({});
+}
+
+wchar_t* CCellTip::GetText()
+{
+    if (!text)
+    {
+        text = cell != GridCell() ? makeText(cell) : std::wstring();
+        if (text->size() > longestText)
+        {
+            text->resize(longestText);
+            *text += L"\u2026";
+        }
+    }
+    return text->data();
 }
 
 void CCellTip::Relay(HWND owner, UINT message, WPARAM wParam, LPARAM lParam) const

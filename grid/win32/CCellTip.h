@@ -4,20 +4,24 @@
 
 #include <windows.h>
 
+#include <functional>
+#include <optional>
 #include <string>
 
-// The tip that shows the whole text of the cell under the mouse.
+// The tip of the cell under the mouse.
 class CCellTip
 {
 public:
     // Makes the tip's window, which is destroyed with `owner`. Without room for it there are no tips.
-    void Create(HWND owner);
+    // `describe` makes the text of a cell's tip, an empty one for no tip; it is asked once the mouse rests
+    // there.
+    void Create(HWND owner, std::function<std::wstring(GridCell)> describe);
 
     // True when the mouse was over another cell before; {0, 0} is no cell.
     [[nodiscard]] bool MovesTo(GridCell newCell);
 
-    // Shows the text when the mouse rests in the area; nothing when the text is empty.
-    void Show(const RECT& area, std::wstring newText);
+    // The cell takes that area. An empty one has no tip.
+    void SetArea(const RECT& area);
 
     // The cell may show something else now.
     void Forget();
@@ -26,11 +30,12 @@ public:
     void Relay(HWND owner, UINT message, WPARAM wParam, LPARAM lParam) const;
 
     [[nodiscard]] HWND GetHandle() const { return window; }
-    [[nodiscard]] wchar_t* GetText() { return text.data(); }
+    [[nodiscard]] wchar_t* GetText();
 
 private:
     HWND window = nullptr;
     HWND list = nullptr;
+    std::function<std::wstring(GridCell)> makeText;
     GridCell cell;
-    std::wstring text;
+    std::optional<std::wstring> text; // of the cell, once it was asked for
 };

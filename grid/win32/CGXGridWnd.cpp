@@ -22,7 +22,7 @@ void RegisterGridWindowClass()
     RegisterPlainWindowClass(gridWindowClass);
 }
 
-CGXGridWnd::CGXGridWnd() : list(model)
+CGXGridWnd::CGXGridWnd() : list(model, [this](GridCell cell) { return DescribeCell(cell); })
 {
     model.SetListener(this);
 }

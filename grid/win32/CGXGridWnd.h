@@ -11,7 +11,8 @@ void RegisterGridWindowClass();
 // A window that shows a grid. It is attached to a control of the class gridWindowClass, whose area it fills
 // with a list view; keyboard, scrolling, themes and screen readers are the list view's. The columns can be
 // dragged and resized, a double-click on the right edge of a header fits its column, typing finds a row,
-// Ctrl+C copies the selected rows, Ctrl+A selects all, and a tip shows the text of a cell that is cut off.
+// Ctrl+C copies the selected rows, Ctrl+A selects all, and a tip shows the text of a cell that is cut off or
+// what there is to say of a cell.
 // Every cell may become the current one, none can be edited.
 class CGXGridWnd : public CWnd, private IGridListener
 {
@@ -49,6 +50,10 @@ protected:
 
     // Another cell is current now.
     virtual void OnMovedCurrentCell(GridCell) {}
+
+    // What the tip of a cell says instead of its text. With nothing, it is the text of a cell that is cut
+    // off.
+    [[nodiscard]] virtual std::string DescribeCell(GridCell) const { return {}; }
 
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

@@ -39,7 +39,7 @@ void CGridList::Create(HWND parent, HFONT font)
     const DWORD extended =
         LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_HEADERDRAGDROP | LVS_EX_GRIDLINES;
     ListView_SetExtendedListViewStyle(window, extended);
-    tip.Create(window);
+    tip.Create(window, [this](GridCell cell) { return MakeTip(cell); });
 }
 
 void CGridList::Show(unsigned changes)
@@ -348,25 +348,34 @@ void CGridList::PointTipAt(POINT point)
 {
     const LVHITTESTINFO hit = HitTest(point);
     const GridCell cell = {hit.iItem + 1, GetColumn(hit.iSubItem)};
-    if (!tip.MovesTo(cell))
+    const bool isCell = cell.row != 0 && cell.column != 0;
+    if (tip.MovesTo(isCell ? cell : GridCell()))
     {
-        return;
+        tip.SetArea(isCell ? GetVisibleArea(cell) : RECT());
     }
-    if (hit.iItem < 0 || cell.column == 0)
+}
+
+std::wstring CGridList::MakeTip(GridCell cell) const
+{
+    if (const std::string described = describeCell(cell); !described.empty())
     {
-        tip.Show({}, {});
-        return;
+        return ToWide(described);
     }
-    RECT area{};
-    ListView_GetSubItemRect(GetHandle(), hit.iItem, hit.iSubItem, LVIR_LABEL, &area);
-    RECT client{};
-    GetClientRect(GetHandle(), &client);
-    IntersectRect(&area, &area, &client); // what the window's edge cuts is cut off too
     const CMeasureScope measure(GetHandle());
     const char* const text = model->GetText(cell.row, cell.column);
-    const int textWidth = MeasureText(measure.Get(), text);
-    const int margins = 2 * measure.GetAverageCharacter();
+    const RECT area = GetVisibleArea(cell);
+    const int width = MeasureText(measure.Get(), text) + 2 * measure.GetAverageCharacter();
     const bool isMark = model->GetStyle(cell.row, cell.column).valueType == GridValueType::Mark;
-    const bool cutOff = !isMark && textWidth + margins > area.right - area.left;
-    tip.Show(area, cutOff ? ToWide(text) : std::wstring());
+    return !isMark && width > area.right - area.left ? ToWide(text) : std::wstring();
+}
+
+// What the window's edge cuts of a cell is cut off too.
+RECT CGridList::GetVisibleArea(GridCell cell) const
+{
+    RECT area{};
+    ListView_GetSubItemRect(GetHandle(), cell.row - 1, FindSubItem(cell.column), LVIR_LABEL, &area);
+    RECT client{};
+    GetClientRect(GetHandle(), &client);
+    IntersectRect(&area, &area, &client);
+    return area;
 }

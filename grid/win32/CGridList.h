@@ -8,7 +8,9 @@
 #include "grid/win32/CSortMarks.h"
 
 #include <commctrl.h>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 // The system's list view as the view of a grid: it asks for the texts it paints, so its work does not grow
@@ -17,7 +19,12 @@
 class CGridList : public CWnd
 {
 public:
-    explicit CGridList(CGridModel& gridModel) : model(&gridModel) {}
+    // `describe` says what the tip of a cell says; where that is nothing, the tip is the text of a cell that
+    // is cut off.
+    CGridList(CGridModel& gridModel, std::function<std::string(GridCell)> describe)
+        : model(&gridModel), describeCell(std::move(describe))
+    {
+    }
 
     // Makes the list as the only child of `parent`, which gets its notifications. Throws std::bad_alloc when
     // the system has no room for another window.
@@ -97,8 +104,11 @@ private:
     void ChooseColumn(int step);
     void ClickChosenHeader();
     void PointTipAt(POINT point);
+    [[nodiscard]] std::wstring MakeTip(GridCell cell) const;
+    [[nodiscard]] RECT GetVisibleArea(GridCell cell) const;
 
     CGridModel* model;
+    std::function<std::string(GridCell)> describeCell;
     std::vector<int> columns;         // of the grid; one for each subitem
     std::vector<std::string> headers; // their texts as shown
     bool updating = false;

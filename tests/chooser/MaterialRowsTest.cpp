@@ -1,6 +1,7 @@
 #include "chooser/CMaterialRows.h"
 #include "chooser/IMaterialFilter.h"
 #include "chooser/ISelectionChangeNotifier.h"
+#include "shared/Misc_String/FormatNumber.h"
 #include "tests/chooser/MakeLibrary.h"
 
 #include <gmock/gmock.h>
@@ -121,6 +122,40 @@ TEST_F(MaterialRows, ShowMetalsInColumnsOfTheirOwn)
     EXPECT_THAT(hidden(MLMATERIAL_METAL), ElementsAre(4, 5, 6, 10, 11));
     EXPECT_THAT(hidden(MLMATERIAL_DIELECTRIC), ElementsAre(3, 7, 8));
     EXPECT_THAT(hidden(MLMATERIAL_NOT_SET), ElementsAre());
+}
+
+TEST_F(MaterialRows, TellValuesOfTheirTablesAndKeepNothingOfThem)
+{
+    CMaterial& laminate = AddMaterial(library, MLMATERIAL_DIELECTRIC, "laminate");
+    AddTable(laminate, MLTABLE_ER, 25.0, {13.0 / 3.0, 4.25});
+    AddTable(laminate, MLTABLE_LOSS_TANGENT, 25.0, {0.02, 0.021});
+    AddTable(laminate, MLTABLE_ER, 85.0, {4.5, 4, 4, 4, 4, 4, 4, 4, 4, 4.125});
+    AddTable(AddMaterial(library, MLMATERIAL_DIELECTRIC, "lossless"), MLTABLE_ER, 25.0, {4.5, 4.0});
+    rows.SetUp(MLMATERIAL_DIELECTRIC);
+    const auto er = [this](int row) { return rows.DescribeCell({row, COLUMNKEY_ER}); };
+    const std::string modelled = er(2);
+    EXPECT_EQ(er(1), "1 GHz: 4.5\r\n10 GHz: N/A");
+    EXPECT_EQ(er(3), "1 GHz: 4.5\r\n10 GHz: 4.125");
+    EXPECT_EQ(rows.DescribeCell({1, COLUMNKEY_LOSS_TANGENT}), "") << "no table";
+    EXPECT_EQ(rows.DescribeCell({2, COLUMNKEY_MATERIAL}), "");
+    for (const CMaterialTable* const table : laminate.GetTables())
+    {
+        EXPECT_FALSE(table->FindCachedValue(10e9));
+    }
+    double value = 0.0;
+    laminate.GetValue(MLTABLE_ER, 10e9, &value, 25.0);
+    EXPECT_EQ(modelled, "1 GHz: 4.333333333333\r\n10 GHz: ~" + FormatNumber(value, 5));
+
+    CMaterial& foil = AddMaterial(library, MLMATERIAL_METAL, "foil");
+    AddTable(foil, MLTABLE_ROUGHNESS_TOP, 25.0, {1.5, 2.0});
+    IMaterialTableIO* const bottom = foil.AddTable(MLTABLE_ROUGHNESS_BOTTOM);
+    bottom->AddEntry({5e8, 1.0});
+    bottom->AddEntry({2e9, 4.0});
+    bottom->AddEntry({1e11, 4.0});
+    owner.rejected = &laminate;
+    rows.SetUp(MLMATERIAL_METAL);
+    EXPECT_EQ(rows.DescribeCell({1, COLUMNKEY_ROUGHNESS_TOP}), "1 GHz: 1.5\r\n10 GHz: N/A");
+    EXPECT_EQ(rows.DescribeCell({1, COLUMNKEY_ROUGHNESS_BOTTOM}), "1 GHz: ~2\r\n10 GHz: ~4");
 }
 
 TEST_F(MaterialRows, ChangeUnitsExceptInTheLastRow)

@@ -38,6 +38,7 @@ protected:
     void OnSelectionChanged() override;
     void OnChosenRow() override;
     bool OnClickedCell(GridCell cell) override;
+    [[nodiscard]] std::string DescribeCell(GridCell cell) const override { return rows.DescribeCell(cell); }
 
 private:
     CMaterialRows rows;

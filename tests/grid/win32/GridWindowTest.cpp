@@ -70,6 +70,7 @@ public:
 
     int selectionChanges = 0;
     int chosen = 0;
+    mutable int descriptions = 0;
     std::vector<GridCell> clicks;
     std::vector<GridCell> currentCells;
 
@@ -77,6 +78,11 @@ protected:
     void OnSelectionChanged() override { ++selectionChanges; }
     void OnChosenRow() override { ++chosen; }
     void OnMovedCurrentCell(GridCell cell) override { currentCells.push_back(cell); }
+    [[nodiscard]] std::string DescribeCell(GridCell cell) const override
+    {
+        ++descriptions;
+        return std::strcmp(GetModel().GetText(cell.row, cell.column), "told") == 0 ? "more" : "";
+    }
     bool OnClickedCell(GridCell cell) override
     {
         clicks.push_back(cell);
@@ -318,6 +324,12 @@ TEST_F(GridWindow, ShowsTheWholeTextOfACutOffCell)
     EXPECT_EQ(textOver(1), L"");
     ListView_SetColumnWidth(list, 0, 640);
     EXPECT_EQ(textOver(0), L"short") << "the window's edge cuts it off";
+    ListView_SetColumnWidth(list, 0, 50);
+    grid.GetModel().SetCell(1, 3, 0, "told");
+    grid.descriptions = 0;
+    EXPECT_EQ(textOver(0), L"more");
+    EXPECT_EQ(textOver(0), L"more");
+    EXPECT_EQ(grid.descriptions, 1) << "it may take long";
 }
 
 // Counts the changes of rows that a list is told.
