@@ -3,6 +3,7 @@
 #include "MaterialLibrary/Version.h"
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CheckOptions.h"
+#include "tools/matlib/FormatOptions.h"
 #include "tools/matlib/MaterialFilter.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/PictureFile.h"
@@ -382,7 +383,7 @@ void AddCheck(CLI::App& app, Options& options)
                    "Say of every file whether it is good, where and why not, and what looks odd in it",
                    "matlib check laminates.mat foils.mat");
     const auto setFiles = [&options](const std::vector<std::string>& lists)
-    { options.filesToCheck = SplitPaths(lists); };
+    { options.files = SplitPaths(lists); };
     check
         .add_option_function<std::vector<std::string>>(
             "FILE", setFiles, "Material files, folders of them, or - for standard input")
@@ -396,11 +397,19 @@ void AddCheck(CLI::App& app, Options& options)
             {
                 throw CLI::ValidationError("--lib", "check takes its files without it");
             }
-            if (options.filesToCheck.empty() && options.explainedRule.empty())
+            if (options.files.empty() && options.explainedRule.empty())
             {
                 throw CLI::RequiredError("FILE");
             }
         });
+}
+
+void AddFormat(CLI::App& app, Options& options)
+{
+    CLI::App& format = AddCommand(app, options, Command::format, "format",
+                                  "Write material files anew in one layout; comments and numbers stay",
+                                  "matlib format --check .");
+    AddFormatOptions(format, options);
 }
 
 void AddChoose(CLI::App& app, Options& options)
@@ -442,6 +451,7 @@ void DescribeProgram(CLI::App& app, Options& options)
     AddModel(app, options);
     AddPlot(app, options);
     AddCheck(app, options);
+    AddFormat(app, options);
     AddChoose(app, options);
 }
 
@@ -452,7 +462,7 @@ std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error
     {
         const auto strangers = app.remaining();
         return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
-               "; use list, show, value, sweep, model, plot, check or choose (see matlib --help)";
+               "; use list, show, value, sweep, model, plot, check, format or choose (see matlib --help)";
     }
     return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
 }

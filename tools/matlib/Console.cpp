@@ -13,20 +13,21 @@ void PrintOutput(std::string_view text)
     }
 }
 
+void PrintError(std::string_view text)
+{
+    static_cast<void>(
+        std::fwrite(text.data(), 1, text.size(), stderr)); // nowhere is left to report a failure
+    static_cast<void>(std::fflush(stderr));
+}
+
 CProgress ShowProgress(int steps)
 {
-    const auto print = [](std::string_view text)
-    {
-        static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
-        static_cast<void>(std::fflush(stderr));
-    };
-    return {steps, IsWatched() ? CProgress::Print(print) : CProgress::Print()};
+    return {steps, IsWatched() ? CProgress::Print(PrintError) : CProgress::Print()};
 }
 
 void PrintProblem(std::string_view text)
 {
-    const std::string line = "matlib: " + JoinLines(text) + "\n";
-    static_cast<void>(std::fputs(line.c_str(), stderr)); // nowhere is left to report a failure
+    PrintError("matlib: " + JoinLines(text) + "\n");
 }
 
 void PrintOrigins(const COriginCounter& origins)

@@ -13,6 +13,9 @@ void PrintOutput(std::string_view text);
 // Tells on the terminal how far `steps` steps have come; silent where nobody watches.
 [[nodiscard]] CProgress ShowProgress(int steps);
 
+// Writes to the standard error stream, as it is.
+void PrintError(std::string_view text);
+
 // Writes one line "matlib: TEXT" to the standard error stream; line breaks in the text become blanks.
 void PrintProblem(std::string_view text);
 

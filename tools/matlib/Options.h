@@ -21,6 +21,7 @@ enum class Command
     value,
     sweep,
     check,
+    format,
     choose,
     plot,
     model
@@ -58,7 +59,8 @@ struct Options
     ListFilter filter;                          // list
     double sweepFrom = 1e6;                     // sweep, plot, Hz
     double sweepTo = 2e10;                      // sweep, plot, Hz
-    std::vector<std::string> filesToCheck;      // check
+    std::vector<std::string> files;             // check, format; "-" is standard input
+    std::string materialPath;                   // format; empty: where it is; "-": standard output
     std::string assigned;                       // choose; empty: no material
     std::vector<MLTABLEKIND> plottedProperties; // plot; none: all that the materials have
     std::string picturePath;                    // plot; ends in .svg or .png
@@ -79,5 +81,7 @@ struct Options
     bool smooth = false;           // value, sweep: the model everywhere
     bool sweepLogarithmic = false; // sweep, plot
     bool strict = false;           // check: warnings make a file bad
+    bool checkOnly = false;        // format: nothing is written
+    bool force = false;            // format: a file that is there is replaced
     bool allErrors = false;        // check: go on behind the first error of a file
 };

@@ -29,6 +29,12 @@ enum class PathState
     }
 }
 
+// The path, which is in the encoding of the command line, as writer/WriteWholeFile.h takes it.
+[[nodiscard]] std::string MakeUtf8Path(const std::string& path);
+
+// Whether both lead to one file, by whatever names or links.
+[[nodiscard]] bool IsSameFile(const char* path, const char* other);
+
 // Makes the standard streams pass every byte on as it is, and errors of the system silent.
 void PrepareProcess();
 

@@ -14,6 +14,10 @@ int RunCommand(const Options& options)
     {
         return RunCheck(options); // reads files itself
     }
+    if (options.command == Command::format)
+    {
+        return RunFormat(options);
+    }
     const auto host = OpenLibraryHost(options.dllPath);
     switch (options.command)
     {
@@ -30,6 +34,7 @@ int RunCommand(const Options& options)
     case Command::plot:
         return RunPlot(options, *host);
     case Command::check:
+    case Command::format:
         break;
     case Command::choose:
         return RunChoose(options, *host);

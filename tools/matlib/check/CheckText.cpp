@@ -26,6 +26,11 @@ FileText DescribeProblem(MLTEXTID frame, const std::string& path)
 }
 } // namespace
 
+std::string_view FileText::GetText() const
+{
+    return {padded.data(), padded.size() - PadText({}).size()};
+}
+
 FileText ReadText(std::FILE* stream, const std::string& path)
 {
     std::string text;

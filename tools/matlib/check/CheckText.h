@@ -10,6 +10,8 @@ struct FileText
 {
     std::string padded;
     std::string problem;
+
+    [[nodiscard]] std::string_view GetText() const; // without the padding
 };
 [[nodiscard]] FileText ReadText(const std::string& path);
 [[nodiscard]] FileText ReadText(std::FILE* stream, const std::string& path);

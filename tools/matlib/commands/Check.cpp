@@ -1,15 +1,13 @@
-#include "tools/matlib/CFailure.h"
 #include "tools/matlib/Console.h"
 #include "tools/matlib/FindingOutput.h"
+#include "tools/matlib/InputFiles.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
-#include "tools/matlib/check/CheckText.h"
 #include "tools/matlib/check/Rules.h"
 #include "tools/matlib/commands/Commands.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 
 namespace
 {
@@ -107,14 +105,7 @@ Json VerdictAsJson(const Verdict& verdict, const Options& options)
 
 Verdict CheckFile(const std::string& path, const Options& options, CTextChecker& checker)
 {
-    const bool isStream = path == "-";
-    const char* const unreadable = isStream ? nullptr : DescribeUnreadable(QueryPath(path.c_str()));
-    if (unreadable != nullptr)
-    {
-        return {path, {{}, unreadable}, {}};
-    }
-    Verdict verdict{isStream ? "<stdin>" : path, {}, {}};
-    verdict.text = isStream ? ReadText(stdin, verdict.path) : ReadText(path);
+    Verdict verdict{NameInput(path), ReadInput(path), {}};
     if (verdict.text.problem.empty())
     {
         verdict.checked = checker.Check(verdict.path, verdict.text.padded);
@@ -122,23 +113,6 @@ Verdict CheckFile(const std::string& path, const Options& options, CTextChecker&
                       { return !finding.isError && Contains(options.allowedRules, finding.rule); });
     }
     return verdict;
-}
-
-// Folders stand for the material files in them.
-std::vector<std::string> FindFiles(const std::vector<std::string>& paths)
-{
-    std::vector<std::string> files;
-    for (const std::string& path : paths)
-    {
-        const bool isFolder = path != "-" && QueryPath(path.c_str()) == PathState::folder;
-        std::vector<std::string> found = isFolder ? FindMaterialFiles(path) : std::vector{path};
-        if (found.empty())
-        {
-            throw CFailure("there is no .mat file in " + path);
-        }
-        std::ranges::move(found, std::back_inserter(files));
-    }
-    return files;
 }
 
 bool WantsColour(Colouring colouring)
@@ -160,7 +134,7 @@ int RunCheck(const Options& options)
     std::string text;
     Json list = Json::array();
     bool allGood = true;
-    const std::vector<std::string> files = FindFiles(options.filesToCheck);
+    const std::vector<std::string> files = FindFiles(options.files);
     const Palette palette = ChoosePalette(WantsColour(options.colouring));
     CTextChecker checker(options.allErrors ? AfterError::goOn : AfterError::stop);
     CProgress progress = ShowProgress(static_cast<int>(files.size()));

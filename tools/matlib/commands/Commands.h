@@ -29,5 +29,9 @@
 // exitFailed if any is bad.
 [[nodiscard]] int RunCheck(const Options& options);
 
+// Material files in one layout, each in its place, to another file or to standard output. exitFailed if any
+// is bad or cannot be written, or if it is only to be checked and would change.
+[[nodiscard]] int RunFormat(const Options& options);
+
 // The material that the user assigns in the library's dialog. exitFailed when there is none.
 [[nodiscard]] int RunChoose(const Options& options, ILibraryHost& host);

@@ -21,6 +21,17 @@ PathState QueryPath(const char* path)
     return std::filesystem::is_directory(status) ? PathState::folder : PathState::file;
 }
 
+std::string MakeUtf8Path(const std::string& path)
+{
+    return path; // any bytes
+}
+
+bool IsSameFile(const char* path, const char* other)
+{
+    std::error_code error; // what is not there is no file
+    return std::filesystem::equivalent(path, other, error);
+}
+
 void PrepareProcess() {}
 
 bool IsWatched()

@@ -67,7 +67,7 @@ _matlib()
         _matlib_offer < <(_matlib_words Options $command)
     elif [[ -z $command ]]; then
         _matlib_offer <<<"$commands"
-    elif [[ $command == check ]]; then
+    elif [[ $command == @(check|format) ]]; then
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
     else
         _matlib_offer < <(_matlib_materials)

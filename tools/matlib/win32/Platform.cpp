@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <io.h>
 #include <memory>
 
@@ -20,6 +21,34 @@ PathState QueryPath(const char* path)
         return PathState::missing;
     }
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathState::folder : PathState::file;
+}
+
+namespace
+{
+std::wstring Widen(std::string_view path)
+{
+    const int length = static_cast<int>(path.size());
+    std::wstring wide(path.size(), L'\0');
+    wide.resize(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, path.data(), length, wide.data(), length)));
+    return wide;
+}
+} // namespace
+
+std::string MakeUtf8Path(const std::string& path)
+{
+    const std::wstring wide = Widen(path);
+    std::string utf8(wide.size() * 3, '\0'); // at most
+    utf8.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), utf8.data(),
+                            static_cast<int>(utf8.size()), nullptr, nullptr)));
+    return utf8;
+}
+
+bool IsSameFile(const char* path, const char* other)
+{
+    std::error_code error; // what is not there is no file
+    return std::filesystem::equivalent(Widen(path), Widen(other), error);
 }
 
 void PrepareProcess()
