@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # Chooses a material as a user does, with the mouse and the keyboard of a display, and takes a picture of each
-# step: choose-like-a-user.sh [--filtered | --keyboard | --chart] PICTURE-FOLDER COMMAND [ARGUMENT...]
+# step: choose-like-a-user.sh [--filtered | --keyboard | --chart | --grid] PICTURE-FOLDER COMMAND [ARGUMENT...]
 # The command opens the dialog "Select Material Models". With --filtered, for dielectrics, a type, a technology, a
-# range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone; --chart goes through the chart's menu. What the command prints
-# is printed, and its exit code is this one's. Run it through scripts/on-display.sh --virtual.
+# range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone; --chart goes through the
+# chart's menu; --grid opens the dialog three times to search, arrange and sort the list, whose columns must be as no
+# user has changed them yet. What the command prints is printed, and its exit code is this one's. Run it through
+# scripts/on-display.sh --virtual.
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 template=$repository/MaterialLibrary/resources/ChooseMaterialDlg.rc
 
 story=plain
-[[ $1 == --filtered || $1 == --keyboard || $1 == --chart ]] && story=${1#--} && shift
+[[ $1 =~ ^--(filtered|keyboard|chart|grid)$ ]] && story=${1#--} && shift
 pictures=$1
 shift
 source "$repository/scripts/like-a-user.sh"
@@ -108,6 +110,76 @@ use_chart()
     click IDOK
 }
 
+# header NAME: a picture of the list's headers
+header()
+{
+    local left top right bottom
+    read -r left top <<<"$(point_in ML_GRID 0 1)"
+    read -r right bottom <<<"$(point_in ML_GRID 90 7)"
+    move_to "$X" "$Y"
+    sleep 0.5
+    import -window root -crop "$((right - left))x$((bottom - top))+$left+$top" +repage "$pictures/$1.png"
+}
+
+# rest_on CONTROL X Y: until a tip would be there
+rest_on()
+{
+    # shellcheck disable=SC2046 # two words
+    move_to $(point_in "$1" "$2" "$3")
+    sleep 1
+}
+
+# Whether two pictures show the same.
+same_picture() { [[ $(compare -metric AE "$pictures/$1.png" "$pictures/$2.png" null: 2>&1) == 0 ]]; }
+
+# With the keyboard: blanks in what is searched for; Ctrl+Enter assigns, Enter is OK.
+search_list()
+{
+    press Tab Tab Tab Tab Tab Tab
+    xdotool type --delay 60 "ptfe glass core 0.7"
+    press ctrl+Return
+    picture 2-found-and-assigned
+    press Return
+}
+
+# With the mouse: columns moved and widened, two keys to sort by, tips, a drop-down list, a double-click on a row.
+arrange_list()
+{
+    header 3-headers
+    drag ML_GRID 70 4 2 4
+    drag ML_GRID 30 4 34 4 # its right border
+    header 4-arranged-headers
+    same_picture 3-headers 4-arranged-headers && fail "the columns stay as they were"
+    click ML_GRID 12 4
+    click ML_GRID 47 4
+    click ML_GRID 47 4
+    rest_on ML_GRID 47 41
+    picture 5-sorted-by-two-columns
+    rest_on ML_GRID 81 41
+    picture 6-values-in-a-tip
+    same_picture 5-sorted-by-two-columns 6-values-in-a-tip && fail "there is no tip"
+    click ML_COMBO_TYPE 50 5
+    picture 7-all-types
+    press Escape
+    rest_on ML_GRID 20 41
+    xdotool click --repeat 2 --delay 60 1
+    picture 8-double-click-assigned
+    click IDOK
+}
+
+# The columns stand as they were left; with the keyboard, the third and the fourth one sort the rows.
+sort_list()
+{
+    header 9-headers-again
+    same_picture 4-arranged-headers 9-headers-again || fail "the columns do not stand as they were left"
+    press Tab Tab Tab Tab Tab Tab
+    press ctrl+shift+Right ctrl+shift+Right ctrl+shift+Right ctrl+shift+Right ctrl+shift+Left ctrl+shift+Return
+    press ctrl+shift+Right ctrl+shift+Return ctrl+shift+Return
+    press Home ctrl+Return
+    picture 10-sorted-by-keys
+    press Return
+}
+
 open_window '^Select Material Models$' "$@"
 picture 1-opened
 case $story in
@@ -126,6 +198,15 @@ plain)
     ;;
 chart)
     use_chart
+    ;;
+grid)
+    search_list
+    wait_for_end
+    open_window '^Select Material Models$' "$@"
+    arrange_list
+    wait_for_end
+    open_window '^Select Material Models$' "$@"
+    sort_list
     ;;
 keyboard)
     press Tab End Tab # the last technology
