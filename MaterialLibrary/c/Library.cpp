@@ -131,6 +131,12 @@ const char* ml_error_text(ml_error error)
         return "The rows of the material allow no model.";
     case ML_ERROR_INTERNAL:
         return "A defect of the material library.";
+    case ML_ERROR_UNWRITABLE:
+        return "No file can hold these materials.";
+    case ML_ERROR_EXISTS:
+        return "There is a file already.";
+    case ML_ERROR_WRITE:
+        return "The file cannot be written.";
     default:
         return "This number is no error of the material library.";
     }

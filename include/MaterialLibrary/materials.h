@@ -25,11 +25,12 @@
  *   of their file, whatever its encoding.
  *
  * - Lifetime: materials, rows, texts and diagnostics belong to their library and live until ml_close. A
- *   model is an object of its own, lives until ml_free_model and needs no library.
+ *   model is an object of its own, lives until ml_free_model and needs no library. A builder copies what it
+ *   is given and lives until ml_free_builder; what it has built needs no builder.
  *
  * - Threads: nothing changes between opening and closing. Every function may be called for the same
  *   library, material or model from any number of threads at once, except the one that ends its life,
- *   which comes last. Libraries are independent of each other.
+ *   which comes last. Libraries are independent of each other. A builder is for one thread at a time.
  *
  * - Errors: a function that can fail returns ml_error and leaves its outputs as they were when that is not
  *   ML_OK. Nothing throws, prints, or ends the process. A null pointer where none is allowed gives
@@ -65,6 +66,7 @@
 typedef struct ml_library ml_library;   /* the materials of some files */
 typedef struct ml_material ml_material; /* one of them */
 typedef struct ml_model ml_model;       /* a dielectric's permittivity as a function of frequency */
+typedef struct ml_builder ml_builder;   /* materials that are being made */
 
 /* What a function that can fail returns: one of the values below. */
 typedef int32_t ml_error;
@@ -72,12 +74,15 @@ typedef int32_t ml_error;
 /* Errors. */
 enum
 {
-    ML_OK = 0,             /* none */
-    ML_ERROR_ARGUMENT = 1, /* null, out of range, an unknown flag, or a struct_size that is too small */
-    ML_ERROR_MEMORY = 2,   /* there is not enough */
-    ML_ERROR_NO_DATA = 3,  /* the material has no rows to answer from */
-    ML_ERROR_NO_FIT = 4,   /* its rows allow no model */
-    ML_ERROR_INTERNAL = 5  /* a defect of this library */
+    ML_OK = 0,               /* none */
+    ML_ERROR_ARGUMENT = 1,   /* null, out of range, an unknown flag, or a struct_size that is too small */
+    ML_ERROR_MEMORY = 2,     /* there is not enough */
+    ML_ERROR_NO_DATA = 3,    /* the material has no rows to answer from */
+    ML_ERROR_NO_FIT = 4,     /* its rows allow no model */
+    ML_ERROR_INTERNAL = 5,   /* a defect of this library */
+    ML_ERROR_UNWRITABLE = 6, /* no file can hold these materials */
+    ML_ERROR_EXISTS = 7,     /* there is a file already */
+    ML_ERROR_WRITE = 8       /* the system does not let the file be written */
 };
 
 /* What the error means, as an English sentence; never null, also for a number that is no error. */
@@ -381,6 +386,56 @@ typedef struct ml_pole
  */
 ML_API ml_error ml_debye_poles(const ml_model* model, uint32_t per_decade, double band_min, double band_max,
                                ml_pole* poles, size_t capacity, size_t* count, double* worst_error);
+
+/* ---- Making and writing ---- */
+
+/*
+ * A builder, empty at first. It makes materials in memory that answer like those of a file:
+ *
+ *     ml_material_info info = {sizeof info, "Core A", "FR4", "", "", ML_DIELECTRIC, ML_CORE};
+ *     ml_row er[2] = {{1e9, 4.22}, {10e9, 4.094}};
+ *     ml_table table = {sizeof table, ML_ER, 25.0, er, 2};
+ *     ml_add_material(builder, &info);
+ *     ml_add_table(builder, &table);
+ */
+ML_API ml_error ml_make_builder(ml_builder** builder);
+
+/* Releases the builder. Null does nothing. */
+ML_API void ml_free_builder(ml_builder* builder);
+
+/*
+ * Appends a material without tables. A text may be null for one not given; an unknown technology is
+ * ML_TECHNOLOGY_UNKNOWN, and that of a metal does not count. table_count does not count either.
+ */
+ML_API ml_error ml_add_material(ml_builder* builder, const ml_material_info* info);
+
+/* Appends a table to the material that was added last. ML_ERROR_ARGUMENT where there is none. */
+ML_API ml_error ml_add_table(ml_builder* builder, const ml_table* table);
+
+/*
+ * The materials added so far as a library of their own, as if read from a file. The builder stays as it is.
+ * ML_ERROR_UNWRITABLE where no file can hold them: dielectrics beside metals, a double quote in a text, a
+ * number that is NaN, a thickness or table of the other kind. `reason`, which may be null, becomes a
+ * sentence that says what is wrong, cut to `capacity` bytes with its NUL.
+ */
+ML_API ml_error ml_build(const ml_builder* builder, ml_library** library, char* reason, size_t capacity);
+
+/* Flags of writing. */
+enum
+{
+    ML_WRITE_NEW = 0,    /* A file that is there stays: ML_ERROR_EXISTS. */
+    ML_WRITE_REPLACE = 1 /* It is replaced and keeps its permissions; a link leads to what is replaced. */
+};
+
+/*
+ * Writes materials, of whatever libraries, into one material file, as a whole or not at all: a reader sees
+ * the old file or the new one. What is read from it has the same texts, numbers bit for bit, tables and rows
+ * in the same order. Comments of the files that they came from are not theirs. Fails with
+ * ML_ERROR_ARGUMENT (also for a material that is null), ML_ERROR_UNWRITABLE (dielectrics beside metals),
+ * ML_ERROR_EXISTS, ML_ERROR_WRITE and ML_ERROR_MEMORY; `reason` as above, with what the system says.
+ */
+ML_API ml_error ml_write_file(const char* path, const ml_material* const* materials, size_t count,
+                              uint32_t flags, char* reason, size_t capacity);
 /* NOLINTEND(modernize-use-using) */
 
 #endif

@@ -63,4 +63,32 @@ TEST(AllocationFailure, IsAnErrorOfAsking)
         });
     EXPECT_GT(allocations, 15);
 }
+
+TEST(AllocationFailure, IsAnErrorOfMakingAndWriting)
+{
+    const TemporaryFile file("made.mat", "old");
+    const auto folder = std::filesystem::path(file.GetPath()).parent_path();
+    const int allocations = FailEveryAllocation(
+        [&]
+        {
+            ml_builder* made = nullptr;
+            const ml_error making = ml_make_builder(&made);
+            const std::unique_ptr<ml_builder, decltype(&ml_free_builder)> builder(made, ml_free_builder);
+            Need(making);
+            auto info = Sized<ml_material_info>();
+            info.name = "a name longer than a short string";
+            const ml_row rows[] = {{1e9, 4.2}, {2e9, 4.1}};
+            const ml_table table{sizeof table, ML_ER, 25.0, rows, 2};
+            Need(ml_add_material(made, &info));
+            Need(ml_add_table(made, &table));
+            ml_library* built = nullptr;
+            const ml_error building = ml_build(made, &built, nullptr, 0);
+            const OpenedLibrary library(built);
+            Need(building);
+            const ml_material* const material = ml_get_material(built, 0);
+            Need(ml_write_file(file.GetPath().c_str(), &material, 1, ML_WRITE_REPLACE, nullptr, 0));
+        });
+    EXPECT_GT(allocations, 40);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
 } // namespace

@@ -3,7 +3,7 @@
 #include "model/CFakeMaterialLib.h"
 #include "model/CMaterial.h"
 #include "reader/LoadMaterialFile.h"
-#include "writer/MaterialDescription.h"
+#include "writer/DescribeMaterial.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -19,32 +19,7 @@ inline std::vector<MaterialDescription> DescribeLoaded(const std::string& text)
     std::vector<MaterialDescription> described;
     for (IMaterial* const each : library.GetMaterials())
     {
-        const auto& from = static_cast<const CMaterial&>(*each);
-        MaterialDescription& to = described.emplace_back();
-        to = {static_cast<MLMATERIALKIND>(from.GetKind()),
-              from.GetName(),
-              from.GetTypeName(),
-              from.GetVendor(),
-              from.GetComment(),
-              MLTECHNOLOGY_UNKNOWN,
-              {},
-              {},
-              {},
-              {}};
-        int technology = MLTECHNOLOGY_UNKNOWN;
-        from.GetIntAttribute(MLATTR_TECHNOLOGY, &technology);
-        to.technology = static_cast<MLTECHNOLOGY>(technology);
-        double value = 0.0;
-        to.thickness = from.GetAttribute(MLATTR_THICKNESS, &value) ? std::optional(value) : std::nullopt;
-        to.resistivity =
-            from.GetAttribute(MLATTR_BULK_RESISTIVITY, &value) ? std::optional(value) : std::nullopt;
-        for (const CMaterialTable* const table : from.GetTables())
-        {
-            const auto rows = table->GetEntries();
-            to.tables.push_back({static_cast<MLTABLEKIND>(table->GetTableKind()),
-                                 table->GetTemperature(),
-                                 {rows.begin(), rows.end()}});
-        }
+        described.push_back(DescribeMaterial(static_cast<const CMaterial&>(*each)));
     }
     return described;
 }
