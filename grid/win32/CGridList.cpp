@@ -17,6 +17,15 @@ namespace
 {
 constexpr const wchar_t* mark = L"\u2022"; // which every font has
 
+// Between window and highlight, so that it differs from both in every theme and texts stay readable on it.
+COLORREF GetChosenColumnColour()
+{
+    const COLORREF window = GetSysColor(COLOR_WINDOW);
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    const auto mix = [](int most, int some) { return (5 * most + some) / 6; };
+    return RGB(mix(GetRValue(window), GetRValue(highlight)), mix(GetGValue(window), GetGValue(highlight)),
+               mix(GetBValue(window), GetBValue(highlight)));
+}
 } // namespace
 
 void CGridList::Create(HWND parent, HFONT font)
@@ -161,7 +170,8 @@ LRESULT CGridList::Draw(NMLVCUSTOMDRAW& draw) const
         const bool faint = column != 0 && row <= model->GetRowCount() &&
                            model->GetStyle(row, column).emphasis == GridEmphasis::Faint;
         draw.clrText = GetSysColor(faint ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
-        draw.clrTextBk = GetSysColor(column != 0 && column == chosenColumn ? COLOR_INFOBK : COLOR_WINDOW);
+        const bool chosen = column != 0 && column == chosenColumn;
+        draw.clrTextBk = chosen ? GetChosenColumnColour() : GetSysColor(COLOR_WINDOW);
         return CDRF_DODEFAULT;
     }
     default:

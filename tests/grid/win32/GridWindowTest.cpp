@@ -260,6 +260,17 @@ TEST_F(GridWindow, SortsAndChoosesByTheKeyboard)
     }
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.|Name^");
     EXPECT_EQ(CGridFixture::GetItemText(list, 0, 1), "a");
+    const auto background = [&](int subItem)
+    {
+        NMLVCUSTOMDRAW draw{};
+        draw.nmcd.hdr = {list, 1, NM_CUSTOMDRAW};
+        draw.nmcd.dwDrawStage = CDDS_ITEMPREPAINT | CDDS_SUBITEM;
+        draw.iSubItem = subItem;
+        SendMessageW(window.GetControl(), WM_NOTIFY, 1, reinterpret_cast<LPARAM>(&draw));
+        return draw.clrTextBk;
+    };
+    EXPECT_EQ(background(0), GetSysColor(COLOR_WINDOW));
+    EXPECT_NE(background(1), background(0)) << "nobody sees which column is chosen";
     press(VK_LEFT, true);
     press(VK_RETURN, true);
     EXPECT_EQ(CGridFixture::GetHeaderTexts(list), "No.0|Name1");
