@@ -20,7 +20,7 @@ from ._errors import (
     NoValueError,
     UnknownMaterialError,
 )
-from ._library import Library, open, open_text
+from ._library import Library, open, open_text, write
 from ._material import Material, Table
 from ._model import DebyePoles, Model, Residual, Term
 from ._native import version
@@ -60,6 +60,7 @@ __all__ = [
     "open",
     "open_text",
     "source",
+    "write",
 ]
 
 # The names that a user sees and pickles say nothing of the module's files.

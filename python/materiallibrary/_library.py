@@ -4,18 +4,20 @@ from __future__ import annotations
 
 import ctypes
 import difflib
+import errno
 import math
 import os
-from collections.abc import ItemsView, Iterator, KeysView, Sequence
+from collections.abc import ItemsView, Iterable, Iterator, KeysView, Sequence
 from typing import TYPE_CHECKING, Literal, Optional, TypeVar, Union, overload
 
 from . import _native
 from ._errors import Diagnostic, MaterialFileError, UnknownMaterialError
-from ._material import Material
+from ._material import Material, _code
 from ._types import KINDS, TECHNOLOGIES, Kind, Technology
 
 _ERRORS = ("raise", "keep", "empty")
 _OPEN_ERROR_EMPTIES = 1
+_WRITE_REPLACE = 1
 
 Path = Union[str, "os.PathLike[str]"]
 Errors = Literal["raise", "keep", "empty"]
@@ -65,6 +67,30 @@ def open_text(
     return Library._made(address, encoding, errors)
 
 
+def write(path: Path, materials: Iterable[Material], overwrite: bool = False) -> None:
+    """Writes materials, made or read, into one material file, as a whole or not at all.
+
+    What is read from the file has the same texts, numbers and rows, bit for bit. A file that is there is a
+    FileExistsError unless ``overwrite`` is set; it is then replaced and keeps its permissions. Dielectrics beside
+    metals are a ValueError: a file holds either.
+    """
+    encoded = os.fspath(path).encode("utf-8", "surrogateescape")
+    _refuse_nul(encoded)
+    written = tuple(materials)
+    addresses = (ctypes.c_void_p * len(written))(*(material.address for material in written))
+    reason = ctypes.create_string_buffer(_native.REASON_SIZE)
+    flags = _WRITE_REPLACE if overwrite else 0
+    error = _native.lib.ml_write_file(encoded, addresses, len(written), flags, reason, len(reason))
+    said = reason.value.decode("utf-8", "replace")
+    if error == _native.ERROR_UNWRITABLE:
+        raise ValueError(said)
+    if error == _native.ERROR_EXISTS:
+        raise FileExistsError(errno.EEXIST, said, os.fspath(path))
+    if error == _native.ERROR_WRITE:
+        raise OSError(f"{os.fspath(path)}: {said}")
+    _native.check(error)
+
+
 def _refuse_nul(path: bytes) -> None:
     if b"\0" in path:
         raise ValueError("a path or name holds a NUL character")
@@ -74,14 +100,6 @@ def _flags(errors: Errors) -> int:
     if errors not in _ERRORS:
         raise ValueError(f"errors is one of {_ERRORS}, not {errors!r}")
     return _OPEN_ERROR_EMPTIES if errors == "empty" else 0
-
-
-def _code(value: Optional[str], words: tuple[str, ...], name: str) -> int:
-    if value is None:
-        return _native.ANY
-    if value not in words:
-        raise ValueError(f"{name} is one of {words}, not {value!r}")
-    return words.index(value)
 
 
 class Library(_Base):
@@ -97,7 +115,7 @@ class Library(_Base):
         lib = _native.lib
         self.diagnostics = tuple(self._diagnostic(i) for i in range(lib.ml_count_diagnostics(handle.address)))
         addresses = (lib.ml_get_material(handle.address, i) for i in range(lib.ml_count_materials(handle.address)))
-        self._materials = tuple(Material(handle, address, encoding) for address in addresses)
+        self._materials = tuple(Material._of(handle, address, encoding) for address in addresses)
         self._by_address = {material.address: material for material in self._materials}
         self._by_name = {material.name: material for material in self._materials if material.name}
 
@@ -169,8 +187,10 @@ class Library(_Base):
         """
         lib = _native.lib
         wanted = _native.fill(lib.ml_filter_all, _native.Filter)
-        wanted.kind = _code(kind, KINDS, "kind")
-        wanted.technology = _code(technology, TECHNOLOGIES, "technology")
+        if kind is not None:
+            wanted.kind = _code(kind, KINDS, "kind")
+        if technology is not None:
+            wanted.technology = _code(technology, TECHNOLOGIES, "technology")
         wanted.type = self._encode(type)
         wanted.vendor = self._encode(vendor)
         if thickness is not None:

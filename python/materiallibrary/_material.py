@@ -2,6 +2,9 @@
 
 from __future__ import annotations
 
+import ctypes
+import math
+from collections.abc import Iterable
 from typing import TYPE_CHECKING, Any, Optional, Union, overload
 
 import numpy as np
@@ -28,16 +31,37 @@ if TYPE_CHECKING:
 
 
 class Table:
-    """One property of a material at one temperature, as measured."""
+    """One property of a material at one temperature, as measured.
 
-    def __init__(self, table: Any) -> None:
+    Frequencies are in Hz, temperatures in degrees Celsius. A single value is a constant, at every frequency.
+
+    >>> Table("er", [1e9, 10e9], [4.22, 4.094])
+    <Table of er at 25 C: 2 rows>
+    >>> Table("loss_tangent", 1e9, 0.0192).values
+    array([0.0192])
+    """
+
+    def __init__(self, property: Property, frequencies: Numbers, values: Numbers, temperature: float = 25.0) -> None:
+        columns = np.broadcast_arrays(np.atleast_1d(frequencies), np.atleast_1d(values))
+        if property not in PROPERTIES:
+            raise ValueError(f"property is one of {PROPERTIES}, not {property!r}")
+        if columns[0].ndim != 1:
+            raise ValueError("frequencies and values are lists of numbers")
+        self.property: Property = property
+        self.temperature: float = float(temperature)  #: degrees Celsius
+        self.frequencies: DoubleArray = _frozen(columns[0])  #: Hz, in the order of the rows: not sorted
+        self.values: DoubleArray = _frozen(columns[1])
+
+    @classmethod
+    def _read(cls, table: _native.Table) -> Table:
         rows = np.array([(row.frequency, row.value) for row in table.rows[: table.row_count]], np.float64)
-        rows = rows.reshape(-1, 2)
-        rows.flags.writeable = False
-        self.property: Property = PROPERTIES[table.property]
-        self.temperature: float = table.temperature  #: degrees Celsius
-        self.frequencies: DoubleArray = rows[:, 0]  #: Hz, as they stand in the file: not sorted
-        self.values: DoubleArray = rows[:, 1]
+        frequencies, values = rows.reshape(-1, 2).T
+        return cls(PROPERTIES[table.property], frequencies, values, table.temperature)
+
+    def _describe(self) -> _native.Table:
+        rows = (_native.Row * len(self))(*(_native.Row(*row) for row in zip(self.frequencies, self.values)))
+        size = ctypes.sizeof(_native.Table)
+        return _native.Table(size, PROPERTIES.index(self.property), self.temperature, rows, len(self))
 
     def __len__(self) -> int:
         return self.frequencies.size
@@ -47,7 +71,16 @@ class Table:
 
 
 class Material:
-    """A laminate or a conductor of a library, which lives as long as one of its materials.
+    """A laminate or a conductor, of a library or made here.
+
+    A library lives as long as one of its materials. A material that is made is what a file can hold, otherwise
+    it is a ValueError; write puts it into one.
+
+    >>> air = Material("Air", tables=[Table("er", 1e9, 1.0), Table("loss_tangent", 1e9, 0.0)])
+    >>> air
+    <Material 'Air': dielectric, 2 tables>
+    >>> air.er(5e9)
+    1.0
 
     Frequencies are in Hz, temperatures in degrees Celsius; both may be scalars or arrays, which are broadcast
     with each other. Scalars give a float, anything else an array. Where values are extrapolated a call issues
@@ -59,7 +92,43 @@ class Material:
     roughness_top = Answers("roughness_top", "Roughness factor of a metal's top face.")
     roughness_bottom = Answers("roughness_bottom", "Roughness factor of a metal's bottom face.")
 
-    def __init__(self, library: _native.Handle, address: int, encoding: str) -> None:
+    def __init__(
+        self,
+        name: str = "",
+        *,
+        kind: Kind = "dielectric",
+        type: str = "",
+        vendor: str = "",
+        comment: str = "",
+        technology: Optional[Technology] = None,
+        thickness: Optional[float] = None,
+        resistivity: Optional[float] = None,
+        tables: Iterable[Table] = (),
+        encoding: str = "utf-8",
+    ) -> None:
+        """Thickness in m for dielectrics, resistivity in ohm m for metals; ``encoding`` is that of the texts."""
+        info = _native.MaterialInfo(ctypes.sizeof(_native.MaterialInfo))
+        for field, text in (("name", name), ("type", type), ("vendor", vendor), ("comment", comment)):
+            if "\0" in text:
+                raise ValueError(f"{field} holds a NUL character")
+            setattr(info, field, text.encode(encoding, "surrogateescape"))
+        info.kind = _code(kind, KINDS, "kind")
+        info.technology = -1 if technology is None else _code(technology, TECHNOLOGIES, "technology")
+        if kind == "metal" and technology is not None:
+            raise ValueError("a metal has no technology")
+        info.has_thickness, info.thickness = _given(thickness)
+        info.has_resistivity, info.resistivity = _given(resistivity)
+        library = _build(info, tables)
+        self._take(library, _native.lib.ml_get_material(library.address, 0), encoding)
+
+    @classmethod
+    def _of(cls, library: _native.Handle, address: int, encoding: str) -> Material:
+        """A material that a library has."""
+        material = cls.__new__(cls)
+        material._take(library, address, encoding)
+        return material
+
+    def _take(self, library: _native.Handle, address: int, encoding: str) -> None:
         self._library = library  # keeps it open
         self.address = address  # for the C library's functions
         info = _native.fill(_native.lib.ml_get_info, _native.MaterialInfo, address)
@@ -84,7 +153,7 @@ class Material:
         """The measured rows, as in the file."""
         get = _native.lib.ml_get_table
         indices = range(self._table_count)
-        return tuple(Table(_native.fill(get, _native.Table, self.address, i)) for i in indices)
+        return tuple(Table._read(_native.fill(get, _native.Table, self.address, i)) for i in indices)
 
     @property
     def temperatures(self) -> tuple[float, ...]:
@@ -131,6 +200,40 @@ class Material:
             facts.append(f"{self.resistivity:g} ohm m")
         facts.append(_count(self._table_count, "table"))
         return f"<Material {self.name!r}: {', '.join(facts)}>"
+
+
+def _frozen(numbers: Any) -> DoubleArray:
+    copied: DoubleArray = np.array(numbers, np.float64)
+    copied.flags.writeable = False
+    return copied
+
+
+def _code(word: str, words: tuple[str, ...], name: str) -> int:
+    if word not in words:
+        raise ValueError(f"{name} is one of {words}, not {word!r}")
+    return words.index(word)
+
+
+def _given(number: Optional[float]) -> tuple[int, float]:
+    return (0, math.nan) if number is None else (1, float(number))
+
+
+def _build(info: _native.MaterialInfo, tables: Iterable[Table]) -> _native.Handle:
+    """A library of this material."""
+    lib = _native.lib
+    address = ctypes.c_void_p()
+    _native.check(lib.ml_make_builder(ctypes.byref(address)))
+    builder = _native.Handle(address, lib.ml_free_builder)
+    _native.check(lib.ml_add_material(address, ctypes.byref(info)))
+    for table in tables:
+        _native.check(lib.ml_add_table(address, ctypes.byref(table._describe())))
+    built = ctypes.c_void_p()
+    reason = ctypes.create_string_buffer(_native.REASON_SIZE)
+    error = lib.ml_build(builder.address, ctypes.byref(built), reason, len(reason))
+    if error == _native.ERROR_UNWRITABLE:
+        raise ValueError(reason.value.decode())
+    _native.check(error)
+    return _native.Handle(built, lib.ml_close)
 
 
 def _count(number: int, noun: str) -> str:

@@ -22,6 +22,10 @@ INTERFACE_VERSION = "1."  # what ml_version begins with
 ERROR_NO_DATA = 3
 ERROR_NO_FIT = 4
 ERROR_MEMORY = 2
+ERROR_UNWRITABLE = 6
+ERROR_EXISTS = 7
+ERROR_WRITE = 8
+REASON_SIZE = 1024  # enough for any sentence of the C library
 ANY = -(2**31)
 
 
@@ -135,6 +139,12 @@ _FUNCTIONS: dict[str, tuple[Any, list[Any]]] = {
     "ml_get_term": (c_int32, [c_void_p, c_size_t, POINTER(Term)]),
     "ml_get_residual": (c_int32, [c_void_p, c_size_t, POINTER(Residual)]),
     "ml_permittivity": (c_int32, [c_void_p, c_void_p, c_size_t, c_void_p, c_void_p]),
+    "ml_make_builder": (c_int32, [POINTER(c_void_p)]),
+    "ml_free_builder": (None, [c_void_p]),
+    "ml_add_material": (c_int32, [c_void_p, POINTER(MaterialInfo)]),
+    "ml_add_table": (c_int32, [c_void_p, POINTER(Table)]),
+    "ml_build": (c_int32, [c_void_p, POINTER(c_void_p), c_char_p, c_size_t]),
+    "ml_write_file": (c_int32, [c_char_p, POINTER(c_void_p), c_size_t, c_uint32, c_char_p, c_size_t]),
     "ml_debye_poles": (
         c_int32,
         [
