@@ -99,14 +99,25 @@ private:
         }
     }
 
-    // Follows links, and looks at what is there.
-    void FindTarget()
+    // From the drive on: what replaces a file needs it.
+    [[nodiscard]] std::wstring MakeWholePath() const
     {
         const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.c_str(), -1, nullptr, 0);
         Need(length > 0 ? TRUE : FALSE);
-        target.resize(static_cast<std::size_t>(length));
-        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.c_str(), -1, target.data(), length);
-        target.pop_back(); // the NUL
+        std::wstring wide(static_cast<std::size_t>(length), L'\0');
+        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.c_str(), -1, wide.data(), length);
+        std::wstring whole(32768, L'\0');
+        const DWORD wholeLength =
+            GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+        Need(wholeLength > 0 && wholeLength < whole.size() ? TRUE : FALSE);
+        whole.resize(wholeLength);
+        return whole;
+    }
+
+    // Follows links, and looks at what is there.
+    void FindTarget()
+    {
+        target = MakeWholePath();
         const DWORD attributes = GetFileAttributesW(target.c_str());
         isThere = attributes != INVALID_FILE_ATTRIBUTES;
         if (!isThere)
