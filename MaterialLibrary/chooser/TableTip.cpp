@@ -29,8 +29,11 @@ std::string FormatAnswer(double value, unsigned source)
     {
         return LoadText(MLTEXT_NOT_AVAILABLE);
     }
-    return source == ML_FROM_ROW || source == ML_FROM_CONSTANT ? FormatNumber(value, digitsOfRow)
-                                                               : "~" + FormatNumber(value, digitsOfModel);
+    if (source == ML_FROM_ROW || source == ML_FROM_CONSTANT)
+    {
+        return FormatNumber(value, digitsOfRow);
+    }
+    return std::string("~").append(FormatNumber(value, digitsOfModel));
 }
 } // namespace
 
@@ -51,7 +54,7 @@ std::string DescribeTable(const IMaterial& material, int tableKind, double tempe
     for (std::size_t i = 0; i < std::size(told); ++i)
     {
         text += text.empty() ? "" : "\r\n";
-        text += std::string(told[i].name) + ": " + FormatAnswer(values[i], status[i] & ML_STATUS_SOURCE);
+        text.append(told[i].name).append(": ").append(FormatAnswer(values[i], status[i] & ML_STATUS_SOURCE));
     }
     return text;
 }
