@@ -128,7 +128,7 @@ public:
     void Apply(const ChartResponse& response)
     {
         canvas.DrawXorLines(response.feedback.Get(), feedbackColour);
-        for (std::uint32_t elapsed = 0; response.animates; elapsed += 60)
+        for (std::uint32_t elapsed = 0; response.animates; elapsed += 200)
         {
             const AnimationStep step = chart.GetInteraction().Animate(elapsed);
             if (step == AnimationStep::Ended)
@@ -155,13 +155,9 @@ public:
     void Run()
     {
         BuildChart();
-        for (int steps = 0; !bytes.AtEnd() && steps < 16; ++steps)
+        for (int steps = 0; !bytes.AtEnd() && steps < 8; ++steps)
         {
             Step();
-            if (steps % 4 == 0)
-            {
-                host.Paint();
-            }
         }
         host.Paint();
     }

@@ -50,11 +50,12 @@ const UnitPrefix& GetUnitPrefix(const CAxis& axis, double value)
 }
 
 // As printf's %.*g and %.*e do in the "C" locale.
-std::string FormatNumber(double value, std::chars_format format, int precision)
+void AppendNumber(std::string& text, double value, std::chars_format format, int precision)
 {
-    char text[64];
-    const std::to_chars_result result = std::to_chars(text, text + sizeof text, value, format, precision);
-    return {text, result.ptr};
+    char number[64];
+    const std::to_chars_result result =
+        std::to_chars(number, number + sizeof number, value, format, precision);
+    text.append(number, result.ptr);
 }
 
 bool NeedsExponent(const UnitPrefix& prefix)
@@ -62,46 +63,53 @@ bool NeedsExponent(const UnitPrefix& prefix)
     return prefix.factor < 1e-12 || prefix.factor > 1e12;
 }
 
-std::string TranslatePrefix(const UnitPrefix& prefix)
+void AppendScaled(std::string& text, const CAxis& axis, const UnitPrefix& prefix, double value, int precision)
 {
-    // The empty text is a translation catalogue's header.
-    return *prefix.text == '\0' ? "" : TranslateOwn(prefix.text);
-}
-
-std::string Pad(const std::string& text)
-{
-    std::string padded(1, ' ');
-    padded += text;
-    padded += ' ';
-    return padded;
+    AppendNumber(text, value / prefix.factor, std::chars_format::general, precision);
+    if (*prefix.text != '\0') // the empty text is a translation catalogue's header
+    {
+        text += TranslateOwn(prefix.text);
+    }
+    text += axis.unit;
 }
 } // namespace
 
 std::string FormatTickLabel(const CAxis& axis, double value)
 {
     const UnitPrefix& prefix = GetUnitPrefix(axis, value);
+    std::string text(1, ' ');
     if (!NeedsExponent(prefix))
     {
-        std::string text = Pad(FormatNumber(value / prefix.factor, std::chars_format::general, 4) +
-                               TranslatePrefix(prefix) + axis.unit);
+        AppendScaled(text, axis, prefix, value, 4);
         if (text.find('e') == std::string::npos)
         {
+            text += ' ';
             return text;
         }
+        text.resize(1);
     }
-    return Pad(FormatNumber(value, std::chars_format::scientific, 2) + axis.unit);
+    AppendNumber(text, value, std::chars_format::scientific, 2);
+    text += axis.unit;
+    text += ' ';
+    return text;
 }
 
 std::string FormatCoordinate(const CAxis& axis, double value)
 {
     const UnitPrefix& prefix = GetUnitPrefix(axis, value);
+    std::string text;
     if (NeedsExponent(prefix))
     {
-        return FormatNumber(value, std::chars_format::scientific, 3) + axis.unit;
+        AppendNumber(text, value, std::chars_format::scientific, 3);
+        text += axis.unit;
     }
-    return FormatNumber(value / prefix.factor, std::chars_format::general, 5) + TranslatePrefix(prefix) +
-           axis.unit;
+    else
+    {
+        AppendScaled(text, axis, prefix, value, 5);
+    }
+    return text;
 }
+
 std::string FormatReadOut(const CAxis& horizontal, const CAxis& vertical, DataPoint point)
 {
     return FormatCoordinate(horizontal, point.x) + ", " + FormatCoordinate(vertical, point.y);
