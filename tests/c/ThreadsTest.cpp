@@ -26,8 +26,9 @@ std::vector<double> AskEverything(const ml_library* library)
         {
             double values[5];
             std::uint8_t status[5];
-            EXPECT_EQ(ml_values(material, question % 4, question / 8 * 30.0 + 25.0, question / 4 % 2 * 3u,
-                                frequencies, 5, values, status),
+            const std::uint32_t flags = question / 4 % 2 == 0 ? 0 : 3;
+            EXPECT_EQ(ml_values(material, question % 4, question / 8 * 30.0 + 25.0, flags, frequencies, 5,
+                                values, status),
                       ML_OK);
             answers.insert(answers.end(), values, values + 5);
             answers.insert(answers.end(), status, status + 5);

@@ -44,7 +44,7 @@ public:
 private:
     struct CloseLibrary
     {
-        void operator()(ml_library* library) const { ml_close(library); }
+        void operator()(ml_library* opened) const { ml_close(opened); }
     };
 
     std::unique_ptr<ml_library, CloseLibrary> library;

@@ -8,7 +8,6 @@
 
 namespace
 {
-constexpr double leastFitFrequency = 1e4; // Hz; losses below do not enter the model
 constexpr double sameValue = 1e-9;
 
 bool TakesSum(std::span<const MLTBLENTRY> er, const PreparedData& data)
