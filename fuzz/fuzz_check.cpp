@@ -1,7 +1,9 @@
 // Any bytes as a material file for its author: refused exactly where the library refuses them.
 #include "model/CFakeMaterialLib.h"
+#include "reader/Keywords.h"
 #include "reader/LoadMaterialFile.h"
 #include "shared/MessageManager/ISystemMessageBox.h"
+#include "shared/Misc_String/EngineeringNumber.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/check/FindWarnings.h"
 
@@ -52,6 +54,20 @@ void RequirePlaces(const std::vector<Finding>& findings, const std::string& text
         Require(lines.PlaceOf(finding.where.offset).column > 0);
     }
 }
+// Each row has the word that its frequency was read from.
+void RequireWords(const ParsedMaterial&, const ParsedTables& parsed)
+{
+    for (const ParsedTable& table : parsed.tables)
+    {
+        Require(table.words.size() == table.rows.size());
+        for (std::size_t i = 0; i < table.rows.size(); ++i)
+        {
+            double frequency = 0.0;
+            Require(table.words[i] == keyword::value || (ParseEngineeringNumber(table.words[i], &frequency) &&
+                                                         frequency == table.rows[i].frequency));
+        }
+    }
+}
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -62,8 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CFakeMaterialLib library;
     const bool loaded = LoadMaterialText(library, text, "fuzz.mat");
     const std::string padded = PadText(text);
-    const ParsedFile first = ParseMaterialFile(padded, AfterError::stop);
-    const ParsedFile whole = ParseMaterialFile(padded, AfterError::goOn);
+    const ParsedFile first = ParseMaterialFile(padded, AfterError::stop, RequireWords);
+    CFitCheck fits;
+    const auto [whole, warnings] = FindWarnings(padded, AfterError::goOn, fits);
     Require(padded == PadText(text));
     Require(first.errors.size() == (loaded ? 0 : 1));
     Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);
@@ -78,7 +95,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         RequireSameError(whole.errors, problem.value());
     }
     RequirePlaces(whole.errors, text);
-    CFitCheck fits;
-    RequirePlaces(FindWarnings(whole, fits), text);
+    RequirePlaces(warnings, text);
     return 0;
 }

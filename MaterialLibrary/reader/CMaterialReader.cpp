@@ -448,10 +448,7 @@ void CMaterialReader::ReadRows(CMaterialTable& table)
 {
     for (;;)
     {
-        if (observer == nullptr)
-        {
-            ReadPlainRows(scanner->GetPlace(), table);
-        }
+        ReadPlainRows(scanner->GetPlace(), table, observer);
         if (scanner->GoToToken() == ')')
         {
             return;

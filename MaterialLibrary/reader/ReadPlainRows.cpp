@@ -8,6 +8,7 @@
 #include "reader/ReadPlainRows.h"
 
 #include "model/CMaterialTable.h"
+#include "reader/IReadObserver.h"
 #include "shared/Misc_String/Decimal.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 
@@ -91,15 +92,17 @@ const char* TakeFrequency(const char* p, double& frequency)
     return end;
 }
 
-// Behind the value; null when it is not plain.
-const char* TakeValue(const char* p, double& value)
+// Where the number of a value begins; null when it is not plain.
+const char* FindValue(const char* p)
 {
     p = SkipBlanks(p);
     const bool hasLeadingZero = *p == '0' && decimal::IsDigit(p[1]);
-    if (!decimal::IsDigit(*p) || hasLeadingZero)
-    {
-        return nullptr;
-    }
+    return decimal::IsDigit(*p) && !hasLeadingZero ? p : nullptr;
+}
+
+// Behind the value; null when it is not plain.
+const char* TakeValue(const char* p, double& value)
+{
     const UnsignedDecimal number = ParseUnsignedDecimal(p);
     if (number.stop == nullptr || decimal::IsExponentLetter(*number.stop))
     {
@@ -108,9 +111,15 @@ const char* TakeValue(const char* p, double& value)
     value = number.value;
     return number.stop;
 }
-} // namespace
 
-void ReadPlainRows(TextPlace& place, CMaterialTable& table)
+std::string_view Between(const char* begin, const char* end)
+{
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// Without an observer none is asked for in each row.
+template <bool isObserved>
+void ReadRows(TextPlace& place, CMaterialTable& table, [[maybe_unused]] IReadObserver* observer)
 {
     std::array<MLTBLENTRY, 64> rows;
     std::size_t count = 0;
@@ -120,11 +129,18 @@ void ReadPlainRows(TextPlace& place, CMaterialTable& table)
         SkipBlanksAndLineBreaks(at);
         MLTBLENTRY& row = rows[count];
         const char* const behindFrequency = TakeFrequency(at.cursor, row.frequency);
-        const char* const behindRow =
-            behindFrequency != nullptr ? TakeValue(behindFrequency, row.value) : nullptr;
+        const char* const value = behindFrequency != nullptr ? FindValue(behindFrequency) : nullptr;
+        const char* const behindRow = value != nullptr ? TakeValue(value, row.value) : nullptr;
         if (behindRow == nullptr)
         {
             break;
+        }
+        if constexpr (isObserved)
+        {
+            const std::string_view frequency = Between(at.cursor, behindFrequency);
+            observer->OnPiece(frequency);
+            observer->OnRow(frequency);
+            observer->OnPiece(Between(value, behindRow));
         }
         at.cursor = behindRow;
         if (++count == rows.size())
@@ -135,4 +151,17 @@ void ReadPlainRows(TextPlace& place, CMaterialTable& table)
     }
     table.AddEntries(std::span(rows).first(count));
     place = at;
+}
+} // namespace
+
+void ReadPlainRows(TextPlace& place, CMaterialTable& table, IReadObserver* observer)
+{
+    if (observer == nullptr)
+    {
+        ReadRows<false>(place, table, nullptr);
+    }
+    else
+    {
+        ReadRows<true>(place, table, observer);
+    }
 }

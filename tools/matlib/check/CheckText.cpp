@@ -31,9 +31,15 @@ std::string_view FileText::GetText() const
     return {padded.data(), padded.size() - PadText({}).size()};
 }
 
-FileText ReadText(std::FILE* stream, const std::string& path)
+namespace
+{
+constexpr long largestGuess = 1L << 30;
+
+// The size is a guess: a pipe has none, a folder any.
+FileText ReadAll(std::FILE* stream, const std::string& path, long size)
 {
     std::string text;
+    text.reserve(PadText({}).size() + static_cast<std::size_t>(std::clamp(size, 0L, largestGuess)));
     std::array<char, 65536> block;
     while (const std::size_t got = std::fread(block.data(), 1, block.size(), stream))
     {
@@ -42,17 +48,30 @@ FileText ReadText(std::FILE* stream, const std::string& path)
     return std::ferror(stream) != 0 ? DescribeProblem(MLTEXT_READ_ERROR, path)
                                     : FileText{PadText(std::move(text)), {}};
 }
+} // namespace
+
+FileText ReadText(std::FILE* stream, const std::string& path)
+{
+    return ReadAll(stream, path, 0);
+}
 
 FileText ReadText(const std::string& path)
 {
     const File file(std::fopen(path.c_str(), "rb"));
-    return file == nullptr ? DescribeProblem(MLTEXT_OPEN_ERROR, path) : ReadText(file.get(), path);
+    if (file == nullptr)
+    {
+        return DescribeProblem(MLTEXT_OPEN_ERROR, path);
+    }
+    const bool hasEnd = std::fseek(file.get(), 0, SEEK_END) == 0;
+    const long size = hasEnd ? std::ftell(file.get()) : 0;
+    std::rewind(file.get());
+    return ReadAll(file.get(), path, size);
 }
 
 CheckedText CTextChecker::Check(const std::string& path, const std::string& paddedText)
 {
-    ParsedFile file = ParseMaterialFile(paddedText, afterError);
-    CheckedText checked{FindWarnings(file, fits), {}, 0, 0};
+    auto [file, warnings] = FindWarnings(paddedText, afterError, fits);
+    CheckedText checked{std::move(warnings), {}, 0, 0};
     if (!file.errors.empty())
     {
         checked.refusal = file.errors.front().library;

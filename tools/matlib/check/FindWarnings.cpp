@@ -51,7 +51,8 @@ void CheckTechnology(CWarnings& warnings, std::string_view technology)
     }
 }
 
-void CheckMaterial(CWarnings& warnings, const ParsedMaterial& material, CFitCheck& fits)
+void CheckMaterial(CWarnings& warnings, const ParsedMaterial& material, const ParsedTables& parsed,
+                   CFitCheck& fits)
 {
     if (material.name.empty())
     {
@@ -59,13 +60,13 @@ void CheckMaterial(CWarnings& warnings, const ParsedMaterial& material, CFitChec
     }
     CheckThickness(warnings, material);
     CheckTechnology(warnings, material.technology);
-    for (const ParsedTable& table : material.tables)
+    for (const ParsedTable& table : parsed.tables)
     {
         CheckRows(warnings, table);
     }
     if (material.kind == MLMATERIAL_DIELECTRIC)
     {
-        CheckFits(warnings, material, fits);
+        CheckFits(warnings, parsed, fits);
     }
 }
 
@@ -144,16 +145,15 @@ void CheckThicknesses(CWarnings& warnings, const std::vector<ParsedMaterial>& ma
 
 } // namespace
 
-std::vector<Finding> FindWarnings(const ParsedFile& file, CFitCheck& fits)
+CheckedFile FindWarnings(const std::string& paddedText, AfterError afterError, CFitCheck& fits)
 {
-    CWarnings warnings(file.text);
+    CWarnings warnings(paddedText);
+    ParsedFile file = ParseMaterialFile(paddedText, afterError,
+                                        [&](const ParsedMaterial& material, const ParsedTables& parsed)
+                                        { CheckMaterial(warnings, material, parsed, fits); });
     CheckTexts(warnings, file.texts);
-    for (const ParsedMaterial& material : file.materials)
-    {
-        CheckMaterial(warnings, material, fits);
-    }
     CheckThicknesses(warnings, file.materials);
     CheckNames(warnings, file.materials);
     std::ranges::stable_sort(warnings.findings, {}, &Finding::where);
-    return std::move(warnings.findings);
+    return {std::move(file), std::move(warnings.findings)};
 }

@@ -12,7 +12,7 @@ constexpr double leastFitFrequency = 1e4; // Hz; losses below do not enter the m
 constexpr double sameTemperature = 0.1;   // °C; nearer tables belong together
 
 // The table of that kind which the library takes for the temperature, or null.
-const ParsedTable* FindTable(const ParsedMaterial& material, MLTABLEKIND kind, double temperature)
+const ParsedTable* FindTable(const ParsedTables& material, MLTABLEKIND kind, double temperature)
 {
     const ParsedTable* nearest = nullptr;
     double distance = sameTemperature;
@@ -27,41 +27,36 @@ const ParsedTable* FindTable(const ParsedMaterial& material, MLTABLEKIND kind, d
     return nearest;
 }
 
-std::vector<MLTBLENTRY> ValuesOf(const ParsedTable& table)
-{
-    std::vector<MLTBLENTRY> values(table.rows.size());
-    std::ranges::transform(table.rows, values.begin(), &ParsedRow::values);
-    return values;
-}
-
 bool HasEnoughForFit(const ParsedTable& lossTangent)
 {
-    const auto first = std::ranges::find_if(lossTangent.rows, [](const ParsedRow& row)
-                                            { return row.values.frequency >= leastFitFrequency; });
+    const auto first = std::ranges::find_if(lossTangent.rows, [](const MLTBLENTRY& row)
+                                            { return row.frequency >= leastFitFrequency; });
     return std::distance(first, lossTangent.rows.end()) >= 2;
 }
 
 // Whether Er rises from one row to the next, by frequency.
 void CheckRise(CWarnings& warnings, const ParsedTable& er)
 {
-    std::vector<const ParsedRow*> ascending;
+    std::vector<const MLTBLENTRY*> ascending;
     ascending.reserve(er.rows.size());
-    std::ranges::transform(er.rows, std::back_inserter(ascending), [](const ParsedRow& row) { return &row; });
-    const auto frequencyOf = [](const ParsedRow* row) { return row->values.frequency; };
+    std::ranges::transform(er.rows, std::back_inserter(ascending),
+                           [](const MLTBLENTRY& row) { return &row; });
+    const auto frequencyOf = [](const MLTBLENTRY* row) { return row->frequency; };
     if (!std::ranges::is_sorted(ascending, {}, frequencyOf))
     {
         std::ranges::stable_sort(ascending, {}, frequencyOf);
     }
-    const auto rises = std::ranges::adjacent_find(
-        ascending, [](const ParsedRow* low, const ParsedRow* high)
-        { return low->values.frequency < high->values.frequency && low->values.value < high->values.value; });
+    const auto rises =
+        std::ranges::adjacent_find(ascending, [](const MLTBLENTRY* low, const MLTBLENTRY* high)
+                                   { return low->frequency < high->frequency && low->value < high->value; });
     if (rises == ascending.end())
     {
         return;
     }
-    const auto& [lowAt, low] = rises[0]->values;
-    const auto& [highAt, high] = rises[1]->values;
-    warnings.Add(rises[1]->frequency, rule::erRising,
+    const auto& [lowAt, low] = *rises[0];
+    const auto& [highAt, high] = *rises[1];
+    const auto index = static_cast<std::size_t>(rises[1] - er.rows.data());
+    warnings.Add(er.words[index], rule::erRising,
                  "Er rises from " + FormatNumber(low) + " at " + FormatFrequency(lowAt) + " to " +
                      FormatNumber(high) + " at " + FormatFrequency(highAt) +
                      ". That of a real laminate falls, and no causal model follows a rise.");
@@ -70,11 +65,11 @@ void CheckRise(CWarnings& warnings, const ParsedTable& er)
 void WarnOfSum(CWarnings& warnings, const ParsedTable& er)
 {
     double sum = 0.0;
-    for (const ParsedRow& row : er.rows)
+    for (const MLTBLENTRY& row : er.rows)
     {
-        sum += row.values.value;
+        sum += row.value;
     }
-    const bool rises = er.rows.front().values.value < er.rows.back().values.value;
+    const bool rises = er.rows.front().value < er.rows.back().value;
     warnings.Add(
         er.key, rule::erRisesSum,
         std::string(rises ? "Over all its rows Er rises" : "Er is no falling line that stays positive") +
@@ -90,12 +85,12 @@ std::string FormatRounded(double value)
 
 void WarnOfMiss(CWarnings& warnings, const ParsedTable& er, const MissedRow& missed)
 {
-    const ParsedRow& row = er.rows[missed.index];
-    const double error = std::abs(missed.modelled / row.values.value - 1.0) * 100.0;
-    warnings.Add(row.frequency, rule::fitMissesRows,
+    const MLTBLENTRY& row = er.rows[missed.index];
+    const double error = std::abs(missed.modelled / row.value - 1.0) * 100.0;
+    warnings.Add(er.words[missed.index], rule::fitMissesRows,
                  "The model of these rows gives an Er of " + FormatNumber(missed.modelled) + " at " +
-                     FormatFrequency(row.values.frequency) + ", where the row says " +
-                     FormatNumber(row.values.value) + ": " + FormatRounded(error) +
+                     FormatFrequency(row.frequency) + ", where the row says " + FormatNumber(row.value) +
+                     ": " + FormatRounded(error) +
                      " per cent off. Er and loss tangent do not belong together, or a row is wrong.");
 }
 
@@ -114,7 +109,7 @@ void CheckPair(CWarnings& warnings, const ParsedTable& er, const ParsedTable& lo
             "the rows only.");
         return;
     }
-    const FitVerdict& verdict = fits.Judge(ValuesOf(er), ValuesOf(loss));
+    const FitVerdict& verdict = fits.Judge(er.rows, loss.rows);
     if (!verdict.hasModel)
     {
         warnings.Add(
@@ -132,8 +127,7 @@ void CheckPair(CWarnings& warnings, const ParsedTable& er, const ParsedTable& lo
     }
 }
 
-void CheckTable(CWarnings& warnings, const ParsedMaterial& material, const ParsedTable& table,
-                CFitCheck& fits)
+void CheckTable(CWarnings& warnings, const ParsedTables& material, const ParsedTable& table, CFitCheck& fits)
 {
     const bool isEr = table.kind == MLTABLE_ER;
     const ParsedTable* const other =
@@ -164,11 +158,11 @@ double StandIn(const ParsedTable& table)
 {
     constexpr double reference = 1e9;
     const auto nearest = std::ranges::min_element(
-        table.rows, {}, [](const ParsedRow& row) { return std::abs(row.values.frequency - reference); });
-    return nearest == table.rows.end() ? 1.0 : nearest->values.value;
+        table.rows, {}, [](const MLTBLENTRY& row) { return std::abs(row.frequency - reference); });
+    return nearest == table.rows.end() ? 1.0 : nearest->value;
 }
 
-void CheckBetween(CWarnings& warnings, const ParsedMaterial& material, const ParsedBetween& between)
+void CheckBetween(CWarnings& warnings, const ParsedTables& material, const ParsedBetween& between)
 {
     const ParsedTable* lower = nullptr;
     const ParsedTable* upper = nullptr;
@@ -207,7 +201,7 @@ void CheckBetween(CWarnings& warnings, const ParsedMaterial& material, const Par
 }
 } // namespace
 
-void CheckFits(CWarnings& warnings, const ParsedMaterial& material, CFitCheck& fits)
+void CheckFits(CWarnings& warnings, const ParsedTables& material, CFitCheck& fits)
 {
     for (const ParsedTable& table : material.tables)
     {

@@ -34,18 +34,24 @@ bool IsSign(std::string_view token, char sign)
     return token.size() == 1 && token.front() == sign;
 }
 
-// Whether a text holds what its author may not see.
+// Whether a text may hold what its author does not see.
 bool IsOdd(std::string_view text)
 {
-    return std::ranges::any_of(text, [](char c) { return c == '\r' || c == '\n' || (c & '\x80') != 0; });
+    bool isOdd = false;
+    for (const char c : text) // without a way out, so that many are looked at together
+    {
+        isOdd |= static_cast<signed char>(c) < ' ';
+    }
+    return isOdd;
 }
 
 // Keeps what the reader meets, and finds where reading goes on behind an error.
 class CFileObserver final : public IReadObserver
 {
 public:
-    CFileObserver(CTokenScanner& tokenScanner, std::string_view wholeFile, AfterError whatAfterError)
-        : scanner(tokenScanner), start(wholeFile.data()), afterError(whatAfterError)
+    CFileObserver(CTokenScanner& tokenScanner, std::string_view wholeFile, AfterError whatAfterError,
+                  const MaterialListener& onMaterial)
+        : scanner(tokenScanner), start(wholeFile.data()), afterError(whatAfterError), listener(onMaterial)
     {
         context.wholeFile = wholeFile;
         context.text = wholeFile.substr(0, wholeFile.find('\0'));
@@ -65,13 +71,13 @@ public:
         context.technology = word;
         material.technology = word;
     }
-    void OnTable(std::string_view key) override { material.tables.emplace_back().key = key; }
+    void OnTable(std::string_view key) override;
     void OnRow(std::string_view frequency) override
     {
         context.frequency = frequency;
-        material.tables.back().rows.push_back({{}, frequency});
+        parsed.tables.back().words.push_back(frequency);
     }
-    void OnSingleValue(std::string_view word) override { material.tables.back().rows = {{{}, word}}; }
+    void OnSingleValue(std::string_view word) override { parsed.tables.back().words.assign(1, word); }
     void OnMaterial(CMaterial& read) override;
 
     void OnError(const BrokenRule& broken) override
@@ -93,7 +99,10 @@ private:
     CTokenScanner& scanner;
     const char* start;
     AfterError afterError;
-    ParsedMaterial material; // the one that is being read
+    const MaterialListener& listener;
+    ParsedMaterial material;              // the one that is being read
+    ParsedTables parsed;                  // its own
+    std::vector<ParsedTable> spareTables; // for the memory of their words
     ErrorContext context;
 };
 
@@ -101,6 +110,9 @@ void CFileObserver::OnBlock(std::string_view word)
 {
     material = {};
     material.block = word;
+    std::ranges::move(parsed.tables, std::back_inserter(spareTables));
+    parsed.tables.clear();
+    parsed.betweens.clear();
     context.block = word;
     context.unknownBlock = {};
     context.record = {};
@@ -131,6 +143,18 @@ void CFileObserver::OnText(std::string_view text)
     {
         file.texts.push_back(text);
     }
+}
+
+void CFileObserver::OnTable(std::string_view key)
+{
+    ParsedTable& table = parsed.tables.emplace_back();
+    if (!spareTables.empty())
+    {
+        table.words.swap(spareTables.back().words);
+        table.words.clear();
+        spareTables.pop_back();
+    }
+    table.key = key;
 }
 
 // Between which temperatures the library derives values.
@@ -168,25 +192,25 @@ void CFileObserver::OnMaterial(CMaterial& read)
         material.thickness = thickness;
     }
     const auto tables = read.GetTables();
-    for (std::size_t i = 0; i < material.tables.size(); ++i)
+    for (std::size_t i = 0; i < parsed.tables.size(); ++i)
     {
-        ParsedTable& table = material.tables[i];
+        ParsedTable& table = parsed.tables[i];
         table.kind = static_cast<MLTABLEKIND>(tables[i]->GetTableKind());
         table.temperature = tables[i]->GetTemperature();
-        const auto entries = tables[i]->GetEntries();
-        for (std::size_t row = 0; row < entries.size(); ++row)
-        {
-            table.rows[row].values = entries[row];
-        }
+        table.rows = tables[i]->GetEntries();
     }
     if (tables.size() > 2)
     {
         for (const MLTABLEKIND kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT})
         {
-            std::ranges::move(DeriveBetween(read, kind), std::back_inserter(material.betweens));
+            std::ranges::move(DeriveBetween(read, kind), std::back_inserter(parsed.betweens));
         }
     }
-    file.materials.push_back(std::move(material));
+    if (listener)
+    {
+        listener(material, parsed);
+    }
+    file.materials.push_back(material);
     context.block = {};
     context.quoted = {};
 }
@@ -252,12 +276,13 @@ bool CFileObserver::GoToFirstBlock(std::string_view token)
 }
 } // namespace
 
-ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError)
+ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError,
+                             const MaterialListener& onMaterial)
 {
     CTokenScanner scanner;
     scanner.Attach(paddedText.data());
     const std::string_view wholeFile(paddedText.data(), paddedText.size() - PadText({}).size());
-    CFileObserver observer(scanner, wholeFile, afterError);
+    CFileObserver observer(scanner, wholeFile, afterError, onMaterial);
     CFakeMaterialLib library;
     CMaterialReader reader(scanner, &observer);
     try

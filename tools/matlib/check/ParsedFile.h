@@ -3,24 +3,21 @@
 #include "MaterialLibrary/MLTypes.h"
 #include "tools/matlib/check/Finding.h"
 
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 // A material file as its author wrote it: the values that the library takes from it, each with its place.
 // Texts are parts of the file's.
 
-struct ParsedRow
-{
-    MLTBLENTRY values{};
-    std::string_view frequency; // the word; that of VALUE where this gives the row
-};
-
 struct ParsedTable
 {
     MLTABLEKIND kind = MLTABLE_ER;
     double temperature = 25.0; // °C
-    std::vector<ParsedRow> rows;
+    std::span<const MLTBLENTRY> rows;
+    std::vector<std::string_view> words; // the frequency of each row, or the word VALUE that gives it
     std::string_view key;
 };
 
@@ -40,9 +37,17 @@ struct ParsedMaterial
     std::string_view thicknessKey;
     std::optional<double> thickness; // metres
     std::string_view technology;     // its data null where the file gives none
+};
+
+struct ParsedTables
+{
     std::vector<ParsedTable> tables;
     std::vector<ParsedBetween> betweens;
 };
+
+// Hears of each material without an error while the file is read. The tables last for the call only: those of
+// all materials together would take more memory than the library's own.
+using MaterialListener = std::function<void(const ParsedMaterial&, const ParsedTables&)>;
 
 struct ParsedFile
 {
@@ -61,4 +66,5 @@ enum class AfterError
 
 // Reads a material file for its author, by the library's own reader: it is refused for the same reason at the
 // same place. The text has been through PadText; it must outlive what is returned.
-[[nodiscard]] ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError);
+[[nodiscard]] ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError,
+                                           const MaterialListener& onMaterial = {});

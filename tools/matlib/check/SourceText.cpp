@@ -88,11 +88,14 @@ std::size_t FindOpenParenthesis(std::string_view text, std::size_t from, std::si
 
 CSourceLines::CSourceLines(std::string_view wholeText) : text(wholeText), starts{0}
 {
-    for (std::size_t i = text.find_first_of("\r\n"); i != std::string_view::npos;
-         i = text.find_first_of("\r\n", starts.back()))
+    // Lines are short: a search for the end of each one costs more than a look at each character.
+    for (std::size_t i = 0; i < text.size(); ++i)
     {
-        const bool isPair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        starts.push_back(i + (isPair ? 2 : 1));
+        const bool endsLine = text[i] == '\n' || (text[i] == '\r' && !text.substr(i + 1).starts_with('\n'));
+        if (endsLine)
+        {
+            starts.push_back(i + 1);
+        }
     }
 }
 

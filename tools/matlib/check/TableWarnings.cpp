@@ -44,53 +44,59 @@ bool HasPlainUnit(std::string_view frequency)
 
 void CheckFrequencyWords(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto odd =
-        std::ranges::find_if(table.rows, [](const ParsedRow& row)
-                             { return row.frequency != keyword::value && !HasPlainUnit(row.frequency); });
-    if (odd == table.rows.end())
+    const auto odd = std::ranges::find_if(table.words, [](std::string_view word)
+                                          { return word != keyword::value && !HasPlainUnit(word); });
+    if (odd == table.words.end())
     {
         return;
     }
+    const MLTBLENTRY& row = table.rows[static_cast<std::size_t>(odd - table.words.begin())];
     const std::string readAs =
-        Quote(odd->frequency) + " is read as a frequency of " + FormatNumber(odd->values.frequency) + " Hz. ";
-    if (odd->frequency.find(',') != std::string_view::npos)
+        Quote(*odd) + " is read as a frequency of " + FormatNumber(row.frequency) + " Hz. ";
+    if (odd->find(',') != std::string_view::npos)
     {
-        warnings.Add(odd->frequency, rule::decimalComma,
+        warnings.Add(*odd, rule::decimalComma,
                      readAs + "The decimal sign is a point; rows are separated by blanks.");
     }
     else
     {
-        warnings.Add(odd->frequency, rule::frequencyUnit,
+        warnings.Add(*odd, rule::frequencyUnit,
                      readAs + "Units are Hz, kHz, MHz, GHz and THz, in this letter case.");
     }
 }
 
+// The word of one of the table's rows.
+template <class Row>
+std::string_view WordOf(const ParsedTable& table, Row row)
+{
+    return table.words[static_cast<std::size_t>(row - table.rows.begin())];
+}
+
 void CheckOrder(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto notBehind = [](const ParsedRow& first, const ParsedRow& second)
-    { return second.values.frequency <= first.values.frequency; };
+    const auto notBehind = [](const MLTBLENTRY& first, const MLTBLENTRY& second)
+    { return second.frequency <= first.frequency; };
     if (std::ranges::adjacent_find(table.rows, notBehind) == table.rows.end())
     {
         return;
     }
     const auto falls =
-        std::ranges::adjacent_find(table.rows, [](const ParsedRow& first, const ParsedRow& second)
-                                   { return second.values.frequency < first.values.frequency; });
+        std::ranges::adjacent_find(table.rows, [](const MLTBLENTRY& first, const MLTBLENTRY& second)
+                                   { return second.frequency < first.frequency; });
     if (falls != table.rows.end())
     {
-        warnings.Add(falls[1].frequency, rule::frequencyOrder,
-                     FormatFrequency(falls[1].values.frequency) + " stands behind " +
-                         FormatFrequency(falls[0].values.frequency) +
-                         ". The model expects ascending frequencies.");
+        warnings.Add(WordOf(table, falls + 1), rule::frequencyOrder,
+                     FormatFrequency(falls[1].frequency) + " stands behind " +
+                         FormatFrequency(falls[0].frequency) + ". The model expects ascending frequencies.");
     }
     std::map<double, std::string_view> seen;
-    for (const ParsedRow& row : table.rows)
+    for (auto row = table.rows.begin(); row != table.rows.end(); ++row)
     {
-        const auto [first, isNew] = seen.emplace(row.values.frequency, row.frequency);
+        const auto [first, isNew] = seen.emplace(row->frequency, WordOf(table, row));
         if (!isNew)
         {
-            warnings.Add(row.frequency, rule::frequencyRepeated,
-                         "There is a row for " + FormatFrequency(row.values.frequency) +
+            warnings.Add(WordOf(table, row), rule::frequencyRepeated,
+                         "There is a row for " + FormatFrequency(row->frequency) +
                              " already. The last one counts.",
                          first->second, "This is the row before.");
             return;
@@ -101,51 +107,48 @@ void CheckOrder(CWarnings& warnings, const ParsedTable& table)
 void CheckFrequencies(CWarnings& warnings, const ParsedTable& table)
 {
     const auto notPositive =
-        std::ranges::find_if(table.rows, [](const ParsedRow& row) { return !(row.values.frequency > 0.0); });
+        std::ranges::find_if(table.rows, [](const MLTBLENTRY& row) { return !(row.frequency > 0.0); });
     if (notPositive != table.rows.end())
     {
-        warnings.Add(notPositive->frequency, rule::frequencyRange, "The frequency is not above 0.");
+        warnings.Add(WordOf(table, notPositive), rule::frequencyRange, "The frequency is not above 0.");
     }
     const bool isInBand =
-        std::ranges::any_of(table.rows, [](const ParsedRow& row)
-                            { return row.values.frequency >= bandStart && row.values.frequency <= bandEnd; });
+        std::ranges::any_of(table.rows, [](const MLTBLENTRY& row)
+                            { return row.frequency >= bandStart && row.frequency <= bandEnd; });
     if (!isInBand && !table.rows.empty())
     {
         warnings.Add(table.key, rule::noRowsInBand,
                      std::string(table.key) +
                          " has no row from 1 MHz to 20 GHz, where boards are used. The first "
                          "is at " +
-                         FormatFrequency(table.rows.front().values.frequency) + ", the last at " +
-                         FormatFrequency(table.rows.back().values.frequency) + ".");
+                         FormatFrequency(table.rows.front().frequency) + ", the last at " +
+                         FormatFrequency(table.rows.back().frequency) + ".");
     }
 }
 
 void CheckEr(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto odd =
-        std::ranges::find_if(table.rows, [](const ParsedRow& row)
-                             { return !(row.values.value >= leastEr && row.values.value <= mostEr); });
+    const auto odd = std::ranges::find_if(table.rows, [](const MLTBLENTRY& row)
+                                          { return !(row.value >= leastEr && row.value <= mostEr); });
     if (odd != table.rows.end())
     {
-        warnings.Add(odd->frequency, rule::erRange,
-                     "An Er of " + FormatNumber(odd->values.value) +
-                         (odd->values.value > mostEr ? " is more than circuit boards are made of."
-                                                     : " is below 1, which no laminate has."));
+        warnings.Add(WordOf(table, odd), rule::erRange,
+                     "An Er of " + FormatNumber(odd->value) +
+                         (odd->value > mostEr ? " is more than circuit boards are made of."
+                                              : " is below 1, which no laminate has."));
     }
 }
 
 void CheckLossTangent(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto odd =
-        std::ranges::find_if(table.rows, [](const ParsedRow& row)
-                             { return !(row.values.value >= 0.0 && row.values.value <= mostLossTangent); });
+    const auto odd = std::ranges::find_if(table.rows, [](const MLTBLENTRY& row)
+                                          { return !(row.value >= 0.0 && row.value <= mostLossTangent); });
     if (odd != table.rows.end())
     {
-        warnings.Add(odd->frequency, rule::lossTangentRange,
-                     "A loss tangent of " + FormatNumber(odd->values.value) +
-                         (odd->values.value < 0.0
-                              ? " is negative: a gain."
-                              : " is more than circuit boards have; 2% is written 0.02."));
+        warnings.Add(WordOf(table, odd), rule::lossTangentRange,
+                     "A loss tangent of " + FormatNumber(odd->value) +
+                         (odd->value < 0.0 ? " is negative: a gain."
+                                           : " is more than circuit boards have; 2% is written 0.02."));
     }
 }
 } // namespace
