@@ -56,7 +56,7 @@ std::string SpellFrequency(double frequency)
         const char* name;
     };
     constexpr Unit units[] = {{1e12, "THz"}, {1e9, "GHz"}, {1e6, "MHz"}, {1e3, "kHz"}};
-    const std::string plain = SpellNumber(frequency) + "Hz";
+    std::string plain = SpellNumber(frequency) + "Hz";
     for (const auto& [factor, name] : units)
     {
         if (std::abs(frequency) >= factor)

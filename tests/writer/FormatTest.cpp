@@ -157,7 +157,7 @@ private:
 TEST(FormatMaterialText, LoadsTheSameAndKeepsComments)
 {
     CMessyText messy;
-    for (int i = 0; i < 2000; ++i)
+    for (int i = 0; i < 800; ++i)
     {
         messy.comments.clear();
         const std::string text = messy.Write();

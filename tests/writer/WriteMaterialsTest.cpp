@@ -26,7 +26,7 @@ TEST(SpellNumber, IsShortAndAsPeopleWrite)
 TEST(WriteMaterials, IsLoadedBitForBit)
 {
     CRandomMaterials random;
-    for (int i = 0; i < 3000; ++i)
+    for (int i = 0; i < 1000; ++i)
     {
         const std::vector<MaterialDescription> materials = random.Make();
         const std::string text = WriteMaterials(materials);
