@@ -215,13 +215,12 @@ double ChooseLinearStep(double lo, double hi, int pixels)
 {
     const int allowed = std::max(pixels / smallestInterval, 2);
     const double extent = hi - lo;
-    // Most steps that are tried are far from the range's size. There its length decides, without a count; not
-    // in a range so far from 0 that rounding may lose an interval.
-    const bool certain = std::isfinite(extent) && extent > 1e-9 * std::max(std::fabs(lo), std::fabs(hi));
+    // Most steps that are tried are far from the range's size. There its length decides, without a count.
+    const bool isRange = std::isfinite(extent) && extent > 0.0;
     const auto fits = [=](double step)
     {
         const double intervals = extent / step;
-        if (certain && (intervals < 0.5 || intervals > 2.0 * allowed + 2.0))
+        if (isRange && (intervals < 0.5 || intervals > 2.0 * allowed + 2.0))
         {
             return intervals < 0.5;
         }

@@ -97,6 +97,10 @@ TEST(CCurveTracer, KeepsEverySegmentOfADashedLineOnce)
     tracer.Finish();
     tracer.Finish();
     EXPECT_EQ(canvas.GetLines().size(), 3'000u);
+    for (const CRecorderCanvas::Call& call : canvas.calls)
+    {
+        EXPECT_LE(call.points.size(), 2'048u);
+    }
 }
 
 TEST(CCurveTracer, JoinsColumnsOfWideLinesThatMeet)

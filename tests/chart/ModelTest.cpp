@@ -102,6 +102,7 @@ TEST(CChartCurve, BoundsLeaveOutWhatIsNoPoint)
     EXPECT_EQ(curve.GetPointLabel(0), "first");
     EXPECT_EQ(curve.GetPointLabel(-1), "");
     EXPECT_EQ(curve.GetPointLabel(1), "");
+    EXPECT_EQ(curve.GetPoint(0).y, 2.0);
     EXPECT_EQ(curve.GetPoint(1).y, 4.0);
     for (const std::int32_t index : {-1, 2})
     {

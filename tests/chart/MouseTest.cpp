@@ -302,6 +302,7 @@ TEST_F(Mouse, FeedbackErasesItself)
     };
     EXPECT_EQ(getLines(MouseMode::zoomOut, {101, 120}).size(), 4u);
     EXPECT_EQ(getLines(MouseMode::zoomOut, {120, 101}).size(), 4u);
+    EXPECT_EQ(getLines(MouseMode::zoomOut, {102, 102}).size(), 8u);
     EXPECT_EQ(getLine(1, 0), (PixelLine{{100, 100}, {150, 100}}));
     EXPECT_EQ(getLine(3, 0), (PixelLine{{100, plot.top}, {150, plot.top}}));
     EXPECT_EQ(getLine(3, 2), (PixelLine{{150, plot.bottom}, {100, plot.bottom}}));

@@ -57,6 +57,8 @@ TEST(CSvgCanvas, WritesUtf8WhateverTheTextWas)
                 {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"}, // a surrogate
                 {"\xEF\xBF\xBF", "\xC3\xAF\xC2\xBF\xC2\xBF"},     // no character
                 {"\xF0\x9F\x93\x88", "\xF0\x9F\x93\x88"},
+                {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"}, // the last one
+                {"\xF4\x90\x80\x80", "\xC3\xB4\x3F\xE2\x82\xAC\xE2\x82\xAC"},
                 {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"}}; // cut off
     for (const auto& row : rows)
     {

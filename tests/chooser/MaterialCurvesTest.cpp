@@ -80,6 +80,7 @@ protected:
 
 TEST_F(MaterialChart, ShowsHertzOnALogarithmicAxis)
 {
+    EXPECT_EQ(Frequencies().title + Frequencies().unit, "FrequencyMHz") << "before a material is chosen";
     Choose("laminate", {{0, 5}, {1, 4}, {1e4, 3}}, {});
     EXPECT_EQ(model.GetCurveCount(), 2) << "also the empty one";
     EXPECT_EQ(Frequencies().unit + std::to_string(Frequencies().automaticPrefix), "MHz0");
