@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # Runs a command that shows windows: on-display.sh [--virtual | --desktop] COMMAND [ARGUMENT...]
-# On a desktop its windows appear there; without one, or with --virtual, on a virtual display of 1600 x 1200
-# pixels with a window manager, of which the command can take pictures ("import -window root x.png") and to
-# which it can send input (xdotool). With --desktop it fails where there is none: nobody would see the windows. The
-# command finds in the environment what cmake/wine-run.sh needs, and in ML_DISPLAY whether it is "desktop" or
-# "virtual".
+# On a desktop its windows appear there; without one, or with --virtual, on a virtual display with a window manager, of
+# 1600x1200 pixels or what ML_SCREEN says. There the command can take pictures ("import -window root x.png") and send
+# input (xdotool). With --desktop it fails where there is no desktop: nobody would see the windows. The command finds
+# in the environment what cmake/wine-run.sh needs, and in ML_DISPLAY whether it is "desktop" or "virtual".
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -37,7 +36,7 @@ trap finish EXIT
 trap 'exit 143' TERM INT HUP
 
 mkfifo "$folder/number"
-Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$folder/number" >"$folder/server.log" 2>&1 </dev/null &
+Xvfb -displayfd 3 -screen 0 ${ML_SCREEN:-1600x1200}x24 -nolisten tcp 3>"$folder/number" >"$folder/server.log" 2>&1 </dev/null &
 server=$!
 if ! read -r -t 30 number <"$folder/number"; then
     echo "on-display.sh: the virtual display did not start" >&2

@@ -167,4 +167,28 @@ TEST(Layout, EndsWithHostileFonts)
     LayOutChart(model, {0, 0, 760, 240}, flat);
     EXPECT_EQ(model.frame.plot, (PixelRect{0, 0, 760, 240}));
 }
+
+TEST(Placement, AxesShareASideAndLongTitlesAreShortened)
+{
+    CChartModel model = MakeModel(2);
+    model.SetAxisTitle(3, "third", "");
+    model.SetAxisTitle(1, "Er", "");
+    model.SetAxisTitle(2, std::string(100, 'x'), "");
+    CRecorderCanvas canvas;
+    const PixelRect client = {0, 0, 300, 200};
+    LayOutChart(model, client, canvas);
+    const auto titles = PlaceTitles({model, {}, {}, client}, Direction::Vertical, {}, canvas);
+    EXPECT_EQ(titles[0].text, "Er");
+    EXPECT_EQ(titles[0].topLeft.x, model.frame.plot.left);
+    EXPECT_TRUE(titles[1].text.ends_with("x...")) << titles[1].text;
+    EXPECT_EQ(titles[1].topLeft.x + canvas.GetTextExtent(titles[1].text).width, model.frame.plot.right);
+    EXPECT_EQ(titles[2].topLeft.x, titles[0].topLeft.x + 12 + 9);
+    EXPECT_NEAR(titles[1].topLeft.x, titles[2].topLeft.x + 30 + 9 + 3, 3); // in all of the room that is left
+    EXPECT_GE(PlaceTickLabels({model, {}, {}, client}, Direction::Vertical, canvas)[2].size(), 1u);
+    EXPECT_EQ(FitText(canvas, "abcdef", 36), "abcdef");
+    EXPECT_EQ(FitText(canvas, "abcdef", 35), "ab...");
+    EXPECT_EQ(FitText(canvas, "abcdef", 24), "a...");
+    EXPECT_EQ(FitText(canvas, "abcdef", 23), "");
+    EXPECT_EQ(FitText(canvas, "", 0), "");
+}
 } // namespace
