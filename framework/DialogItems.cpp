@@ -29,6 +29,30 @@ void SetItemText(HWND dialog, int control, std::string_view text)
     SetDlgItemTextW(dialog, control, ToWide(text).c_str());
 }
 
+RECT GetItemRect(HWND dialog, int control)
+{
+    RECT rect{};
+    GetWindowRect(GetDlgItem(dialog, control), &rect);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+void ShiftItem(HWND dialog, int control, int right, int down)
+{
+    const RECT rect = GetItemRect(dialog, control);
+    SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left + right, rect.top + down, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WidenItem(HWND dialog, int control, int byPixels)
+{
+    const RECT shown = GetItemRect(dialog, control);
+    RECT withList = shown; // which makes the height of a combo box
+    Ask(dialog, control, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&withList));
+    SetWindowPos(GetDlgItem(dialog, control), nullptr, 0, 0, shown.right - shown.left + byPixels,
+                 withList.bottom - withList.top, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 bool IsItemChecked(HWND dialog, int control)
 {
     return IsDlgButtonChecked(dialog, control) == BST_CHECKED;

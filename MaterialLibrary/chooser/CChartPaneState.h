@@ -45,6 +45,9 @@ public:
     // For a window as the template has it.
     explicit CChartPaneState(const ChartPaneTemplate& sizes);
 
+    // The grid has so much less for good: controls above or below it take two rows instead of one.
+    void TakeFromGrid(int height) { sizes.grid -= height; }
+
     // Where a window opens that was left in that frame, perhaps on a larger screen or at another scale: no
     // larger than the work area, and higher than it was left where a shown chart would have no room.
     [[nodiscard]] WindowFrame Open(const WindowFrame& left, const WindowFrame& workArea);

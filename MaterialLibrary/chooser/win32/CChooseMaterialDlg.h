@@ -84,7 +84,9 @@ private:
     void StoreGridHeight() const;
     void SetControlHeight(int control, int top, int height);
     void KeepInWorkArea();
-    void NarrowControls(int byPixels);
+    void NarrowControls(int width);
+    int PlaceFilters(int width);
+    int PlaceBottomControls(int width);
     void AlignCombos();
     void OnResized();
 
@@ -103,6 +105,7 @@ private:
     CDividerBar bar;                          // between grid and chart
     CChartPaneState paneBeforeBar;            // was moved
     std::vector<std::unique_ptr<CWnd>> edits; // those in which Enter applies
+    int templateWidth = 0;                    // of the client area
     int templateGridHeight = 0;
     int gapAboveChart = 0;
     int gapBelowChart = 0;

@@ -12,19 +12,12 @@
 namespace
 {
 // Of the dialog's client area, in dialog units.
-constexpr int templateWidth = 505;
-constexpr int templateHeight = 322;
+constexpr SIZE templateUnits = {505, 322};
 
 constexpr int largestHeight = 30'000; // in pixels at any scale
 
 // In pixels, with the one that the template has at that scale.
 constexpr const char* gridHeightName = "GridHeight";
-
-constexpr int thicknessControls[] = {
-    ML_LABEL_THICKNESS,    ML_EDIT_THICKNESS_MINIMUM,
-    ML_LABEL_THICKNESS_TO, ML_EDIT_THICKNESS_MAXIMUM,
-    ML_LABEL_UNIT,         ML_COMBO_UNITS,
-};
 
 // What stands below the chart.
 constexpr int bottomControls[] = {
@@ -37,30 +30,16 @@ SIZE GetWindowSize(HWND window)
     GetWindowRect(window, &rect);
     return {rect.right - rect.left, rect.bottom - rect.top};
 }
-
-RECT GetControlRect(HWND dialog, int control)
-{
-    RECT rect{};
-    GetWindowRect(GetDlgItem(dialog, control), &rect);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
-void ShiftControl(HWND dialog, int control, int down)
-{
-    const RECT rect = GetControlRect(dialog, control);
-    SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left, rect.top + down, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
 } // namespace
 
 // The system makes no dialog larger than the screen, but places the controls of one.
 void CChooseMaterialDlg::TakeTemplateSize()
 {
-    RECT wanted{0, 0, templateWidth, templateHeight};
+    RECT wanted{0, 0, templateUnits.cx, templateUnits.cy};
     MapDialogRect(GetHandle(), &wanted);
     RECT client{};
     GetClientRect(GetHandle(), &client);
+    templateWidth = wanted.right;
     const SIZE window = GetWindowSize(GetHandle());
     SetWindowPos(GetHandle(), nullptr, 0, 0, window.cx + wanted.right - client.right,
                  window.cy + wanted.bottom - client.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -72,20 +51,20 @@ void CChooseMaterialDlg::CreateBar()
     bar.Create(GetHandle(), ML_DIVIDER, GetDlgItem(GetHandle(), ML_GRID),
                {begin, [this](int down) { return MoveBar(down); }});
     chart.SetOnMoveBar([this] { bar.TakeFocus(); });
-    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
+    const RECT gridRect = GetItemRect(GetHandle(), ML_GRID);
     SetWindowPos(bar.GetHandle(), nullptr, gridRect.left, gridRect.bottom, gridRect.right - gridRect.left,
-                 GetControlRect(GetHandle(), ML_CHART).top - gridRect.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+                 GetItemRect(GetHandle(), ML_CHART).top - gridRect.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CChooseMaterialDlg::CreateMover()
 {
     const SIZE size = GetWindowSize(GetHandle());
-    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
-    const RECT chartRect = GetControlRect(GetHandle(), ML_CHART);
+    const RECT gridRect = GetItemRect(GetHandle(), ML_GRID);
+    const RECT chartRect = GetItemRect(GetHandle(), ML_CHART);
     const int chartHeight = chartRect.bottom - chartRect.top;
     templateGridHeight = gridRect.bottom - gridRect.top;
     gapAboveChart = chartRect.top - gridRect.bottom;
-    gapBelowChart = GetControlRect(GetHandle(), IDOK).top - chartRect.bottom;
+    gapBelowChart = GetItemRect(GetHandle(), ML_BUTTON_ASSIGN).top - chartRect.bottom;
     mover = std::make_unique<CCtrlAutoMover>(this);
     mover->minWidth = size.cx;
     mover->minHeight = size.cy - chartHeight;
@@ -142,7 +121,7 @@ void CChooseMaterialDlg::ShowOrHideChart()
     const int height = GetWindowSize(dialog).cy;
     for (const int control : bottomControls)
     {
-        ShiftControl(dialog, control, height - before.cy);
+        ShiftItem(dialog, control, 0, height - before.cy);
     }
     chartPane.Resize(height, ResizedBy::System);
     StackGridAndChart();
@@ -155,8 +134,8 @@ void CChooseMaterialDlg::ShowOrHideChart()
 void CChooseMaterialDlg::StackGridAndChart()
 {
     const int chartHeight = chartPane.GetChartHeight(GetWindowSize(GetHandle()).cy);
-    const RECT gridRect = GetControlRect(GetHandle(), ML_GRID);
-    const int chartTop = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - chartHeight;
+    const RECT gridRect = GetItemRect(GetHandle(), ML_GRID);
+    const int chartTop = GetItemRect(GetHandle(), ML_BUTTON_ASSIGN).top - gapBelowChart - chartHeight;
     SetControlHeight(ML_GRID, gridRect.top, chartTop - gapAboveChart - gridRect.top);
     SetControlHeight(ML_DIVIDER, chartTop - gapAboveChart, gapAboveChart);
     SetControlHeight(ML_CHART, chartTop, showChart ? chartHeight : chartPane.GetHiddenHeight());
@@ -199,7 +178,7 @@ void CChooseMaterialDlg::StoreGridHeight() const
 
 void CChooseMaterialDlg::SetControlHeight(int control, int top, int height)
 {
-    const RECT rect = GetControlRect(GetHandle(), control);
+    const RECT rect = GetItemRect(GetHandle(), control);
     SetWindowPos(GetDlgItem(GetHandle(), control), nullptr, rect.left, top, rect.right - rect.left, height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -209,7 +188,10 @@ void CChooseMaterialDlg::KeepInWorkArea()
 {
     const WindowFrame left = GetNormalFrame(GetHandle());
     const WindowFrame workArea = GetWorkArea(left);
-    const int missing = mover->minWidth - workArea.width;
+    if (workArea.width < mover->minWidth)
+    {
+        NarrowControls(templateWidth - (mover->minWidth - workArea.width));
+    }
     mover->minWidth = std::min(mover->minWidth, workArea.width);
     mover->minHeight = std::min(mover->minHeight, workArea.height);
     ReadGridHeight();
@@ -218,45 +200,22 @@ void CChooseMaterialDlg::KeepInWorkArea()
         const CFlagScope scope(changingSize);
         SetNormalFrame(GetHandle(), frame);
     }
-    if (missing > 0)
-    {
-        NarrowControls(missing);
-    }
     chartPane.Resize(GetWindowSize(GetHandle()).cy, ResizedBy::System);
     StackGridAndChart();
     LayOutControls();
 }
 
-// On a screen that the template is too wide for, the thickness stands below the technology, and the name of
-// the assigned material is shorter.
-void CChooseMaterialDlg::NarrowControls(int byPixels)
-{
-    const HWND dialog = GetHandle();
-    const RECT below = GetControlRect(dialog, ML_LABEL_MATERIAL_FILTER);
-    const RECT label = GetControlRect(dialog, ML_LABEL_THICKNESS);
-    for (const int control : thicknessControls)
-    {
-        const RECT rect = GetControlRect(dialog, control);
-        SetWindowPos(GetDlgItem(dialog, control), nullptr, rect.left - label.left + below.left,
-                     rect.top - label.top + below.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    const RECT name = GetControlRect(dialog, ML_EDIT_ASSIGNED);
-    SetWindowPos(GetDlgItem(dialog, ML_EDIT_ASSIGNED), nullptr, 0, 0,
-                 std::max<int>(name.right - name.left - byPixels, 0), name.bottom - name.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 // A combo box takes its height from its font, an edit box from the template.
 void CChooseMaterialDlg::AlignCombos()
 {
-    const RECT edit = GetControlRect(GetHandle(), ML_EDIT_THICKNESS_MINIMUM);
+    const RECT edit = GetItemRect(GetHandle(), ML_EDIT_THICKNESS_MINIMUM);
     constexpr auto shownField = static_cast<WPARAM>(-1);
     for (const int control : {ML_COMBO_TYPE, ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS})
     {
         LRESULT height = SendDlgItemMessageW(GetHandle(), control, CB_GETITEMHEIGHT, shownField, 0);
         for (int attempt = 0; attempt < 2; ++attempt) // not every system takes the height that it gives
         {
-            const RECT combo = GetControlRect(GetHandle(), control);
+            const RECT combo = GetItemRect(GetHandle(), control);
             height += (edit.bottom - edit.top) - (combo.bottom - combo.top);
             SendDlgItemMessageW(GetHandle(), control, CB_SETITEMHEIGHT, shownField, height);
         }
@@ -273,9 +232,9 @@ void CChooseMaterialDlg::OnResized()
     }
     const int height = GetWindowSize(GetHandle()).cy;
     chartPane.Resize(height, byUser ? ResizedBy::User : ResizedBy::System);
-    const int gridBottom = GetControlRect(GetHandle(), IDOK).top - gapBelowChart - gapAboveChart -
+    const int gridBottom = GetItemRect(GetHandle(), ML_BUTTON_ASSIGN).top - gapBelowChart - gapAboveChart -
                            chartPane.GetChartHeight(height);
-    if (GetControlRect(GetHandle(), ML_GRID).bottom != gridBottom)
+    if (GetItemRect(GetHandle(), ML_GRID).bottom != gridBottom)
     {
         StackGridAndChart();
         LayOutControls(); // measured in the window's present size

@@ -82,36 +82,66 @@ TEST_F(ChooserSize, AShownChartHasRoomAndTheWindowLiesInTheWorkArea)
     Choose({[&] { ExpectChartInWorkArea(); }, [&] { ExpectTogglingTwiceRestores(); }});
 }
 
+SIZE monitorSize;
+
 BOOL WINAPI GetSmallMonitor(HMONITOR, MONITORINFO* monitor)
 {
-    monitor->rcMonitor = monitor->rcWork = {0, 0, 640, 460};
+    monitor->rcMonitor = monitor->rcWork = {0, 0, monitorSize.cx, monitorSize.cy};
     return TRUE;
 }
 
+// Every visible control lies in the window and meets no other.
+void ExpectControlsApart(HWND dialog)
+{
+    RECT client{};
+    GetClientRect(dialog, &client);
+    std::vector<RECT> others;
+    for (HWND item = GetWindow(dialog, GW_CHILD); item != nullptr; item = GetWindow(item, GW_HWNDNEXT))
+    {
+        const int control = GetDlgCtrlID(item);
+        const RECT rect = GetItemRect(dialog, control);
+        if (IsWindowVisible(item) != FALSE)
+        {
+            EXPECT_TRUE(rect.left >= 0 && rect.right <= client.right) << control;
+            EXPECT_TRUE(rect.top >= 0 && rect.bottom <= client.bottom) << control;
+            for (const RECT& other : others)
+            {
+                RECT common{};
+                EXPECT_FALSE(IntersectRect(&common, &rect, &other)) << control;
+            }
+            others.push_back(rect);
+        }
+    }
+}
+
+// The last but one is a screen of 1600 x 1200 pixels at 300 per cent.
 TEST_F(ChooserSize, OnASmallScreenEveryControlIsWithinReach)
 {
     void** const import = FindImport(GetModuleHandleW(nullptr), "user32", "GetMonitorInfoW");
     void* const original = std::exchange(*import, reinterpret_cast<void*>(GetSmallMonitor));
-    Choose(
-        {[&]
-         {
-             EXPECT_EQ(WindowSize().cx, 640);
-             EXPECT_EQ(WindowSize().cy, 460);
-             EXPECT_GE(2 * (Place(ML_CHART).bottom - Place(ML_CHART).top), templateHeight);
-             ExpectNoOverlap();
-             RECT client{};
-             GetClientRect(Dialog(), &client);
-             for (const int control : {ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS, ML_EDIT_THICKNESS_MAXIMUM, IDOK})
-             {
-                 EXPECT_LE(Place(control).right, client.right) << control;
-             }
-             EXPECT_GT(Place(ML_EDIT_THICKNESS_MINIMUM).left, Place(ML_CHECK_SHOW_GRAPHICALLY).right);
-             EXPECT_GT(Place(ML_COMBO_UNITS).top, Place(ML_COMBO_TECHNOLOGY).bottom);
-             EXPECT_LE(Place(ML_COMBO_UNITS).bottom, Place(ML_GRID).top);
-         }});
+    for (const SIZE size : {SIZE{740, 560}, {640, 460}, {533, 400}, {400, 500}})
+    {
+        monitorSize = size;
+        for (const int kind : {MLMATERIAL_DIELECTRIC, MLMATERIAL_METAL})
+        {
+            SCOPED_TRACE(std::to_string(size.cx) + " wide, kind " + std::to_string(kind));
+            const auto look = [&]
+            {
+                EXPECT_EQ(WindowSize().cx, size.cx);
+                EXPECT_LE(WindowSize().cy, size.cy);
+                EXPECT_GE(2 * (Place(ML_CHART).bottom - Place(ML_CHART).top), templateHeight);
+                EXPECT_GE(Place(ML_EDIT_ASSIGNED).right - Place(ML_EDIT_ASSIGNED).left, 120);
+                EXPECT_GE(Place(ML_GRID).bottom - Place(ML_GRID).top, 60);
+                ExpectControlsApart(Dialog());
+            };
+            const auto toggle = [&] { Press(ML_CHECK_SHOW_GRAPHICALLY); };
+            Choose({look, toggle, [&] { ExpectControlsApart(Dialog()); }, toggle, look}, kind);
+        }
+    }
     *import = original;
     Choose({[&]
             {
+                ExpectControlsApart(Dialog());
                 for (const int control : {ML_COMBO_TYPE, ML_COMBO_TECHNOLOGY, ML_COMBO_UNITS})
                 {
                     EXPECT_EQ(Place(control).top, Place(ML_EDIT_THICKNESS_MINIMUM).top);
