@@ -6,6 +6,7 @@
 # windows are kept in memory. Set in the environment where that does not suit:
 #   ML_WINE_PREFIX    the folder of the prefix; build/wine-prefix when unset
 #   ML_WINE_GRAPHICS  the graphics driver that a new prefix gets: null, or x11 for pictures
+#   ML_WINE_DPI       the display's scale, 96 when unset; another one has a prefix of its own, which shares the files
 #   ML_WINE_TIMEOUT   seconds after which a program is ended, 570 when unset
 set -euo pipefail
 
@@ -17,6 +18,9 @@ prefix=${ML_WINE_PREFIX:-$repository/build/wine-prefix}
 if [[ -e $prefix && ! -O $prefix ]]; then
     prefix=$prefix-$(id -u) # Wine refuses the prefix of another user
 fi
+base=$prefix
+dpi=${ML_WINE_DPI:-96}
+((dpi == 96)) || prefix=$base-$dpi
 ready=$prefix/.ready-1
 
 for folder in /usr/lib/wine "$(dirname "$(command -v wine64 || echo /usr/bin/wine64)")"; do
@@ -53,6 +57,19 @@ make_prefix()
     touch "$ready"
 }
 
+make_scaled_prefix()
+{
+    ML_WINE_DPI=96 "$0" cmd.exe /c exit || return # makes the other one
+    rm -rf "$prefix" && mkdir "$prefix" && ln -s "$base/drive_c" "$prefix/drive_c" || return
+    cp -r "$base"/{dosdevices,.update-timestamp,system.reg,userdef.reg,user.reg} "$prefix" || return
+    printf 'REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"LogPixels"=dword:%08x\r\n' "$dpi" \
+        >"$prefix/settings.reg"
+    "$wine" regedit.exe /S "$prefix/settings.reg" || return
+    "$wineserver" -k
+    "$wineserver" -w
+    touch "$ready"
+}
+
 if [[ ${1:-} == --end ]]; then
     if [[ -e $ready ]]; then
         "$wineserver" -k >/dev/null 2>&1 || true
@@ -64,7 +81,9 @@ if [[ ! -e $ready ]]; then
     mkdir -p "$(dirname "$prefix")"
     ( # the lock is descriptor 9; the server that stays must not inherit it
         flock 9
-        if [[ ! -e $ready ]] && ! make_prefix </dev/null >"$prefix.log" 2>&1 9>&-; then
+        make=make_prefix
+        ((dpi == 96)) || make=make_scaled_prefix
+        if [[ ! -e $ready ]] && ! $make </dev/null >"$prefix.log" 2>&1 9>&-; then
             echo "wine-run.sh: cannot make the Wine prefix $prefix, see $prefix.log" >&2
             exit 126
         fi

@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
 # Chooses a material as a user does, with the mouse and the keyboard of a display, and takes a picture of each
-# step: choose-like-a-user.sh [--filtered | --keyboard | --chart | --grid] PICTURE-FOLDER COMMAND [ARGUMENT...]
+# step: choose-like-a-user.sh [--filtered | --keyboard | --chart | --grid | --save] PICTURE-FOLDER COMMAND [ARGUMENT...]
 # The command opens the dialog "Select Material Models". With --filtered, for dielectrics, a type, a technology, a
 # range of thicknesses and a unit are chosen first; with --keyboard the mouse is left alone; --chart goes through the
 # chart's menu; --grid opens the dialog three times to search, arrange and sort the list, whose columns must be as no
-# user has changed them yet. What the command prints is printed, and its exit code is this one's. Run it through
-# scripts/on-display.sh --virtual.
+# user has changed them yet; --save saves the chart as chart.svg in the folder. What the command prints is printed,
+# and its exit code is this one's. Run it through scripts/on-display.sh --virtual.
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 template=$repository/MaterialLibrary/resources/ChooseMaterialDlg.rc
 
 story=plain
-[[ $1 =~ ^--(filtered|keyboard|chart|grid)$ ]] && story=${1#--} && shift
+[[ $1 =~ ^--(filtered|keyboard|chart|grid|save)$ ]] && story=${1#--} && shift
 pictures=$1
 shift
 source "$repository/scripts/like-a-user.sh"
@@ -77,6 +77,34 @@ use_bar()
     picture 10-bar-with-keys
     press Escape
     drag_between "${bar[0]}" $((bar[1] + HEIGHT / 12)) "${bar[@]}"
+}
+
+save_as()
+{
+    press shift+F10 s
+    sleep 1
+    xdotool type --delay 40 "Z:$(realpath "$pictures" | tr / '\\')\\$1"
+    press Return
+    sleep 1
+}
+
+# "Save picture...": cancelled, to a place where nobody can write, and to a file.
+save_picture()
+{
+    ln -sf /nowhere/chart.svg "$pictures/refused.svg"
+    rm -f "$pictures/chart.svg"
+    click ML_GRID 30 32
+    press shift+F10 s
+    sleep 1
+    picture 2-asked
+    press Escape
+    save_as refused.svg
+    picture 3-refused
+    press Return
+    save_as chart.svg
+    picture 4-saved
+    click ML_BUTTON_ASSIGN
+    click IDOK
 }
 
 # Values under the mouse, the menu by mouse and by keyboard, a kept material, a zoom and the way back.
@@ -198,6 +226,9 @@ plain)
     ;;
 chart)
     use_chart
+    ;;
+save)
+    save_picture
     ;;
 grid)
     search_list

@@ -355,7 +355,8 @@ std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction
         }
         const int extent = measure.GetTextExtent(text).width;
         const bool fromRight = horizontal || IsOnFarSide(direction, titles.size());
-        right = horizontal ? FindGap(labels, frame.plot.left, right, extent, measure) : right;
+        right = horizontal ? FindGap(labels, (frame.plot.left + frame.plot.right) / 2, right, extent, measure)
+                           : right;
         titles.push_back({std::move(text), {fromRight ? right - extent : left, top}, 0});
         (fromRight ? right : left) += fromRight ? -extent - gap : extent + gap;
     }

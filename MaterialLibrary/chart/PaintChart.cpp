@@ -125,6 +125,7 @@ void PaintSelectionLabel(const ChartScene& scene, ICanvas& canvas)
         }
         place = CurveMapping(scene.model, axes).GetPixel(point);
     }
+    text = FitText(canvas, text, scene.client.GetWidth());
     const PixelPoint topLeft = PlaceLabel(scene.client, place, canvas.GetTextExtent(text));
     canvas.WriteText(topLeft, text, entry.curve->colour, scene.style.background);
 }

@@ -85,8 +85,9 @@ struct PlacedText
 PlaceTickLabels(const ChartScene& scene, Direction direction, ITextMeasure& measure);
 
 // The titles, one per axis in order. Horizontal axes have theirs in the row below the tick labels, at its
-// right end, or further left between two of these `labels` where there is room; vertical axes above the plot,
-// on the side where their labels stand. Where the window has no room for their row they are empty.
+// right end, or further left between two of these `labels` of the right half where there is room; vertical
+// axes above the plot, on the side where their labels stand. Where the window has no room for their row they
+// are empty.
 [[nodiscard]] std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction,
                                                   std::span<const std::vector<PlacedText>> labels,
                                                   ITextMeasure& measure);

@@ -1,5 +1,6 @@
 // gettext64.dll of an example host: put it beside the host's executable, with the folder "locale", and the
-// library's dialog speaks the user's language. Start here, then see CCatalogue.
+// chart in the library's dialog and its menu speak the user's language; the rest of the dialog and the
+// messages stay English. Start here, then see CCatalogue.
 #include "CCatalogue.h"
 
 #include <windows.h>

@@ -191,4 +191,29 @@ TEST(Placement, AxesShareASideAndLongTitlesAreShortened)
     EXPECT_EQ(FitText(canvas, "abcdef", 23), "");
     EXPECT_EQ(FitText(canvas, "", 0), "");
 }
+
+TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)
+{
+    CChartModel model = MakeModel();
+    CChartCurve curve = MakeCurve({{0, 0}, {1'000'000, 1}});
+    model.AddCurve(curve, 0, 1);
+    model.SetAxisTitle(0, "", "a long unit");
+    model.SetScaleMode(false, false);
+    CRecorderCanvas canvas;
+    const PixelRect client = {0, 0, 600, 300};
+    LayOutChart(model, client, canvas);
+    CAxis& axis = *model.FindAxis(0);
+    for (int moved = 0; moved < 3; ++moved)
+    {
+        const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Horizontal, canvas);
+        EXPECT_GE(labels[0].size(), 1u);
+        for (const PlacedText& label : labels[0])
+        {
+            const double value = axis.visibleMin + label.tick * axis.tickStep;
+            EXPECT_NEAR(std::remainder(value, 5 * axis.tickStep), 0.0, 1.0) << value;
+        }
+        axis.visibleMin += axis.tickStep;
+        axis.visibleMax += axis.tickStep;
+    }
+}
 } // namespace

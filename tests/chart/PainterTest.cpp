@@ -281,11 +281,26 @@ PixelRect GetInk(const Call& call)
     return ink;
 }
 
-void ExpectTextsApart(PixelSize size, std::size_t axes, bool logarithmic, bool hovering)
+std::string Translate(const std::string& text, bool isLong)
+{
+    return isLong ? text + std::string(text.size() * 3 / 5, 'w') : text;
+}
+
+// `isTranslated` into texts that are sixty per cent longer, and more.
+void ExpectTextsApart(PixelSize size, std::size_t axes, bool logarithmic, bool hovering, bool isTranslated)
 {
     LaminateCurves laminate;
     CChartModel model;
     laminate.AddTo(model, axes, logarithmic);
+    for (CAxis& axis : model.GetAxes(Direction::Vertical))
+    {
+        axis.title = Translate(axis.title, isTranslated);
+    }
+    model.SetAxisTitle(0, Translate("Frequency", isTranslated), Translate("MHz", isTranslated));
+    for (CLegendEntry& entry : model.GetLegend())
+    {
+        entry.name = Translate(entry.name, isTranslated);
+    }
     CMeasuredRecorder canvas;
     const PixelRect client = {0, 0, size.width, size.height};
     LayOutChart(model, client, canvas);
@@ -318,9 +333,9 @@ TEST(Placement, NoTextMeetsAnotherOrLeavesTheWindow)
     {
         for (std::size_t axes = 1; axes <= 3; ++axes)
         {
-            for (const unsigned kind : {0u, 1u, 2u, 3u})
+            for (unsigned kind = 0; kind < 8; ++kind)
             {
-                ExpectTextsApart(size, axes, (kind & 1) != 0, (kind & 2) != 0);
+                ExpectTextsApart(size, axes, (kind & 1) != 0, (kind & 2) != 0, (kind & 4) != 0);
             }
         }
     }
@@ -345,7 +360,7 @@ TEST(Placement, LabelsOfAnAxisAndItsTitleDoNotMeet)
             const PlacedText title = PlaceTitles(scene, Direction::Horizontal, labels, measure)[0];
             const auto end = [&](const PlacedText& text)
             { return text.topLeft.x + measure.GetTextExtent(text.text).width; };
-            int clear = model.frame.plot.left; // of labels
+            int clear = 0; // of labels
             bool titleFits = false;
             bool titleMeets = false;
             ASSERT_GE(labels[0].size(), 1u);
@@ -353,7 +368,8 @@ TEST(Placement, LabelsOfAnAxisAndItsTitleDoNotMeet)
             {
                 EXPECT_TRUE(&label == &labels[0][0] || clear <= label.topLeft.x)
                     << label.text << " " << font << " " << width;
-                titleFits = titleFits || label.topLeft.x - clear >= end(title) - title.topLeft.x;
+                const int room = label.topLeft.x - std::max(clear, width / 2);
+                titleFits = titleFits || room >= end(title) - title.topLeft.x;
                 titleMeets = titleMeets || (label.topLeft.x < end(title) && title.topLeft.x < end(label));
                 clear = end(label);
             }
@@ -460,31 +476,6 @@ TEST(Legend, ShowsTheValuesOfItsCurvesUnderTheMouse)
         const std::vector<std::string> texts = GetLegendTexts(model, 500, width);
         ASSERT_EQ(texts.size(), 6u) << width;
         EXPECT_TRUE(texts[0].starts_with("a") && texts[0].ends_with(": 3.5, 0.02")) << texts[0];
-    }
-}
-
-TEST(Placement, LabelledTicksKeepTheirLabelsWhenTheViewMoves)
-{
-    CChartModel model = MakeModel();
-    CChartCurve curve = MakeCurve({{0, 0}, {1'000'000, 1}});
-    model.AddCurve(curve, 0, 1);
-    model.SetAxisTitle(0, "", "a long unit");
-    model.SetScaleMode(false, false);
-    CRecorderCanvas canvas;
-    const PixelRect client = {0, 0, 600, 300};
-    LayOutChart(model, client, canvas);
-    CAxis& axis = *model.FindAxis(0);
-    for (int moved = 0; moved < 3; ++moved)
-    {
-        const auto labels = PlaceTickLabels({model, {}, {}, client}, Direction::Horizontal, canvas);
-        EXPECT_GE(labels[0].size(), 1u);
-        for (const PlacedText& label : labels[0])
-        {
-            const double value = axis.visibleMin + label.tick * axis.tickStep;
-            EXPECT_NEAR(std::remainder(value, 5 * axis.tickStep), 0.0, 1.0) << value;
-        }
-        axis.visibleMin += axis.tickStep;
-        axis.visibleMax += axis.tickStep;
     }
 }
 } // namespace

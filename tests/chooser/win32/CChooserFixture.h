@@ -25,6 +25,7 @@ protected:
 
     CChooserFixture()
     {
+        SetProcessDPIAware(); // or every scale would be the usual one
         GetChooserFilterSettings() = {};
         FillLibrary();
         RegisterGridWindowClass();

@@ -1,4 +1,5 @@
 #include "framework/Profile.h"
+#include "shared/Translation/Translate.h"
 #include "tests/FindImport.h"
 #include "tests/TemporaryFile.h"
 #include "tests/chooser/win32/CChooserFixture.h"
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 
 namespace
 {
@@ -131,6 +133,40 @@ TEST_F(ChooserChart, HasAMenuForMouseAndKeyboard)
         EXPECT_THAT(menuTexts, testing::IsEmpty()) << "without a chart";
     };
     Choose({look});
+}
+
+std::set<std::string> translated; // longer texts than a unit's prefix
+
+TEST_F(ChooserChart, IsTranslatedByTheExamplesCatalogueAndNothingElseIs)
+{
+    const TranslateFunction before = std::exchange(translate,
+                                                   [](const char*, const char*, const char* text)
+                                                   {
+                                                       if (text[1] != '\0')
+                                                       {
+                                                           translated.insert(text);
+                                                       }
+                                                       return text;
+                                                   });
+    const auto use = [&]
+    {
+        Select(1, 1);
+        Use(ChartCommand::CopyValues);
+        Use(ChartCommand::LogarithmicFrequency);
+    };
+    Choose({use}, MLMATERIAL_DIELECTRIC);
+    Choose({use}, MLMATERIAL_METAL);
+    translate = before;
+    std::set<std::string> catalogue;
+    std::ifstream file(ML_SOURCE_DIR "/examples/translation/locale/de/MaterialLibrary.po");
+    for (std::string line; std::getline(file, line);)
+    {
+        if (line.starts_with("msgid \""))
+        {
+            catalogue.insert(line.substr(7, line.rfind('"') - 7));
+        }
+    }
+    EXPECT_EQ(translated, catalogue);
 }
 
 TEST_F(ChooserChart, RemembersALogarithmicFrequency)

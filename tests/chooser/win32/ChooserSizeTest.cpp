@@ -1,3 +1,4 @@
+#include "framework/DrawingScopes.h"
 #include "framework/Profile.h"
 #include "tests/FindImport.h"
 #include "tests/chooser/win32/CChooserFixture.h"
@@ -90,7 +91,26 @@ BOOL WINAPI GetSmallMonitor(HMONITOR, MONITORINFO* monitor)
     return TRUE;
 }
 
-// Every visible control lies in the window and meets no other.
+// How wide a label or a button is to be for its text.
+LONG MeasureCaption(HWND item)
+{
+    wchar_t name[20] = {};
+    GetClassNameW(item, name, static_cast<int>(std::size(name)));
+    if (name != std::wstring(L"Static") && name != std::wstring(L"Button"))
+    {
+        return 0;
+    }
+    wchar_t text[100] = {};
+    const int length = GetWindowTextW(item, text, static_cast<int>(std::size(text)));
+    const CClientDC context(item);
+    const CSelectScope font(context.Get(), reinterpret_cast<HFONT>(SendMessageW(item, WM_GETFONT, 0, 0)));
+    SIZE extent{};
+    GetTextExtentPoint32W(context.Get(), text, length, &extent);
+    const bool isBox = GetDlgCtrlID(item) == ML_CHECK_SHOW_GRAPHICALLY;
+    return extent.cx + (isBox ? GetSystemMetrics(SM_CXMENUCHECK) : 0);
+}
+
+// Every visible control has room for its text, lies in the window and meets no other.
 void ExpectControlsApart(HWND dialog)
 {
     RECT client{};
@@ -102,6 +122,7 @@ void ExpectControlsApart(HWND dialog)
         const RECT rect = GetItemRect(dialog, control);
         if (IsWindowVisible(item) != FALSE)
         {
+            EXPECT_LE(MeasureCaption(item), rect.right - rect.left) << control;
             EXPECT_TRUE(rect.left >= 0 && rect.right <= client.right) << control;
             EXPECT_TRUE(rect.top >= 0 && rect.bottom <= client.bottom) << control;
             for (const RECT& other : others)
@@ -114,31 +135,33 @@ void ExpectControlsApart(HWND dialog)
     }
 }
 
-// The last but one is a screen of 1600 x 1200 pixels at 300 per cent.
+// The last but one is a screen of 1600 x 1200 pixels at 300 per cent. All this at any scale.
 TEST_F(ChooserSize, OnASmallScreenEveryControlIsWithinReach)
 {
     void** const import = FindImport(GetModuleHandleW(nullptr), "user32", "GetMonitorInfoW");
     void* const original = std::exchange(*import, reinterpret_cast<void*>(GetSmallMonitor));
     for (const SIZE size : {SIZE{740, 560}, {640, 460}, {533, 400}, {400, 500}})
     {
-        monitorSize = size;
+        const int scale = static_cast<int>(GetDpiForSystem());
+        monitorSize = {MulDiv(size.cx, scale, 96), MulDiv(size.cy, scale, 96)};
         for (const int kind : {MLMATERIAL_DIELECTRIC, MLMATERIAL_METAL})
         {
             SCOPED_TRACE(std::to_string(size.cx) + " wide, kind " + std::to_string(kind));
             const auto look = [&]
             {
-                EXPECT_EQ(WindowSize().cx, size.cx);
-                EXPECT_LE(WindowSize().cy, size.cy);
+                EXPECT_EQ(WindowSize().cx, monitorSize.cx);
+                EXPECT_LE(WindowSize().cy, monitorSize.cy);
                 EXPECT_GE(2 * (Place(ML_CHART).bottom - Place(ML_CHART).top), templateHeight);
-                EXPECT_GE(Place(ML_EDIT_ASSIGNED).right - Place(ML_EDIT_ASSIGNED).left, 120);
-                EXPECT_GE(Place(ML_GRID).bottom - Place(ML_GRID).top, 60);
+                EXPECT_GE(Place(ML_EDIT_ASSIGNED).right - Place(ML_EDIT_ASSIGNED).left,
+                          MulDiv(120, scale, 96));
+                EXPECT_GE(Place(ML_GRID).bottom - Place(ML_GRID).top, MulDiv(60, scale, 96));
                 ExpectControlsApart(Dialog());
             };
             const auto toggle = [&] { Press(ML_CHECK_SHOW_GRAPHICALLY); };
             Choose({look, toggle, [&] { ExpectControlsApart(Dialog()); }, toggle, look}, kind);
         }
     }
-    *import = original;
+    monitorSize = {4000, 4000};
     Choose({[&]
             {
                 ExpectControlsApart(Dialog());
@@ -148,6 +171,7 @@ TEST_F(ChooserSize, OnASmallScreenEveryControlIsWithinReach)
                     EXPECT_EQ(Place(control).bottom, Place(ML_EDIT_THICKNESS_MINIMUM).bottom);
                 }
             }});
+    *import = original;
 }
 
 TEST_F(ChooserSize, HidingTheChartTakesItsHeightFromTheWindow)
