@@ -39,7 +39,7 @@ for target in "${targets[@]}"; do
     # What is longer than a few pages finds nothing that a page does not, and takes its time a thousand times.
     case $target in
     chart) limits=(-max_len=128 -entropic=0) ;; # weighing its many features took half of the time
-    check) limits=(-max_len=1024) ;;
+    check | import) limits=(-max_len=1024) ;;
     format) limits=(-max_len=512) ;; # what can be read is read and laid out several times
     *) limits=(-max_len=4096) ;;
     esac

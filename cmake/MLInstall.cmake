@@ -7,13 +7,14 @@ if(WIN32)
     set(ml_documentation share/doc/MaterialLibrary)
     set(ml_readme cmake/package/README-windows.md.in)
     set(ml_documents CHANGELOG.md SECURITY.md THIRD-PARTY.md docs/c-interface.md docs/check-rules.md docs/file-format.md
-        docs/host-guide.md docs/known-oddities.md docs/numerics.md docs/python.md docs/using-the-dialog.md)
+        docs/from-a-data-sheet.md docs/host-guide.md docs/known-oddities.md docs/numerics.md docs/python.md docs/using-the-dialog.md)
     set(ml_beside LICENSE docs/images examples)
 else()
     set(ml_documentation share/doc/matlib)
     set(ml_readme cmake/package/README-linux.md.in)
-    set(ml_documents CHANGELOG.md THIRD-PARTY.md docs/c-interface.md docs/check-rules.md docs/file-format.md)
-    set(ml_beside LICENSE examples/c examples/editors examples/materials)
+    set(ml_documents CHANGELOG.md THIRD-PARTY.md docs/c-interface.md docs/check-rules.md docs/file-format.md
+        docs/from-a-data-sheet.md)
+    set(ml_beside LICENSE docs/images/imported.svg examples/c examples/editors examples/import examples/materials)
 endif()
 
 # ml_install_document(DOCUMENT): under its path in the tree. Its links to headers lead to the installed ones; of links
@@ -69,7 +70,8 @@ if(NOT WIN32)
     install(DIRECTORY examples/c examples/editors DESTINATION ${ml_documentation}/examples)
     install(FILES ${PROJECT_BINARY_DIR}/share/matlib.1 DESTINATION share/man/man1)
     install(FILES tools/matlib/shell/matlib.bash DESTINATION share/bash-completion/completions RENAME matlib)
-    install(DIRECTORY examples/materials DESTINATION ${ml_documentation}/examples)
+    install(DIRECTORY examples/import examples/materials DESTINATION ${ml_documentation}/examples)
+    install(FILES docs/images/imported.svg DESTINATION ${ml_documentation}/docs/images)
     return()
 endif()
 

@@ -9,7 +9,7 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 # headers beside them are for Linux.
 set(host_packages ${CMAKE_BINARY_DIR}/host-packages)
 foreach(path share/cmake/CLI11 include/CLI share/cmake/nlohmann_json include/nlohmann
-        lib/cmake/FastFloat include/fast_float)
+        lib/cmake/FastFloat include/fast_float include/libfccp)
     if(EXISTS /usr/${path})
         file(COPY /usr/${path}/ DESTINATION ${host_packages}/${path})
     endif()

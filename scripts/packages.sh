@@ -3,7 +3,7 @@
 # Needs root or sudo only when something is missing.
 set -euo pipefail
 
-build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev googletest libgtest-dev libgmock-dev"
+build="g++ cmake ninja-build git libcli11-dev nlohmann-json3-dev libfast-float-dev libfccp-dev googletest libgtest-dev libgmock-dev"
 run="$build g++-mingw-w64-x86-64-posix wine64 fonts-wine"
 wheel="python3 python3-build python3-setuptools python3-wheel"
 display="xvfb openbox xdotool imagemagick"

@@ -31,6 +31,8 @@ expect "a sort key" "thickness" "$(complete_line matlib list --sort thi)"
 expect "a name" "Getinaks Getinaks\\ -\\ 2" "$(complete_line matlib show Get)"
 expect "a quoted name" "Core\\ A Core\\ B" "$(complete_line matlib sweep --lib data/laminates.mat '"Core')"
 expect "a file" "data/laminates.mat" "$(complete_line matlib check data/lam)"
+expect "a template" "laminate" "$(complete_line matlib import --template lam)"
+expect "a separator" "semicolon" "$(complete_line matlib import --separator s)"
 expect "a library" "data/laminates.mat" "$(complete_line matlib list --lib data/lam)"
 expect "a number" "" "$(complete_line matlib sweep X --points '')"
 

@@ -4,6 +4,7 @@
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/CheckOptions.h"
 #include "tools/matlib/FormatOptions.h"
+#include "tools/matlib/ImportCommandLine.h"
 #include "tools/matlib/MaterialFilter.h"
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/PictureFile.h"
@@ -452,6 +453,10 @@ void DescribeProgram(CLI::App& app, Options& options)
     AddPlot(app, options);
     AddCheck(app, options);
     AddFormat(app, options);
+    AddImportOptions(AddCommand(app, options, Command::import, "import",
+                                "Make a material file from tables of a spreadsheet, or one to start from",
+                                "matlib import laminates.csv -o laminates.mat"),
+                     options);
     AddChoose(app, options);
 }
 
@@ -462,7 +467,8 @@ std::string DescribeWrongUsage(const CLI::App& app, const CLI::ParseError& error
     {
         const auto strangers = app.remaining();
         return (strangers.empty() ? "a command is missing" : Quote(strangers.front()) + " is unknown") +
-               "; use list, show, value, sweep, model, plot, check, format or choose (see matlib --help)";
+               "; use list, show, value, sweep, model, plot, check, import, format or choose (see matlib "
+               "--help)";
     }
     return std::string(error.what()) + " (see matlib " + commands.front()->get_name() + " --help)";
 }

@@ -107,6 +107,11 @@ std::string RenderAt(std::string_view path, const CSourceLines& lines, Span wher
            Paint(std::string(WordFor(severity)) + ":", ColourFor(severity, palette), palette) + " " + text +
            "\n" + RenderExcerpt(lines, place, where.length, palette);
 }
+
+std::string DescribeRule(std::string_view rule)
+{
+    return rule.empty() ? "" : " [" + std::string(rule) + "]";
+}
 } // namespace
 
 Palette ChoosePalette(bool inColour)
@@ -118,8 +123,8 @@ Palette ChoosePalette(bool inColour)
 std::string RenderFinding(std::string_view path, const CSourceLines& lines, const Finding& finding,
                           Severity severity, const Palette& palette)
 {
-    std::string text = RenderAt(path, lines, finding.where, severity,
-                                finding.text + " [" + std::string(finding.rule) + "]", palette);
+    std::string text =
+        RenderAt(path, lines, finding.where, severity, finding.text + DescribeRule(finding.rule), palette);
     if (finding.note)
     {
         text += RenderAt(path, lines, finding.note->where, Severity::note, finding.note->text, palette);
@@ -130,8 +135,15 @@ std::string RenderFinding(std::string_view path, const CSourceLines& lines, cons
 Json FindingAsJson(const CSourceLines& lines, const Finding& finding, Severity severity)
 {
     const Place place = lines.PlaceOf(finding.where.offset);
-    Json json = {{"severity", WordFor(severity)},  {"line", place.line},   {"column", place.column},
-                 {"length", finding.where.length}, {"rule", finding.rule}, {"text", finding.text}};
+    Json json = {{"severity", WordFor(severity)},
+                 {"line", place.line},
+                 {"column", place.column},
+                 {"length", finding.where.length}};
+    if (!finding.rule.empty())
+    {
+        json["rule"] = finding.rule;
+    }
+    json["text"] = finding.text;
     if (finding.note)
     {
         const Place noted = lines.PlaceOf(finding.note->where.offset);

@@ -25,7 +25,7 @@ struct Palette
 [[nodiscard]] Palette ChoosePalette(bool inColour);
 
 // "FILE:LINE:COLUMN: error: TEXT [rule]", the line of the source and a caret under the word; then the
-// finding's note alike.
+// finding's note alike. A finding without a rule has no brackets.
 [[nodiscard]] std::string RenderFinding(std::string_view path, const CSourceLines& lines,
                                         const Finding& finding, Severity severity, const Palette& palette);
 

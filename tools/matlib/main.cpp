@@ -18,6 +18,10 @@ int RunCommand(const Options& options)
     {
         return RunFormat(options);
     }
+    if (options.command == Command::import)
+    {
+        return RunImport(options);
+    }
     const auto host = OpenLibraryHost(options.dllPath);
     switch (options.command)
     {
@@ -35,6 +39,7 @@ int RunCommand(const Options& options)
         return RunPlot(options, *host);
     case Command::check:
     case Command::format:
+    case Command::import:
         break;
     case Command::choose:
         return RunChoose(options, *host);

@@ -106,3 +106,8 @@ void CTextChecker::CheckNames(std::vector<Finding>& findings, const std::string&
     }
     std::ranges::move(warnings.findings, std::back_inserter(findings));
 }
+
+CheckedText CheckText(const std::string& path, std::string text)
+{
+    return CTextChecker(AfterError::stop).Check(path, PadText(std::move(text)));
+}

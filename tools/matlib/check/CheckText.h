@@ -39,3 +39,6 @@ private:
     std::vector<std::string> paths;
     std::unordered_map<std::string, std::size_t> files; // of the paths, by the names of materials
 };
+
+// Checks one text by itself, which is not padded.
+[[nodiscard]] CheckedText CheckText(const std::string& path, std::string text);

@@ -168,7 +168,8 @@ Finding ExplainUnknownKey(const ErrorContext& context)
     if (Contains(KeysOf(other), upper) && !Contains(KeysOf(kind), upper))
     {
         return MakeError(where, rule::otherKind,
-                         upper + " is a key of a " + NameKind(other) + "; this is a " + NameKind(kind) + ".");
+                         upper + " is a key of a " + NameKind(other) + "; this is a " + NameKind(kind) +
+                             ". Remove the record, or move it to a file of " + NameKind(other) + "s.");
     }
     return ExplainUnknown(where, context.record, KeysOf(kind), rule::unknownKey,
                           "key of a " + NameKind(kind));
@@ -317,8 +318,8 @@ Finding ExplainTableItem(const ErrorContext& context, std::string_view token)
 Finding ExplainMixedKinds(const ErrorContext& context, std::string_view token)
 {
     Finding finding = MakeError(context.SpanOf(token), rule::mixedKinds,
-                                "A file holds dielectrics or metals, not both. Move each " +
-                                    NameKind(context.GetKind()) + " into a file of its own kind.");
+                                "A file holds dielectrics or metals, not both. Move the " +
+                                    NameKind(context.GetKind()) + "s into another file.");
     finding.note = Note{context.SpanOf(context.firstBlock), "This is the first material of the file."};
     return finding;
 }

@@ -101,6 +101,9 @@ Finding ExplainValueAt(const ErrorContext& context, std::size_t offset, Span own
         return ExplainEnd(context);
     }
     const std::string name(key);
+    const bool isOfRow = ParseDecimal(key).verdict != DecimalVerdict::None;
+    const std::string there =
+        isOfRow ? " behind it, on the same line." : " behind its \"=\", on the same line.";
     if (text[start] == '\r' || text[start] == '\n')
     {
         const std::string_view next = context.GetWord(SkipBlanks(text, start, true));
@@ -108,13 +111,12 @@ Finding ExplainValueAt(const ErrorContext& context, std::size_t offset, Span own
         {
             return MakeError(owner, rule::nextLine,
                              "The value of " + name + " stands on the next line. Write " + std::string(next) +
-                                 " behind it on the same line.");
+                                 there);
         }
     }
     if (std::string_view("\r\n*(){}=").find(text[start]) != std::string_view::npos)
     {
-        return MakeError(owner, rule::valueMissing,
-                         name + " has no value. Write a number behind it on its line.");
+        return MakeError(owner, rule::valueMissing, name + " has no value. Write a number" + there);
     }
     const Span where = WordAt(text, start);
     return ExplainWord(where, Cut(text, where), key);

@@ -25,7 +25,7 @@ struct Finding
 {
     bool isError = false;  // the library refuses the file; otherwise it reads it as it stands
     Span where;            // the word in question
-    std::string_view rule; // one of Rules.h
+    std::string_view rule; // one of Rules.h; empty for one that is not about a material file
     std::string text;      // a sentence or two
     std::optional<Note> note = {};
     std::optional<LibraryMessage> library = {}; // of an error

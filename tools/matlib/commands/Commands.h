@@ -33,5 +33,9 @@
 // is bad or cannot be written, or if it is only to be checked and would change.
 [[nodiscard]] int RunFormat(const Options& options);
 
+// A material file from tables of spreadsheets, or one to start from. exitFailed, and nothing written, where
+// the tables are not understood.
+[[nodiscard]] int RunImport(const Options& options);
+
 // The material that the user assigns in the library's dialog. exitFailed when there is none.
 [[nodiscard]] int RunChoose(const Options& options, ILibraryHost& host);

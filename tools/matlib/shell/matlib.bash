@@ -50,7 +50,7 @@ _matlib()
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
         ;;
-    --kind | --technology | --sort | --color)
+    --kind | --technology | --sort | --color | --template | --separator | --decimal)
         _matlib_offer < <(_matlib_choices "$command" "$previous")
         return
         ;;
@@ -59,7 +59,7 @@ _matlib()
         return
         ;;
     --freq | --from | --to | --points | --temp | --size | --type | --vendor | --thickness | --poles | --allow | --deny | \
-        --explain)
+        --explain | --map | --unit | --ignore | --empty)
         return
         ;;
     esac
@@ -67,7 +67,7 @@ _matlib()
         _matlib_offer < <(_matlib_words Options $command)
     elif [[ -z $command ]]; then
         _matlib_offer <<<"$commands"
-    elif [[ $command == @(check|format) ]]; then
+    elif [[ $command == @(check|format|import) ]]; then
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
     else
         _matlib_offer < <(_matlib_materials)

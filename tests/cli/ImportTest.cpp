@@ -1,0 +1,67 @@
+#include "tools/matlib/import/CellNumber.h"
+#include "tools/matlib/import/ColumnHeads.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace
+{
+// The value is the double that somebody gets who writes the converted number by hand.
+TEST(ImportNumbers, AreConvertedAsTheyAreWritten)
+{
+    struct Case
+    {
+        const char* cell;
+        Dimension dimension;
+        const char* unit; // of the column
+        double value;
+    };
+    for (const auto& [cell, dimension, unit, value] : std::initializer_list<Case>{
+             {"0.2", Dimension::length, "mm", 0.0002},
+             {"4", Dimension::length, "mil", 0.0001016},
+             {"0.3", Dimension::length, "inches", 0.00762},
+             {"+1.78E+0", Dimension::resistivity, "\u00B5\u03A9\u00B7cm", 1.78e-8},
+             {"1.78e-2", Dimension::resistivity, "micro Ohm-m", 1.78e-8},
+             {"1.2 %", Dimension::ratio, "", 0.012},
+             {"-40", Dimension::temperature, "\u00B0C", -40.0},
+             {".1", Dimension::frequency, "GHz", 1e8},
+             {"2.4000000000000000000000000000000001GHz", Dimension::frequency, "", 2.4e9},
+             {"00012345678901234567890e-19", Dimension::number, "", 1.2345678901234567},
+             {"1e99999999999999999999", Dimension::number, "", HUGE_VAL},
+         })
+    {
+        const CellNumber number =
+            ParseCellNumber(cell, DecimalSign::point, dimension, FindUnit(dimension, unit));
+        EXPECT_EQ(number.problem.empty(), std::isfinite(value)) << cell << number.problem;
+        EXPECT_TRUE(!std::isfinite(value) || number.value == value) << cell << " " << number.value;
+    }
+}
+
+TEST(ImportHeads, AreKnownAsPeopleWriteThem)
+{
+    struct Case
+    {
+        const char* head;
+        Property property;
+        const char* unit;
+    };
+    for (const auto& [head, property, unit] : std::initializer_list<Case>{
+             {"FREQ_GHz", Property::frequency, "GHz"},
+             {"f / MHz", Property::frequency, "MHz"},
+             {"\u03B5r", Property::er, ""},
+             {"Dielectric\nConstant", Property::er, ""},
+             {"tan \u03B4 [%]", Property::lossTangent, "%"},
+             {"Temp. (deg C)", Property::temperature, "C"},
+             {"Thickness, \u00B5m", Property::thickness, "um"},
+             {"Bulk resistivity microohm cm", Property::resistivity, "microohm cm"},
+             {"Top-Roughness", Property::roughTop, ""},
+         })
+    {
+        const Columns read = UnderstandHeads({{head, {}}}, {});
+        ASSERT_EQ(read.columns.size(), 1U)
+            << head << (read.problems.empty() ? "" : read.problems.front().text);
+        EXPECT_EQ(read.columns.front().traits->property, property) << head;
+        EXPECT_EQ(read.columns.front().unit == nullptr ? "" : read.columns.front().unit->name, unit) << head;
+    }
+}
+} // namespace
