@@ -150,7 +150,7 @@ void CGridList::FitNewColumns()
     }
 }
 
-// Room for the margins of a cell, which a list view does not tell.
+// Room for the margins of a cell or a header, which a list view does not tell.
 int CGridList::GetPadding() const
 {
     return 3 * CMeasureScope(GetHandle()).GetAverageCharacter();
@@ -159,8 +159,7 @@ int CGridList::GetPadding() const
 int CGridList::MeasureHeader(int column) const
 {
     const CMeasureScope measure(GetHandle());
-    const int margins = 2 * measure.GetAverageCharacter();
-    return MeasureText(measure.Get(), MakeOneLine(model->GetText(0, column))) + margins +
+    return MeasureText(measure.Get(), MakeOneLine(model->GetText(0, column))) + GetPadding() +
            CSortMarks::GetWidth(ListView_GetHeader(GetHandle()));
 }
 
