@@ -33,6 +33,7 @@ expect "a quoted name" "Core\\ A Core\\ B" "$(complete_line matlib sweep --lib d
 expect "a file" "data/laminates.mat" "$(complete_line matlib check data/lam)"
 expect "a template" "laminate" "$(complete_line matlib import --template lam)"
 expect "a separator" "semicolon" "$(complete_line matlib import --separator s)"
+expect "a file to format" "data/laminates.mat" "$(complete_line matlib format data/lam)"
 expect "a library" "data/laminates.mat" "$(complete_line matlib list --lib data/lam)"
 expect "a number" "" "$(complete_line matlib sweep X --points '')"
 

@@ -3,21 +3,31 @@
 #include "tools/matlib/QuantityParsing.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 namespace
 {
 void NeedSensibleUse(const Options& options)
 {
-    const bool isText = !options.checkOnly && (options.materialPath == "-" || options.files.front() == "-");
     if (!options.libraryFiles.empty())
     {
         throw CLI::ValidationError("--lib", "format takes its files without it");
+    }
+    if (options.files.empty())
+    {
+        throw CLI::RequiredError("FILE");
     }
     if (!options.materialPath.empty() && options.files.size() > 1)
     {
         throw CLI::ValidationError("--output", "takes one FILE");
     }
-    if (options.json && isText && (options.materialPath == "-" || options.materialPath.empty()))
+    const bool hasStream = std::ranges::find(options.files, "-") != options.files.end();
+    if (hasStream && options.files.size() > 1 && !options.checkOnly)
+    {
+        throw CLI::ValidationError("-", "takes no other FILE");
+    }
+    const bool isPrinted = options.materialPath == "-" || (hasStream && options.materialPath.empty());
+    if (options.json && isPrinted && !options.checkOnly)
     {
         throw CLI::ValidationError("--json", "the formatted text has the standard output");
     }
