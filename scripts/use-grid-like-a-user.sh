@@ -36,14 +36,21 @@ click_at $((X + 100)) $header
 picture 3-sorted
 click_at $((X + 100)) $header
 picture 4-sorted-backwards
+click_at $((X + 250)) $header
+picture 5-sorted-by-two-columns
+xdotool type --delay 60 "fr4 h"
+press ctrl+shift+Right ctrl+shift+Right
+picture 6-found-by-name-and-a-column-chosen
+press ctrl+shift+Return
+picture 7-sorted-by-keys
 press ctrl+a
-picture 5-all-selected
+picture 8-all-selected
 place 300 200 800 450
-picture 6-resized
+picture 9-resized
 left_at=$(geometry)
 close_window
 open_window '^Materials$' "$@"
-picture 7-reopened
+picture 10-reopened
 opened_at=$(geometry)
 close_window
 [[ $left_at == "$opened_at" ]] || fail "the window was left at $left_at and opened at $opened_at"
