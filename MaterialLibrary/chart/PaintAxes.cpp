@@ -3,8 +3,6 @@
 #include "chart/PaintChart.h"
 
 #include <algorithm>
-#include <functional>
-#include <ranges>
 
 namespace
 {
@@ -26,12 +24,6 @@ OwnEdges GetOwnEdges(std::size_t index, std::size_t count)
     const bool even = index % 2 == 0;
     return {count == 1 || even, count == 1 || !even};
 }
-
-struct Interval
-{
-    int from;
-    int to;
-};
 
 // How many ticks apart labels of a size stand. Where axes share a side it is more than one, since their ticks
 // often stand at the same places.
@@ -70,25 +62,6 @@ std::vector<std::string> FitTitles(std::span<const CAxis> axes, int rowWidth, in
         titles.push_back(FitText(measure, axis.title, longest));
     }
     return titles;
-}
-
-// Where a title of that width ends: its row is so close below the labels that it stands between two of them
-// if it can, as far to the right as it can.
-int FindGap(std::span<const std::vector<PlacedText>> labels, int left, int right, int width,
-            ITextMeasure& measure)
-{
-    std::vector<Interval> taken;
-    for (const PlacedText& label : labels | std::views::join)
-    {
-        taken.push_back({label.topLeft.x, label.topLeft.x + measure.GetTextExtent(label.text).width});
-    }
-    std::ranges::sort(taken, std::ranges::greater(), &Interval::to);
-    int end = right;
-    for (const Interval& label : taken)
-    {
-        end = label.from < end && end - width < label.to ? label.from : end;
-    }
-    return end - width < left ? right : end;
 }
 
 class CLabelPlacer
@@ -300,7 +273,7 @@ void PaintDirection(const ChartScene& scene, Direction direction, ICanvas& canva
 {
     const auto axes = scene.model.GetAxes(direction);
     const std::vector<std::vector<PlacedText>> labels = PlaceTickLabels(scene, direction, canvas);
-    const std::vector<PlacedText> titles = PlaceTitles(scene, direction, labels, canvas);
+    const std::vector<PlacedText> titles = PlaceTitles(scene, direction, canvas);
     for (std::size_t i = axes.size(); i > 0; --i)
     {
         const CAxis& axis = axes[i - 1];
@@ -336,29 +309,33 @@ std::vector<std::vector<PlacedText>> PlaceTickLabels(const ChartScene& scene, Di
     return labels;
 }
 
-std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction,
-                                    std::span<const std::vector<PlacedText>> labels, ITextMeasure& measure)
+std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction, ITextMeasure& measure)
 {
     const ChartFrame& frame = scene.model.frame;
     const int gap = frame.lineHeight * 3 / 4;
     const bool horizontal = direction == Direction::Horizontal;
-    const int top = horizontal ? frame.GetTitleTop() : frame.plot.top - frame.lineHeight;
-    const bool hasRoom = top >= scene.client.top && top + frame.lineHeight <= scene.client.bottom;
     std::vector<PlacedText> titles;
     int left = frame.plot.left;
     int right = frame.plot.right;
     for (std::string& text : FitTitles(scene.model.GetAxes(direction), frame.plot.GetWidth(), gap, measure))
     {
-        if (!hasRoom)
-        {
-            text.clear();
-        }
         const int extent = measure.GetTextExtent(text).width;
         const bool fromRight = horizontal || IsOnFarSide(direction, titles.size());
-        right = horizontal ? FindGap(labels, (frame.plot.left + frame.plot.right) / 2, right, extent, measure)
-                           : right;
-        titles.push_back({std::move(text), {fromRight ? right - extent : left, top}, 0});
+        titles.push_back({std::move(text), {fromRight ? right - extent : left, 0}, 0});
         (fromRight ? right : left) += fromRight ? -extent - gap : extent + gap;
+    }
+    const auto hasRoom = [&](int top)
+    { return top >= scene.client.top && top + frame.lineHeight <= scene.client.bottom; };
+    int top = horizontal ? frame.GetTitleTop() : frame.plot.top - frame.lineHeight;
+    if (const LegendRow legend = GetFirstLegendRow(scene, measure);
+        horizontal && legend.right > frame.plot.left && legend.right <= right && hasRoom(legend.top))
+    {
+        top = legend.top;
+    }
+    for (PlacedText& title : titles)
+    {
+        title.topLeft.y = top;
+        title.text = hasRoom(top) ? title.text : "";
     }
     return titles;
 }

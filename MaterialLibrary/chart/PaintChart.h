@@ -84,13 +84,20 @@ struct PlacedText
 [[nodiscard]] std::vector<std::vector<PlacedText>>
 PlaceTickLabels(const ChartScene& scene, Direction direction, ITextMeasure& measure);
 
-// The titles, one per axis in order. Horizontal axes have theirs in the row below the tick labels, at its
-// right end, or further left between two of these `labels` of the right half where there is room; vertical
-// axes above the plot, on the side where their labels stand. Where the window has no room for their row they
-// are empty.
+// The titles, one per axis in order. Horizontal axes have theirs at the right end of the legend's first row,
+// or where that is taken close below the tick labels; vertical axes above the plot, on the side where their
+// labels stand. Where the window has no room for their row they are empty.
 [[nodiscard]] std::vector<PlacedText> PlaceTitles(const ChartScene& scene, Direction direction,
-                                                  std::span<const std::vector<PlacedText>> labels,
                                                   ITextMeasure& measure);
+
+// Where the first row of the legend stands, and where its entries end; at the plot's left side where it has
+// none.
+struct LegendRow
+{
+    int top = 0;
+    int right = 0;
+};
+[[nodiscard]] LegendRow GetFirstLegendRow(const ChartScene& scene, ITextMeasure& measure);
 
 // The end of a text that is too wide gives way to three dots; the whole text where there is room.
 [[nodiscard]] std::string FitText(ITextMeasure& measure, std::string_view text, int width);

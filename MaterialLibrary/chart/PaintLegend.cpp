@@ -136,6 +136,20 @@ std::size_t CountLegendEntries(const ChartScene& scene, ITextMeasure& measure)
     return CLegendPlacer(scene, measure).Place().size();
 }
 
+LegendRow GetFirstLegendRow(const ChartScene& scene, ITextMeasure& measure)
+{
+    const int h = measure.GetTextExtent("0,").height;
+    LegendRow row = {scene.model.frame.plot.bottom + firstRow * h, scene.model.frame.plot.left};
+    for (const PlacedEntry& entry : CLegendPlacer(scene, measure).Place())
+    {
+        if (entry.row == firstRow)
+        {
+            row.right = entry.left + h + measure.GetTextExtent(entry.text).width + h;
+        }
+    }
+    return row;
+}
+
 int PaintLegend(const ChartScene& scene, ICanvas& canvas)
 {
     const int h = canvas.GetTextExtent("0,").height;

@@ -177,7 +177,7 @@ TEST(Placement, AxesShareASideAndLongTitlesAreShortened)
     CRecorderCanvas canvas;
     const PixelRect client = {0, 0, 300, 200};
     LayOutChart(model, client, canvas);
-    const auto titles = PlaceTitles({model, {}, {}, client}, Direction::Vertical, {}, canvas);
+    const auto titles = PlaceTitles({model, {}, {}, client}, Direction::Vertical, canvas);
     EXPECT_EQ(titles[0].text, "Er");
     EXPECT_EQ(titles[0].topLeft.x, model.frame.plot.left);
     EXPECT_TRUE(titles[1].text.ends_with("x...")) << titles[1].text;
