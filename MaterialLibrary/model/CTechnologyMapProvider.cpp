@@ -1,13 +1,15 @@
 #include "model/CTechnologyMapProvider.h"
 
-#include "resources/Texts.h"
+#include "resources/CompiledTexts.h"
+#include "resources/TextIds.h"
 
 #include <algorithm>
 
+// The words of files, which are the same in every program.
 CTechnologyMapProvider::CTechnologyMapProvider()
-    : rows{{{MLTECHNOLOGY_CORE, LoadText(MLTEXT_CORE)},
-            {MLTECHNOLOGY_PREPREG, LoadText(MLTEXT_PREPREG)},
-            {MLTECHNOLOGY_FLEXCORE, LoadText(MLTEXT_FLEXCORE)}}}
+    : rows{{{MLTECHNOLOGY_CORE, std::string(GetCompiledText(MLTEXT_CORE))},
+            {MLTECHNOLOGY_PREPREG, std::string(GetCompiledText(MLTEXT_PREPREG))},
+            {MLTECHNOLOGY_FLEXCORE, std::string(GetCompiledText(MLTEXT_FLEXCORE))}}}
 {
 }
 

@@ -1,31 +1,11 @@
+#include "resources/CompiledTexts.h"
+
 #include "resources/Texts.h"
-
-namespace
-{
-struct CompiledText
-{
-    unsigned identifier;
-    const char* text;
-};
-
-constexpr CompiledText compiledTexts[] = {
-#define ML_TEXT(identifier, text) {identifier, text},
-#include "resources/Texts.inc"
-#undef ML_TEXT
-};
-} // namespace
 
 bool FindModuleText(unsigned identifier, std::string& text)
 {
-    for (const CompiledText& compiled : compiledTexts)
-    {
-        if (compiled.identifier == identifier)
-        {
-            text = compiled.text;
-            return true;
-        }
-    }
-    return false;
+    text = GetCompiledText(identifier);
+    return !text.empty();
 }
 
 bool FindHostText(unsigned, std::string&)

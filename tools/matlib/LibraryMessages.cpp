@@ -1,5 +1,6 @@
 #include "tools/matlib/LibraryMessages.h"
 
+#include "resources/CompiledTexts.h"
 #include "tools/matlib/Wording.h"
 
 #include <charconv>
@@ -26,16 +27,7 @@ bool TakeUnsigned(std::string_view& text, unsigned& number)
 
 std::string_view GetLibraryText(MLTEXTID wanted)
 {
-    switch (static_cast<unsigned>(wanted))
-    {
-#define ML_TEXT(identifier, text)                                                                            \
-    case identifier:                                                                                         \
-        return text;
-#include "resources/Texts.inc"
-#undef ML_TEXT
-    default:
-        return {};
-    }
+    return GetCompiledText(wanted);
 }
 
 std::optional<FileProblem> FindFileProblem(std::string_view message, std::string_view path)
