@@ -77,9 +77,9 @@ CheckedText CTextChecker::Check(const std::string& path, const std::string& padd
         checked.refusal = file.errors.front().library;
     }
     CheckNames(checked.findings, path, file);
-    std::erase_if(
-        checked.findings, [&](const Finding& warning)
-        { return std::ranges::find(file.errors, warning.where, &Finding::where) != file.errors.end(); });
+    const std::vector<Finding>& errors = file.errors;
+    std::erase_if(checked.findings, [&errors](const Finding& warning)
+                  { return std::ranges::find(errors, warning.where, &Finding::where) != errors.end(); });
     std::ranges::move(file.errors, std::back_inserter(checked.findings));
     std::ranges::stable_sort(checked.findings, {}, &Finding::where);
     for (const ParsedMaterial& material : file.materials)
