@@ -51,11 +51,15 @@ ImportOptions MakeOptions(unsigned bits)
 
 void RequirePlaces(const std::vector<TableFinding>& findings, const std::vector<TableSource>& sources)
 {
-    for (const auto& [table, finding] : findings)
+    for (std::size_t i = 0; i < sources.size() && !findings.empty(); ++i)
     {
-        const std::string& text = sources.at(table).text;
-        Require(!finding.text.empty() && finding.where.offset <= text.size());
-        Require(CSourceLines(text).PlaceOf(finding.where.offset).column > 0);
+        const CSourceLines lines(sources[i].text);
+        for (const auto& [table, finding] : findings)
+        {
+            Require(table < sources.size() && !finding.text.empty());
+            Require(table != i || (finding.where.offset <= sources[i].text.size() &&
+                                   lines.PlaceOf(finding.where.offset).column > 0));
+        }
     }
 }
 

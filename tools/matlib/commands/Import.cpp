@@ -4,7 +4,10 @@
 #include "tools/matlib/FindingOutput.h"
 #include "tools/matlib/InputFiles.h"
 #include "tools/matlib/OutputFile.h"
+#include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
+#include "tools/matlib/check/CheckText.h"
+#include "tools/matlib/check/CodePage.h"
 #include "tools/matlib/commands/Commands.h"
 #include "tools/matlib/import/ImportTables.h"
 #include "tools/matlib/import/Templates.h"
@@ -29,6 +32,44 @@ std::vector<TableSource> ReadTables(const std::vector<std::string>& paths)
         sources.push_back({NameInput(path), std::string(text.GetText())});
     }
     return sources;
+}
+
+bool IsUtf8(std::string_view text)
+{
+    constexpr char beyondAscii = '\x80';
+    while (!text.empty())
+    {
+        const bool isAscii = (text.front() & beyondAscii) == 0;
+        const std::size_t length = isAscii ? 1 : FindCharacter(text).size();
+        if (!isAscii && length == 1)
+        {
+            return false;
+        }
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+// The command line can be in another encoding than the tables, whose heads it names.
+ImportOptions AdaptToTables(ImportOptions options, const std::vector<TableSource>& sources)
+{
+    if (!std::ranges::all_of(sources, [](const TableSource& source) { return IsUtf8(source.text); }))
+    {
+        return options; // both are in the system's code page
+    }
+    for (MappedHead& map : options.maps)
+    {
+        map.head = MakeUtf8Path(map.head);
+    }
+    for (StatedUnit& stated : options.units)
+    {
+        stated.head = MakeUtf8Path(stated.head);
+    }
+    for (auto* const texts : {&options.ignoredHeads, &options.emptyMarks})
+    {
+        std::ranges::transform(*texts, texts->begin(), MakeUtf8Path);
+    }
+    return options;
 }
 
 void WriteMaterialFile(const Options& options, std::string_view text)
@@ -231,7 +272,7 @@ int RunImport(const Options& options)
         return WriteTemplate(options);
     }
     const std::vector<TableSource> sources = ReadTables(options.tables);
-    const ImportedTables imported = ImportTables(sources, options.import);
+    const ImportedTables imported = ImportTables(sources, AdaptToTables(options.import, sources));
     if (!imported.problem.empty())
     {
         throw CFailure(imported.problem);

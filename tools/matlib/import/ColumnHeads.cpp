@@ -8,11 +8,6 @@
 
 namespace
 {
-bool IsSameHead(std::string_view a, std::string_view b)
-{
-    return NormaliseHead(a) == NormaliseHead(b);
-}
-
 std::string_view Trim(std::string_view text)
 {
     constexpr std::string_view blanks = " \t\r\n";
@@ -88,7 +83,7 @@ std::string SuggestFrequency(const Column& column, std::string_view behind)
 
 std::string DescribeUnknown(std::string_view head, bool isBrief)
 {
-    constexpr std::size_t longest = 40; // that may be a misspelt word
+    constexpr std::size_t longest = 24; // that may be a misspelt word
     const auto nearest = isBrief || head.size() > longest
                              ? std::vector<std::string>()
                              : FindNearestNames(NormaliseHead(head), ListHeads());
@@ -152,10 +147,24 @@ std::string DescribeConflict(const Column& column, const Column& other)
     return {};
 }
 
+ImportOptions WithNormalHeads(ImportOptions options)
+{
+    for (MappedHead& map : options.maps)
+    {
+        map.head = NormaliseHead(map.head);
+    }
+    for (StatedUnit& stated : options.units)
+    {
+        stated.head = NormaliseHead(stated.head);
+    }
+    std::ranges::transform(options.ignoredHeads, options.ignoredHeads.begin(), NormaliseHead);
+    return options;
+}
+
 class CHeadReader
 {
 public:
-    explicit CHeadReader(const ImportOptions& importOptions) : options(importOptions) {}
+    explicit CHeadReader(const ImportOptions& importOptions) : options(WithNormalHeads(importOptions)) {}
 
     void Add(std::size_t index, const CsvCell& head)
     {
@@ -163,16 +172,15 @@ public:
         {
             return;
         }
-        if (std::ranges::any_of(options.ignoredHeads,
-                                [&](const std::string& ignored) { return IsSameHead(ignored, head.text); }))
+        const std::string normal = NormaliseHead(head.text);
+        if (std::ranges::find(options.ignoredHeads, normal) != options.ignoredHeads.end())
         {
             result.ignored.push_back({index, head.text});
             return;
         }
         Column column{index, head, nullptr, nullptr, {}};
         const auto split = Split(head.text);
-        const auto map = std::ranges::find_if(options.maps, [&](const MappedHead& each)
-                                              { return IsSameHead(each.head, head.text); });
+        const auto map = std::ranges::find(options.maps, normal, &MappedHead::head);
         if (map != options.maps.end())
         {
             column.traits = &TraitsOf(map->property);
@@ -199,7 +207,7 @@ public:
             hasExplained = true;
             return;
         }
-        TakeStatedUnit(column);
+        TakeStatedUnit(column, normal);
         if (IsBesideOthers(column))
         {
             result.columns.push_back(std::move(column));
@@ -214,10 +222,9 @@ private:
         result.problems.push_back(Finding{true, head.where, {}, std::move(text)});
     }
 
-    void TakeStatedUnit(Column& column)
+    void TakeStatedUnit(Column& column, const std::string& normalHead)
     {
-        const auto stated = std::ranges::find_if(options.units, [&](const StatedUnit& each)
-                                                 { return IsSameHead(each.head, column.head.text); });
+        const auto stated = std::ranges::find(options.units, normalHead, &StatedUnit::head);
         if (stated == options.units.end())
         {
             return;
@@ -250,7 +257,7 @@ private:
         return true;
     }
 
-    const ImportOptions& options;
+    const ImportOptions options; // their heads normalised
     Columns result;
     bool hasExplained = false; // what an unknown head needs, once for a table
 };

@@ -143,17 +143,15 @@ struct Replacement
     std::string_view to;
 };
 
-std::string Replace(std::string_view text, std::span<const Replacement> replacements)
+// What stands for the beginning of the text, which is taken off it.
+std::string_view TakeReplaced(std::string_view& text, std::span<const Replacement> replacements)
 {
-    std::string result;
-    while (!text.empty())
-    {
-        const auto found = std::ranges::find_if(replacements, [&](const Replacement& each)
-                                                { return text.starts_with(each.from); });
-        result += found == replacements.end() ? text.substr(0, 1) : found->to;
-        text.remove_prefix(found == replacements.end() ? 1 : found->from.size());
-    }
-    return result;
+    const auto found = std::ranges::find_if(replacements, [&](const Replacement& each)
+                                            { return text.starts_with(each.from); });
+    const bool isFound = found != replacements.end();
+    const std::string_view replaced = isFound ? found->to : text.substr(0, 1);
+    text.remove_prefix(isFound ? found->from.size() : 1);
+    return replaced;
 }
 } // namespace
 
@@ -168,10 +166,18 @@ std::string NormaliseHead(std::string_view head)
         {" ", ""}, {"\t", ""}, {"\r", ""},      {"\n", ""},        {"_", ""},       {"-", ""},
         {".", ""}, {"ε", "e"}, {"\u03B4", "d"}, {"\u03C1", "rho"}, {"\u1D63", "r"}, {"\u00A0", ""},
     };
-    std::string normal = Replace(head, replacements);
-    for (char& c : normal)
+    constexpr std::string_view starts = " \t\r\n_-.\xC2\xCE\xCF\xE1"; // of what is replaced
+    std::string normal;
+    while (!head.empty())
     {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        const char c = head.front();
+        if (starts.find(c) != std::string_view::npos)
+        {
+            normal += TakeReplaced(head, replacements);
+            continue;
+        }
+        normal += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        head.remove_prefix(1);
     }
     return normal;
 }
@@ -208,7 +214,11 @@ const CellUnit* FindUnit(Dimension dimension, std::string_view text)
         {"micro", "u"}, {"\u00B5", "u"},   {"\u03BC", "u"},   {"\xB5", "u"},  {"nano", "n"},
         {"Ohm", "ohm"}, {"\u03A9", "ohm"}, {"\u2126", "ohm"},
     };
-    const std::string simple = Replace(text, replacements);
+    std::string simple;
+    while (!text.empty())
+    {
+        simple += TakeReplaced(text, replacements);
+    }
     const auto* const found =
         std::ranges::find_if(unitSpellings, [&](const UnitSpelling& each)
                              { return each.dimension == dimension && each.text == simple; });
