@@ -155,7 +155,15 @@ LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return answer;
     }
     case WM_MOUSEMOVE:
+        AskForLeaving();
         Apply(chart.GetInteraction().OnMove(ToPoint(lParam)));
+        return 0;
+    case WM_MOUSELEAVE:
+        if (!capture)
+        {
+            chart.GetInteraction().ForgetMouse();
+            Repaint(false);
+        }
         return 0;
     case WM_LBUTTONDOWN:
         Apply(chart.GetInteraction().OnButtonDown(ToPoint(lParam)));
@@ -168,6 +176,17 @@ LRESULT CChartControl::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return Default(message, wParam, lParam);
     default:
         return CWnd::HandleMessage(message, wParam, lParam);
+    }
+}
+
+// The window is told when the mouse leaves it. A move that only somebody's message tells of leaves no window.
+void CChartControl::AskForLeaving()
+{
+    POINT place{};
+    if (GetCursorPos(&place) != FALSE && WindowFromPoint(place) == GetHandle())
+    {
+        TRACKMOUSEEVENT request = {sizeof request, TME_LEAVE, GetHandle(), 0};
+        TrackMouseEvent(&request);
     }
 }
 

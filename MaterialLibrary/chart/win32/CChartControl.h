@@ -66,6 +66,7 @@ protected:
     virtual void SetMouseCursor(ChartCursor cursor);
 
 private:
+    void AskForLeaving();
     void OnPaint();
     void Apply(const ChartResponse& response);
     void DrawFeedback(std::span<const PixelLine> lines);

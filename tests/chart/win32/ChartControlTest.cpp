@@ -207,6 +207,20 @@ TEST(ChartControl, LaysOutAgainForANewSizeAndFont)
     UpdateWindow(window.chart.GetHandle());
 }
 
+TEST(ChartControl, ReadsNothingOutForAMouseThatHasLeft)
+{
+    ChartWindow window;
+    const auto mouse = [&window] { return window.chart.GetChart().GetInteraction().GetPointer().mouse; };
+    window.Send(WM_MOUSEMOVE, {200, 100});
+    EXPECT_EQ(mouse(), (PixelPoint{200, 100})) << "no real mouse is there, so that none leaves";
+    window.Send(WM_MOUSELEAVE, {0, 0});
+    EXPECT_EQ(mouse(), (PixelPoint{-1, -1}));
+    window.Send(WM_LBUTTONDOWN, {150, 60});
+    window.Send(WM_MOUSEMOVE, {200, 100});
+    window.Send(WM_MOUSELEAVE, {0, 0});
+    EXPECT_EQ(mouse(), (PixelPoint{200, 100})) << "a drag goes on outside";
+}
+
 TEST(ChartControl, OutlivesItsWindowAlsoInTheMiddleOfAMessage)
 {
     ChartWindow window(MouseMode::pan);
