@@ -295,8 +295,7 @@ bool CTableReader::HasUnit(std::size_t columnIndex, const CsvCell& cell, const C
     else if (columnsWithoutUnit.insert(columnIndex).second)
     {
         const std::string head = MakePrintable(JoinLines(column.head.text));
-        const std::string example(
-            FindUnit(column.traits->dimension, units.substr(0, units.find_first_of(", ")))->name);
+        const std::string example(FindUnitNames(column.traits->dimension).front());
         Refuse(column.head.where, "The numbers of this column have no unit. State it in the head, " +
                                       Quote(head + " (" + example + ")") +
                                       ", in each cell, or with --unit \"" + head + "=" + example +

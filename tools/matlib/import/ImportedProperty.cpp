@@ -239,7 +239,7 @@ bool NeedsUnit(Dimension dimension)
            dimension == Dimension::length || dimension == Dimension::resistivity;
 }
 
-std::string ListUnits(Dimension dimension)
+std::vector<std::string_view> FindUnitNames(Dimension dimension)
 {
     std::vector<std::string_view> names;
     for (const UnitSpelling& each : unitSpellings)
@@ -249,6 +249,12 @@ std::string ListUnits(Dimension dimension)
             names.push_back(each.unit.name);
         }
     }
+    return names;
+}
+
+std::string ListUnits(Dimension dimension)
+{
+    const std::vector<std::string_view> names = FindUnitNames(dimension);
     std::string list;
     for (std::size_t i = 0; i < names.size(); ++i)
     {

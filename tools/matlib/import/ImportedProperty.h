@@ -79,5 +79,8 @@ struct PropertyTraits
 // Whether a number needs a unit to mean something.
 [[nodiscard]] bool NeedsUnit(Dimension dimension);
 
+// The units of the dimension, each once.
+[[nodiscard]] std::vector<std::string_view> FindUnitNames(Dimension dimension);
+
 // What units there are, as a sentence says it: "Hz, kHz, MHz, GHz or THz"; empty where there are none.
 [[nodiscard]] std::string ListUnits(Dimension dimension);
