@@ -41,7 +41,7 @@ for target in "${targets[@]}"; do
     chart) limits=(-max_len=128 -entropic=0) ;; # weighing its many features took half of the time
     check) limits=(-max_len=1024) ;;
     format) limits=(-max_len=384) ;; # what can be read is read and laid out several times
-    import) limits=(-max_len=256 -entropic=0) ;;
+    import) limits=(-max_len=128 -entropic=0) ;;
     *) limits=(-max_len=4096) ;;
     esac
     "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" "${limits[@]}" -print_final_stats=1 -timeout=20 \
