@@ -130,20 +130,22 @@ void RequireValues(const std::vector<MaterialDescription>& materials, const std:
     }
 }
 
-void RequireLoaded(std::vector<MaterialDescription> materials)
+void RequireLoaded(const std::vector<MaterialDescription>& materials)
 {
+    const std::string text = WriteMaterials(materials);
     CFakeMaterialLib library;
-    Require(!ReadMaterials(library, PadText(WriteMaterials(materials)).c_str()));
+    Require(!ReadMaterials(library, PadText(text).c_str()));
     std::vector<MaterialDescription> loaded;
     for (IMaterial* const each : library.GetMaterials())
     {
         loaded.push_back(DescribeMaterial(static_cast<const CMaterial&>(*each)));
     }
-    for (MaterialDescription& material : materials)
+    Require(loaded.size() == materials.size());
+    for (std::size_t i = 0; i < loaded.size(); ++i)
     {
-        material.remarks.clear();
+        loaded[i].remarks = materials[i].remarks; // no material remembers them
     }
-    Require(WriteMaterials(loaded) == WriteMaterials(materials));
+    Require(WriteMaterials(loaded) == text);
 }
 } // namespace
 
