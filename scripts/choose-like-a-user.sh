@@ -70,7 +70,8 @@ use_mouse()
 # The bar between the list and the chart, with the mouse and with keys, and back to where it was.
 use_bar()
 {
-    local bar=($(point_in ML_CHART 70 -2))
+    local bar
+    read -ra bar < <(point_in ML_CHART 70 -2)
     drag_between "${bar[@]}" "${bar[0]}" $((bar[1] + HEIGHT / 12))
     picture 9-bar-dragged
     press shift+F10 b End
