@@ -228,6 +228,7 @@ TEST(ChartPaneState, OpensWithRoomForTheChartThatIsShown)
     CChartPaneState shown({172, 396, 224});
     EXPECT_EQ(shown.Open({9, 300, 500, 420}, screen), (WindowFrame{9, 132, 500, 568}));
     EXPECT_EQ(shown.Open({9, 9, 500, 500}, screen), (WindowFrame{9, 9, 500, 500})) << "has more than half";
+    EXPECT_EQ(shown.Open({9, 9, 500, 482}, screen), (WindowFrame{9, 9, 500, 482})) << "has just half";
     EXPECT_EQ(shown.Open({9, 9, 5000, 900}, screen), screen);
     CChartPaneState hidden({172, 396, 224});
     static_cast<void>(hidden.Hide({9, 9, 500, 568}, screen));
