@@ -104,6 +104,7 @@ TEST(Check, ExplainsTheMistakeWhereItStands)
         {"(Rb = 1)}", "2:13 other-kind", "RB is a key of a metal"},
         {"(THICKNESS = 0,2mm)}", "2:25 unit", "Write 200e-6."},
         {"(THICKNESS = 8 mil)}", "2:25 unit", "Write 203.2e-6."},
+        {"(THICKNESS = 200u)}", "2:25 unit", "Write 200e-6."},
         {"(THICKNESS = 0,2)}", "2:25 decimal-comma", "write 0.2."},
         {"(THICKNESS = \"0.2\")}", "2:25 number", "without quotes"},
         {"(THICKNESS = -007)}", "2:25 number", "Write -7."},
