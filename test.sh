@@ -11,6 +11,7 @@ run_tests()
 {
     local summaries=() failed=0 preset log
     scripts/packages.sh test
+    rm -f build/wine-prefix*.silent.log
     trap 'cmake/wine-run.sh --end' EXIT
     for preset in native release sanitize windows; do
         scripts/build.sh "$preset"
@@ -20,6 +21,9 @@ run_tests()
         log=build/$preset-test.log
         ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1
         summaries+=("$preset: $(grep -E 'tests passed|Total Test time' "$log" | paste -s -d ' ')")
+    done
+    for log in build/wine-prefix*.silent.log; do
+        [[ ! -e $log ]] || summaries+=("programs that ended under Wine without a word: $log")
     done
     log=build/package-test.log
     rm -rf build/dist

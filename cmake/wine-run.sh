@@ -8,6 +8,9 @@
 #   ML_WINE_GRAPHICS  the graphics driver that a new prefix gets: null, or x11 for pictures
 #   ML_WINE_DPI       the display's scale, 96 when unset; another one has a prefix of its own, which shares the files
 #   ML_WINE_TIMEOUT   seconds after which a program is ended, 570 when unset
+#
+# Once in many thousands of runs a program ended with exit code 1 and without a word. All that the build runs says why it
+# fails: such a program is started again, twice at most, and PREFIX.silent.log tells of it.
 set -euo pipefail
 
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -93,16 +96,31 @@ fi
 # Output goes through files: Wine's helpers stay for a while and would hold the caller's pipe open.
 output=$(mktemp -d "${TMPDIR:-/tmp}/wine-run.XXXXXX")
 trap 'rm -rf "$output"' EXIT
-"$wineserver" -p30 </dev/null >/dev/null 2>&1 || true # answers 2 when it is running already
+"$wineserver" -p30 </dev/null >/dev/null 2>>"$prefix.server.log" || true # answers 2 when it is running already
 
-timeout --kill-after=10 "${ML_WINE_TIMEOUT:-570}" "$wine" "$@" </dev/null >"$output/out" 2>"$output/err" &
-program=$!
-trap 'kill -TERM "$program" 2>/dev/null' TERM INT HUP
-status=0
-while true; do # a signal ends "wait" before the program has ended
-    status=0
-    wait "$program" || status=$?
-    kill -0 "$program" 2>/dev/null || break
+program=
+interrupted=false
+trap 'interrupted=true; kill -TERM "$program" 2>/dev/null' TERM INT HUP
+
+# run_program PROGRAM [ARGUMENT...]: sets "status"
+run_program()
+{
+    timeout --kill-after=10 "${ML_WINE_TIMEOUT:-570}" "$wine" "$@" </dev/null >"$output/out" 2>"$output/err" &
+    program=$!
+    while true; do # a signal ends "wait" before the program has ended
+        status=0
+        wait "$program" || status=$?
+        kill -0 "$program" 2>/dev/null || break
+    done
+}
+
+for attempt in 1 2 3; do
+    run_program "$@"
+    if ((status == 0 || status >= 124)) || $interrupted || # 124 and above: it was ended
+        [[ -s $output/out || -s $output/err ]]; then
+        break
+    fi
+    echo "$(date '+%F %T'): attempt $attempt ended with $status: $*" >>"$prefix.silent.log"
 done
 cat "$output/out"
 cat "$output/err" >&2
