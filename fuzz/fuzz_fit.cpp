@@ -1,8 +1,8 @@
 // Tables of any doubles: the fit must come to an end without undefined behaviour, and where it is small
 // enough to be done the plain way as well, both must agree bit for bit. That takes long: of many inputs every
-// tenth is compared, of few each.
+// tenth is compared, of few each. So must what a fitter gives that has met the same frequencies before.
 
-#include "dielectric/CWidebandDebyeModel.h"
+#include "dielectric/CModelFitter.h"
 #include "fuzz/plain_fit/PlainFit.h"
 
 #include <algorithm>
@@ -81,15 +81,16 @@ bool IsSlow(const std::vector<MLTBLENTRY>& loss)
     return span > 1e8 && span < 1e42;
 }
 
-void CompareWithPlain(const CWidebandDebyeModel& model, const std::vector<MLTBLENTRY>& er,
-                      const std::vector<MLTBLENTRY>& loss)
+bool IsCompared(const CWidebandDebyeModel& model)
 {
     static std::uint64_t fits = 0;
     constexpr std::size_t manageableTerms = 9;
-    if (model.GetTerms().size() > manageableTerms || (++fits > 100 && fits % 10 != 0))
-    {
-        return;
-    }
+    return model.GetTerms().size() <= manageableTerms && (++fits <= 100 || fits % 10 == 0);
+}
+
+void CompareWithPlain(const CWidebandDebyeModel& model, const std::vector<MLTBLENTRY>& er,
+                      const std::vector<MLTBLENTRY>& loss)
+{
     PlainFit plain;
     Require(plain.Prepare(er, loss) && plain.Fit());
     // Absurd numbers can end beyond all numbers, on which way is not the same.
@@ -102,6 +103,16 @@ void CompareWithPlain(const CWidebandDebyeModel& model, const std::vector<MLTBLE
     {
         Require(plain.terms[k].deltaEps == model.GetTerms()[k].deltaEps);
     }
+}
+
+void CompareWithKept(const CWidebandDebyeModel& model, const PreparedData& data)
+{
+    PreparedData others = data; // lead to other columns
+    std::ranges::reverse(others.imaginaryParts);
+    CModelFitter fitter;
+    (void)fitter.Fit(others);
+    const auto again = fitter.Fit(data);
+    Require(again.has_value() && (*again == model || !std::isfinite(model.GetEpsInf())));
 }
 } // namespace
 
@@ -124,7 +135,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     {
         Require(model->GetLowestFrequency() <= model->GetHighestFrequency());
         (void)model->Evaluate(loss.front().frequency * 1.5);
-        CompareWithPlain(*model, er, loss);
+        if (IsCompared(*model))
+        {
+            CompareWithPlain(*model, er, loss);
+            CompareWithKept(*model, prepared);
+        }
     }
     return 0;
 }

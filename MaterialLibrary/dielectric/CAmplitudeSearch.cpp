@@ -1,7 +1,5 @@
 #include "dielectric/CAmplitudeSearch.h"
 
-#include "dielectric/SvdDecompose.h"
-
 #include <algorithm>
 
 namespace
@@ -9,24 +7,19 @@ namespace
 constexpr double firstRatio = 0.02;
 constexpr double lastRatio = 0.1;
 constexpr double ratioStep = 1.1;
-constexpr double smoothing = 0.01;
 constexpr std::size_t leastSolutions = 16;
 constexpr double noise = 1e-12; // Singular values below this part of the largest are rounding noise.
 } // namespace
 
-CAmplitudeSearch::CAmplitudeSearch(std::span<const double> basis_, std::span<const double> target_,
-                                   int termCount_)
-    : basis(basis_), target(target_), termCount(termCount_), pointCount(static_cast<int>(target_.size()))
+CAmplitudeSearch::CAmplitudeSearch(CDecompositions& decompositions_, std::span<const double> target_)
+    : decompositions(&decompositions_), target(target_), termCount(decompositions_.GetTermCount())
 {
     const std::size_t n = static_cast<std::size_t>(termCount);
-    const std::size_t height = target.size() + n;
     const std::size_t solutionSize = n * n + 3 * n;
     solutions.resize(std::max(n, leastSolutions));
-    storage.resize(height * n + height + (n + height) + solutions.size() * solutionSize);
-    system = storage.data();
-    systemTarget = system + height * n;
-    scratch = systemTarget + height;
-    double* free = scratch + n + height;
+    storage.resize(solutions.size() * solutionSize);
+    systemTarget.resize(target.size() + n);
+    double* free = storage.data();
     for (Solution& solution : solutions)
     {
         solution.singularValues = free;
@@ -58,7 +51,7 @@ bool CAmplitudeSearch::Run()
 
 bool CAmplitudeSearch::TryRatio(double ratio)
 {
-    ColumnMask active = (~ColumnMask{0}) >> (maxTerms - termCount);
+    ColumnMask active = (~ColumnMask{0}) >> (CDecompositions::maxTerms - termCount);
     for (int attempt = 0; attempt < termCount - 1; ++attempt)
     {
         last = Solve(active, ratio);
@@ -84,7 +77,7 @@ bool CAmplitudeSearch::TryRatio(double ratio)
 
 CAmplitudeSearch::Solution* CAmplitudeSearch::Solve(ColumnMask activeColumns, double ratio)
 {
-    Solution* const solution = FindDecomposition(activeColumns);
+    Solution* const solution = FindSolution(activeColumns);
     if (solution)
     {
         const ColumnMask kept = KeptValues(*solution, ratio);
@@ -96,7 +89,7 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::Solve(ColumnMask activeColumns, do
     return solution;
 }
 
-CAmplitudeSearch::Solution* CAmplitudeSearch::FindDecomposition(ColumnMask activeColumns)
+CAmplitudeSearch::Solution* CAmplitudeSearch::FindSolution(ColumnMask activeColumns)
 {
     for (Solution& solution : solutions)
     {
@@ -107,60 +100,33 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::FindDecomposition(ColumnMask activ
     }
     Solution& solution = solutions[nextSolution];
     nextSolution = (nextSolution + 1) % solutions.size();
-    return Decompose(solution, activeColumns) ? &solution : nullptr;
+    return SolveAnew(solution, activeColumns) ? &solution : nullptr;
 }
 
-void CAmplitudeSearch::BuildSystem(ColumnMask activeColumns)
+bool CAmplitudeSearch::SolveAnew(Solution& solution, ColumnMask activeColumns)
 {
-    const int height = pointCount + termCount;
-    // The target of the smoothing rows is 0.
-    std::fill(std::copy(target.begin(), target.end(), systemTarget), systemTarget + height, 0.0);
-    for (int k = 0; k < termCount; ++k)
-    {
-        double* const column = MatrixOfColumns{system, height}.Column(k);
-        std::fill_n(column, height, 0.0);
-        if ((activeColumns >> k & 1) == 0)
-        {
-            continue;
-        }
-        const std::span<const double> term =
-            basis.subspan(static_cast<std::size_t>(k) * target.size(), target.size());
-        std::copy(term.begin(), term.end(), column);
-        double* const differences = column + pointCount;
-        differences[k] = smoothing * 2.0;
-        if (k > 0)
-        {
-            differences[k - 1] = smoothing * -1.0;
-        }
-        if (k + 1 < termCount)
-        {
-            differences[k + 1] = smoothing * -1.0;
-        }
-    }
-}
-
-bool CAmplitudeSearch::Decompose(Solution& solution, ColumnMask activeColumns)
-{
-    BuildSystem(activeColumns);
-    const std::size_t n = static_cast<std::size_t>(termCount);
-    const std::size_t height = target.size() + n;
-    if (!SvdDecompose({system, static_cast<int>(height)}, {systemTarget, height},
-                      {solution.singularValues, n}, {solution.right, termCount}, {scratch, n + height}))
+    const CDecompositions::Decomposition* const decomposition = decompositions->Find(activeColumns);
+    if (decomposition == nullptr)
     {
         return false;
     }
+    // The target of the smoothing rows is 0.
+    std::fill(std::ranges::copy(target, systemTarget.begin()).out, systemTarget.end(), 0.0);
+    ApplyLeft(decomposition->system, decomposition->left, systemTarget);
 
     solution.activeColumns = activeColumns;
-    solution.largestValue = *std::max_element(solution.singularValues, solution.singularValues + termCount);
+    solution.largestValue = decomposition->largestValue;
+    std::ranges::copy(decomposition->singularValues, solution.singularValues);
+    std::ranges::copy(decomposition->right, solution.right);
     for (int j = 0; j < termCount; ++j)
     {
-        solution.coefficients[j] = systemTarget[j] / solution.singularValues[j];
+        solution.coefficients[j] = systemTarget[static_cast<std::size_t>(j)] / solution.singularValues[j];
     }
     Truncate(solution, 0);
     return true;
 }
 
-CAmplitudeSearch::ColumnMask CAmplitudeSearch::KeptValues(const Solution& solution, double ratio) const
+ColumnMask CAmplitudeSearch::KeptValues(const Solution& solution, double ratio) const
 {
     // Relative to the first singular value, which need not be the largest: fitted values of hosts rest on it.
     const double threshold = ratio * solution.singularValues[0];

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
-#include <vector>
+#include "dielectric/CDecompositions.h"
 
 // Looks for amplitudes of the Debye terms that give the measured imaginary parts.
 //
@@ -13,15 +11,13 @@
 // small singular values left out: the truncation ratio goes from 0.02 up by a tenth of itself until it
 // reaches 0.1. What comes out then is taken as it is.
 //
-// A decomposition depends on the columns that take part, not on the ratio: each is made once and kept.
+// What solves the system with one set of columns does not depend on the ratio: each is made once and kept.
 class CAmplitudeSearch
 {
 public:
-    static constexpr int maxTerms = 64;
-
-    // `basis`: for each of `termCount` terms (2 to maxTerms) the imaginary parts of the term with amplitude
-    // 1 at the measured points; `target`: the measured imaginary parts there. Both must outlive the search.
-    CAmplitudeSearch(std::span<const double> basis, std::span<const double> target, int termCount);
+    // `target`: the measured imaginary parts at the points of the decompositions' basis, which holds the
+    // imaginary parts of each term with amplitude 1 there. Both must outlive the search.
+    CAmplitudeSearch(CDecompositions& decompositions, std::span<const double> target);
 
     // False: a decomposition did not converge.
     [[nodiscard]] bool Run();
@@ -30,8 +26,6 @@ public:
     [[nodiscard]] std::span<const double> GetAmplitudes() const;
 
 private:
-    using ColumnMask = std::uint64_t;
-
     // The solution for one set of columns and the singular values kept last.
     struct Solution
     {
@@ -48,21 +42,17 @@ private:
 
     bool TryRatio(double ratio);
     Solution* Solve(ColumnMask activeColumns, double ratio);
-    Solution* FindDecomposition(ColumnMask activeColumns);
-    bool Decompose(Solution& solution, ColumnMask activeColumns);
-    void BuildSystem(ColumnMask activeColumns);
+    Solution* FindSolution(ColumnMask activeColumns);
+    bool SolveAnew(Solution& solution, ColumnMask activeColumns);
     ColumnMask KeptValues(const Solution& solution, double ratio) const;
     void Truncate(Solution& solution, ColumnMask keptValues) const;
     bool IsAcceptable() const;
 
-    std::span<const double> basis;
+    CDecompositions* decompositions;
     std::span<const double> target;
     int termCount;
-    int pointCount;
     std::vector<double> storage;
-    double* system; // (pointCount + termCount) x termCount, column by column
-    double* systemTarget;
-    double* scratch; // Of the decomposition.
+    std::vector<double> systemTarget;
     // At least as many as one ratio can ask for; the oldest makes room for a new one.
     std::vector<Solution> solutions;
     std::size_t nextSolution = 0;

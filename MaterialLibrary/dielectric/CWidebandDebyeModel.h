@@ -1,24 +1,10 @@
 #pragma once
 
+#include "dielectric/CDebyeBasis.h"
 #include "dielectric/PrepareData.h"
 
 #include <complex>
 #include <optional>
-
-// One wideband Debye term: a permittivity step spread evenly over the logarithm of the frequency from f1 to
-// f2.
-struct MLDEBYETERM
-{
-    double f1 = 1.0e6;     ///< Lower corner frequency, Hz.
-    double f2 = 1.0e10;    ///< Upper corner frequency, Hz.
-    double deltaEps = 0.0; ///< The permittivity step.
-    double g = 1.0;        ///< 1 / ln(f2 / f1)
-
-    bool operator==(const MLDEBYETERM&) const = default;
-
-    // Contribution to the real part of the permittivity at that frequency (Hz).
-    [[nodiscard]] double RealPart(double frequency) const;
-};
 
 // A causal model of a dielectric's complex permittivity over frequency, fitted to the tables that were
 // measured at one temperature: a sum of wideband Debye terms in the form of Djordjevic and Sarkar, one per
@@ -34,6 +20,9 @@ public:
     // converge, and where from the decade below the first frequency to the one above the last there are not
     // 2 to 40 decades: ascending data at most 38 decades apart, and descending data within about one decade.
     [[nodiscard]] static std::optional<CWidebandDebyeModel> Fit(const PreparedData& data);
+
+    // The same for those who have the basis of the data's frequencies. CModelFitter keeps bases.
+    [[nodiscard]] static std::optional<CWidebandDebyeModel> Fit(const PreparedData& data, CDebyeBasis& basis);
 
     // The model with a constant and terms of which f1, f2 and deltaEps are given, f2 above f1 above 0. It was
     // fitted to no frequency: the lowest and the highest are 0.
@@ -54,7 +43,8 @@ public:
 
 private:
     CWidebandDebyeModel() = default;
-    CWidebandDebyeModel(const PreparedData& data, std::vector<MLDEBYETERM> fittedTerms);
+    CWidebandDebyeModel(const PreparedData& data, const CDebyeBasis& basis,
+                        std::span<const double> amplitudes);
 
     double epsInf = 0.0;
     std::vector<MLDEBYETERM> terms;

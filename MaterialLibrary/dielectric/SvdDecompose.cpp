@@ -5,14 +5,39 @@
 
 namespace
 {
+// Reflects the numbers from `first` to `end` of a column at a vector.
+void Reflect(const double* vector, double divisor, double* column, int first, int end)
+{
+    double s = 0.0;
+    for (int k = first; k < end; ++k)
+    {
+        s += vector[k] * column[k];
+    }
+    const double factor = s / divisor;
+    for (int k = first; k < end; ++k)
+    {
+        column[k] += factor * vector[k];
+    }
+}
+
+void Rotate(double& first, double& second, double c, double s)
+{
+    const double x = first;
+    const double y = second;
+    first = x * c + y * s;
+    second = y * c - x * s;
+}
+
 class CGolubReinsch
 {
 public:
-    CGolubReinsch(MatrixOfColumns a_, std::span<double> target_, std::span<double> w_, MatrixOfColumns v_,
+    CGolubReinsch(MatrixOfColumns a_, LeftSteps& left_, std::span<double> w_, MatrixOfColumns v_,
                   std::span<double> scratch)
-        : a(a_), v(v_), m(a_.height), n(static_cast<int>(w_.size())), target(target_.data()), w(w_.data()),
+        : a(a_), v(v_), m(a_.height), n(static_cast<int>(w_.size())), left(left_), w(w_.data()),
           e(scratch.data()), products(e + n)
     {
+        left.reflections.clear();
+        left.rotations.clear();
     }
 
     // False where a singular value has not converged at the 30th iteration.
@@ -85,30 +110,10 @@ private:
         a(i, i) = f - g;
         for (int j = i + 1; j < n; ++j)
         {
-            Reflect(i, h, a.Column(j));
+            Reflect(a.Column(i), h, a.Column(j), i, m);
         }
-        Reflect(i, h, target);
-        for (int k = i; k < m; ++k)
-        {
-            a(k, i) *= scale;
-        }
+        left.reflections.push_back({i, h});
         return scale * g;
-    }
-
-    // Reflects a column of numbers at the vector in column i.
-    void Reflect(int i, double h, double* column) const
-    {
-        const double* const vector = a.Column(i);
-        double s = 0.0;
-        for (int k = i; k < m; ++k)
-        {
-            s += vector[k] * column[k];
-        }
-        const double factor = s / h;
-        for (int k = i; k < m; ++k)
-        {
-            column[k] += factor * vector[k];
-        }
     }
 
     // Householder reflection that clears row i right of the element beside the diagonal.
@@ -252,7 +257,7 @@ private:
             w[i] = Hypotenuse(f, g);
             c = g / w[i];
             s = -f / w[i];
-            Rotate(target[l - 1], target[i], c, s);
+            left.rotations.push_back({l - 1, i, c, s});
         }
     }
 
@@ -287,7 +292,7 @@ private:
             }
             f = c * g + s * y;
             x = c * y - s * g;
-            Rotate(target[j], target[j + 1], c, s);
+            left.rotations.push_back({j, j + 1, c, s});
         }
         e[l] = 0.0;
         e[k] = f;
@@ -306,19 +311,11 @@ private:
         return ((x - z) * (x + z) + h * (y / (f < 0.0 ? f - root : f + root) - h)) / x;
     }
 
-    static void Rotate(double& first, double& second, double c, double s)
-    {
-        const double x = first;
-        const double y = second;
-        first = x * c + y * s;
-        second = y * c - x * s;
-    }
-
     MatrixOfColumns a;
     MatrixOfColumns v;
     int m;
     int n;
-    double* target;
+    LeftSteps& left;
     double* w;
     double* e;        // e[i] stands beside w[i], in its column; e[0] is 0.
     double* products; // of one row with all others
@@ -326,8 +323,23 @@ private:
 };
 } // namespace
 
-bool SvdDecompose(MatrixOfColumns a, std::span<double> target, std::span<double> w, MatrixOfColumns v,
+bool SvdDecompose(MatrixOfColumns a, LeftSteps& left, std::span<double> w, MatrixOfColumns v,
                   std::span<double> scratch)
 {
-    return CGolubReinsch(a, target, w, v, scratch).Decompose();
+    return CGolubReinsch(a, left, w, v, scratch).Decompose();
+}
+
+void ApplyLeft(std::span<const double> a, const LeftSteps& left, std::span<double> target)
+{
+    for (const LeftSteps::Reflection& reflection : left.reflections)
+    {
+        const std::size_t column = static_cast<std::size_t>(reflection.column) * target.size();
+        Reflect(a.data() + column, reflection.divisor, target.data(), reflection.column,
+                static_cast<int>(target.size()));
+    }
+    for (const LeftSteps::Rotation& rotation : left.rotations)
+    {
+        Rotate(target[static_cast<std::size_t>(rotation.first)],
+               target[static_cast<std::size_t>(rotation.second)], rotation.c, rotation.s);
+    }
 }

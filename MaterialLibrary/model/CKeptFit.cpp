@@ -16,7 +16,7 @@ const CWidebandDebyeModel* CKeptFit::Fit(std::span<const MLTBLENTRY> er, std::sp
     if (!AreSame(loss, lossRows) || !AreSame(er, erRows))
     {
         lossRows.clear(); // until all is there again
-        model = CWidebandDebyeModel::Fit(PrepareData(er, loss));
+        model = fitter.Fit(PrepareData(er, loss));
         erRows.assign(er.begin(), er.end());
         lossRows.assign(loss.begin(), loss.end());
     }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "dielectric/CWidebandDebyeModel.h"
+#include "dielectric/CModelFitter.h"
 
 // The model fitted last, kept for as long as it is asked for with the same rows: whoever sweeps a material's
-// frequencies fits it once. It holds one model and the rows of one pair of tables, however many materials
-// there are.
+// frequencies fits it once. It holds one model, the rows of one pair of tables and what the fitter keeps,
+// however many materials there are.
 class CKeptFit
 {
 public:
@@ -19,5 +19,6 @@ public:
 private:
     std::vector<MLTBLENTRY> erRows;
     std::vector<MLTBLENTRY> lossRows; // none: nothing is kept
+    CModelFitter fitter;
     std::optional<CWidebandDebyeModel> model;
 };

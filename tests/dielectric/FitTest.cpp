@@ -1,8 +1,9 @@
 #include "dielectric/CAmplitudeSearch.h"
-#include "dielectric/CWidebandDebyeModel.h"
+#include "dielectric/CModelFitter.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace
 {
@@ -124,8 +125,31 @@ TEST(CWidebandDebyeModel, IsNotFittedToNumbersThatAreNoPermittivity)
             PrepareData(Rows{{1e9, bad * HUGE_VAL}}, Rows{{1e5, 0.02}, {1e9, 0.02}})));
     }
     EXPECT_FALSE(CWidebandDebyeModel::Fit(PrepareData(constant, Rows{{1e5, 0.02}, {1e9, HUGE_VAL}})));
-    const double basis[] = {1.0, NAN, NAN, 2.0};
+    CDecompositions decompositions({1.0, NAN, NAN, 2.0}, 2);
     const double measured[] = {1.0, 2.0};
-    EXPECT_FALSE(CAmplitudeSearch(basis, measured, 2).Run());
+    EXPECT_FALSE(CAmplitudeSearch(decompositions, measured).Run());
+}
+
+// Frequencies that come again, more of them than are kept, and losses that take other columns each time.
+TEST(CModelFitter, GivesTheModelsOfASingleFit)
+{
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> loss(0.001, 0.03);
+    const std::size_t longest = CDecompositions::longestKept;
+    CModelFitter fitter;
+    for (int i = 0; i < 400; ++i)
+    {
+        const std::size_t points = i % 40 == 0 ? longest + 1 : 4 + static_cast<std::size_t>(i % 7);
+        Rows rows;
+        for (std::size_t k = 0; k < points; ++k)
+        {
+            const double place = static_cast<double>(k) / static_cast<double>(points);
+            rows.push_back({std::pow(10.0, 6.0 + 4.0 * place), loss(random)});
+        }
+        const PreparedData data = PrepareData(constant, rows);
+        ASSERT_TRUE(fitter.Fit(data) && fitter.Fit(data) == CWidebandDebyeModel::Fit(data)) << i;
+    }
+    EXPECT_FALSE(fitter.Fit({}));
+    EXPECT_FALSE(fitter.Fit(PrepareData(constant, Rows{{1e9, 0.02}, {1e8, 0.02}})));
 }
 } // namespace

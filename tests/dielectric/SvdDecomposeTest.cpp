@@ -40,7 +40,9 @@ struct Decomposition
         }
         std::iota(target.begin(), target.end(), 1.0);
         std::vector<double> scratch(static_cast<std::size_t>(row.m + row.n));
-        converged = SvdDecompose({elements.data(), row.m}, target, w, {v.data(), row.n}, scratch);
+        LeftSteps left;
+        converged = SvdDecompose({elements.data(), row.m}, left, w, {v.data(), row.n}, scratch);
+        ApplyLeft(elements, left, target);
     }
 };
 

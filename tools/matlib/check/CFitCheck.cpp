@@ -1,7 +1,5 @@
 #include "tools/matlib/check/CFitCheck.h"
 
-#include "dielectric/CWidebandDebyeModel.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -9,6 +7,7 @@
 namespace
 {
 constexpr double sameValue = 1e-9;
+constexpr std::size_t mostVerdicts = 1024; // a bound for files that repeat none
 
 bool TakesSum(std::span<const MLTBLENTRY> er, const PreparedData& data)
 {
@@ -37,10 +36,10 @@ private:
     std::optional<MissedRow> worst;
 };
 
-FitVerdict FindVerdict(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
+FitVerdict FindVerdict(CModelFitter& fitter, std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
 {
     const PreparedData data = PrepareData(er, loss);
-    const auto model = CWidebandDebyeModel::Fit(data);
+    const auto model = fitter.Fit(data);
     if (!model)
     {
         return {};
@@ -65,7 +64,13 @@ const FitVerdict& CFitCheck::Judge(std::span<const MLTBLENTRY> er, std::span<con
     key = std::to_string(er.size()); // where one table's rows end and the other's begin
     AppendBytes(key, er);
     AppendBytes(key, loss);
-    const auto known = verdicts.find(key);
-    return known != verdicts.end() ? known->second
-                                   : verdicts.emplace(key, FindVerdict(er, loss)).first->second;
+    if (const auto known = verdicts.find(key); known != verdicts.end())
+    {
+        return known->second;
+    }
+    if (verdicts.size() == mostVerdicts)
+    {
+        verdicts.clear();
+    }
+    return verdicts.emplace(key, FindVerdict(fitter, er, loss)).first->second;
 }

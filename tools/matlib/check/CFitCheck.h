@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MaterialLibrary/MLTypes.h"
+#include "dielectric/CModelFitter.h"
 
 #include <optional>
 #include <span>
@@ -24,7 +25,7 @@ struct FitVerdict
 };
 
 // Judges models by the rows that they were fitted to. Files repeat the same rows for many thicknesses, so
-// each judgement is kept.
+// the judgements are kept, up to a number.
 class CFitCheck
 {
 public:
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] const FitVerdict& Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss);
 
 private:
+    CModelFitter fitter;
     std::unordered_map<std::string, FitVerdict> verdicts; // by the bytes of the rows
     std::string key;                                      // kept for its memory
 };

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "dielectric/CDecompositions.h"
+#include "dielectric/MLDEBYETERM.h"
+
+#include <optional>
+
+// What a fit needs that depends on the measured frequencies alone: the grid of terms, what each of them gives
+// at the frequencies, and the decompositions of its systems.
+class CDebyeBasis
+{
+public:
+    // The basis of frequencies (Hz). Nothing where there are none, where one is not above 0, and where from
+    // the decade below the first to the one above the last there are not 2 to 40 decades.
+    [[nodiscard]] static std::optional<CDebyeBasis> Make(std::span<const double> frequencies);
+
+    [[nodiscard]] std::span<const double> GetFrequencies() const { return frequencies; }
+
+    // The terms, which have no amplitude yet.
+    [[nodiscard]] std::span<const MLDEBYETERM> GetTerms() const { return terms; }
+
+    // MLDEBYETERM::RealLogarithm of a term at the frequency with that index.
+    [[nodiscard]] double GetRealLogarithm(std::size_t term, std::size_t frequency) const
+    {
+        return realLogarithms[term * frequencies.size() + frequency];
+    }
+
+    // They belong to the imaginary parts of the terms at the frequencies, for an amplitude of 1.
+    [[nodiscard]] CDecompositions& GetDecompositions() { return decompositions; }
+
+private:
+    CDebyeBasis(std::span<const double> measured, std::span<const double> corners);
+
+    std::vector<double> frequencies;
+    std::vector<MLDEBYETERM> terms;
+    std::vector<double> realLogarithms;
+    CDecompositions decompositions;
+};

@@ -1,0 +1,40 @@
+#include "dielectric/CModelFitter.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr std::size_t mostBases = 4;
+} // namespace
+
+std::optional<CWidebandDebyeModel> CModelFitter::Fit(const PreparedData& data)
+{
+    if (data.frequencies.size() > CDecompositions::longestKept)
+    {
+        return CWidebandDebyeModel::Fit(data);
+    }
+    CDebyeBasis* const basis = FindBasis(data.frequencies);
+    return basis != nullptr ? CWidebandDebyeModel::Fit(data, *basis) : std::nullopt;
+}
+
+CDebyeBasis* CModelFitter::FindBasis(std::span<const double> frequencies)
+{
+    auto found = std::ranges::find_if(bases, [&](const CDebyeBasis& basis)
+                                      { return std::ranges::equal(basis.GetFrequencies(), frequencies); });
+    if (found == bases.end())
+    {
+        std::optional<CDebyeBasis> made = CDebyeBasis::Make(frequencies);
+        if (!made)
+        {
+            return nullptr;
+        }
+        if (bases.size() == mostBases)
+        {
+            bases.pop_back();
+        }
+        bases.push_back(std::move(*made));
+        found = bases.end() - 1;
+    }
+    std::rotate(bases.begin(), found, found + 1);
+    return &bases.front();
+}
