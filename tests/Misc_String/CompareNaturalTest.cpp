@@ -114,6 +114,7 @@ TEST(CompareNatural, TextsAndNumbers)
         {"Z", "\304", -1},
         {"a\304", "a\344", -1},
         {"item9", "item10", -1},
+        {"item9", "item8", 1},
         {"Layer2", "Layer10", -1},
         {"Layer10", "Layer10b", -1},
         {"a1b20", "a1b3", 1},

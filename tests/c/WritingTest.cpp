@@ -91,6 +91,21 @@ TEST(Builder, MakesWhatAnswersLikeAFile)
     EXPECT_EQ(ml_count_materials(Build(MakeBuilder()).get()), 0u);
 }
 
+TEST(Builder, MakesMetals)
+{
+    const OwnedBuilder builder = MakeBuilder();
+    ml_material_info foil = Describe("Foil");
+    foil.kind = ML_METAL;
+    foil.has_resistivity = 1;
+    foil.resistivity = 1.7e-8;
+    ASSERT_EQ(ml_add_material(builder.get(), &foil), ML_OK);
+    ASSERT_EQ(AddTable(builder, ML_ROUGHNESS_TOP, 25.0, {{1e9, 1.1}}), ML_OK);
+    const OpenedLibrary built = Build(builder);
+    auto info = Sized<ml_material_info>();
+    ASSERT_EQ(ml_get_info(ml_find(built.get(), "Foil"), &info), ML_OK);
+    EXPECT_TRUE(info.kind == ML_METAL && info.resistivity == 1.7e-8 && info.table_count == 1);
+}
+
 TEST(Builder, RefusesWhatIsNoMaterial)
 {
     const OwnedBuilder builder = MakeBuilder();

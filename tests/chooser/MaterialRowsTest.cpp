@@ -265,7 +265,11 @@ TEST_F(MaterialRows, AreSelectedAgainByMaterialAndTemperature)
     EXPECT_EQ(refillWithout(&first), withoutFirst) << "what is not listed changes nothing";
     owner.rejected = nullptr;
     rows.Refill();
-    rows.SelectMaterial(gone);
-    EXPECT_EQ(rows.GetCurrentMaterial(), &gone);
+    for (const IMaterial* const material : {&gone, &first})
+    {
+        rows.SelectMaterial(*material);
+        EXPECT_EQ(rows.GetCurrentMaterial(), material);
+    }
+    EXPECT_EQ(model.GetSelection().GetOnlyRow(), 1);
 }
 } // namespace

@@ -4,7 +4,9 @@
 #include "tests/CollectedMessages.h"
 #include "tools/matlib/LibraryMessages.h"
 #include "tools/matlib/check/CheckText.h"
+#include "tools/matlib/check/Rules.h"
 
+#include <algorithm>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -112,7 +114,8 @@ TEST(Check, ExplainsTheMistakeWhereItStands)
         {"(ER TABLE = 1GHz 4.2 2 ghz 4.1)}", "2:33 blank-before-unit", "Write 2GHz,"},
         {"(ER TEMPERATURE = 25C VALUE = 4)}", "2:30 unit", "Write 25."},
         {"(ER TEMPERATURE = 298.15 K VALUE = 4)}", "2:30 unit", "Write 25."},
-        {"(LOSSTANGENT VALUE = 2%)}", "2:33 unit", "Write 0.02."},
+        {"(THICKNESS = 0.008in)}", "2:25 unit", "Write 203.2e-6."},
+        {"(LOSSTANGENT VALUE = 1.9 %)}", "2:33 unit", "Write 0.019."},
         {"(ER = 4.2)}", "2:16 unknown-word", "(ER VALUE = 4.2)"},
         {"(ER value = 4.2)}", "2:16 letter-case", "Write VALUE."},
         {"(ER VALUE = 4 LOSSTANGENT VALUE = 0)}", "2:26 bracket-not-closed", "write (LOSSTANGENT"},
@@ -136,5 +139,16 @@ TEST(Check, ExplainsTheMistakeWhereItStands)
         EXPECT_THAT(explained, testing::StartsWith(row.start)) << row.records;
         EXPECT_THAT(explained, testing::HasSubstr(row.advice)) << row.records;
     }
+}
+
+TEST(Check, JudgesWhatIsNearestInTemperature)
+{
+    CTextChecker checker(AfterError::stop);
+    const CheckedText checked = checker.Check(
+        "x.mat",
+        PadText("{MAT_FILE}{VERSION=1.0}{DIELECTRIC(NAME=\"A\")(ER TEMPERATURE=25 TABLE=1MHz 4.1 1GHz 4)"
+                "(LOSSTANGENT TEMPERATURE=25.05 VALUE=0.02)"
+                "(LOSSTANGENT TEMPERATURE=25 TABLE=1MHz 0.02 1GHz 0.02)}"));
+    EXPECT_EQ(std::ranges::count(checked.findings, rule::noFit, &Finding::rule), 0);
 }
 } // namespace

@@ -1,5 +1,6 @@
 #include "tools/matlib/import/CellNumber.h"
 #include "tools/matlib/import/ColumnHeads.h"
+#include "tools/matlib/import/CsvText.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -35,6 +36,40 @@ TEST(ImportNumbers, AreConvertedAsTheyAreWritten)
         EXPECT_EQ(number.problem.empty(), std::isfinite(value)) << cell << number.problem;
         EXPECT_TRUE(!std::isfinite(value) || number.value == value) << cell << " " << number.value;
     }
+}
+
+TEST(ImportNumbers, HaveTheUnitsThatTheySay)
+{
+    struct Case
+    {
+        Dimension dimension;
+        const char* unit;
+        double value; // of 1
+    };
+    for (const auto& [dimension, unit, value] : {
+             Case{Dimension::frequency, "Hz", 1.0},
+             Case{Dimension::frequency, "kHz", 1e3},
+             Case{Dimension::frequency, "MHz", 1e6},
+             Case{Dimension::frequency, "THz", 1e12},
+             Case{Dimension::length, "m", 1.0},
+             Case{Dimension::length, "cm", 1e-2},
+             Case{Dimension::length, "um", 1e-6},
+             Case{Dimension::length, "\u00B5m", 1e-6},
+             Case{Dimension::resistivity, "ohm m", 1.0},
+             Case{Dimension::resistivity, "ohm cm", 1e-2},
+             Case{Dimension::resistivity, "nohm m", 1e-9},
+             Case{Dimension::temperature, "Celsius", 1.0},
+             Case{Dimension::ratio, "percent", 1e-2},
+         })
+    {
+        EXPECT_EQ(ParseCellNumber("1", DecimalSign::point, dimension, FindUnit(dimension, unit)).value, value)
+            << unit;
+    }
+}
+
+TEST(ImportText, HasNoSeparatorInQuotes)
+{
+    EXPECT_EQ(FindSeparator("Name,\"a;b\"\nA,4\n").separator, ',');
 }
 
 TEST(ImportHeads, AreKnownAsPeopleWriteThem)

@@ -82,6 +82,10 @@ TEST(CGridModel, SelectionAndCurrentCellGoWithTheirRows)
     EXPECT_STREQ(model.GetText(1, 1), "4");
     EXPECT_THAT(model.GetSelection().GetRows(), ElementsAre(3, 4));
     EXPECT_EQ(model.GetSelection().GetCurrentCell(), (GridCell{2, 2}));
+    model.SetCurrentCell({});
+    model.PermuteRows(order);
+    EXPECT_EQ(model.GetSelection().GetCurrentCell(), GridCell()) << "there was none";
+    model.PermuteRows(order);
     model.SetCurrentCell({5, 1});
     EXPECT_EQ(model.GetSelection().GetCurrentCell(), GridCell()) << "beyond the last row";
     model.SelectRows(-5, 3, false);

@@ -271,7 +271,7 @@ bool IsUnitBehindNumber(const ErrorContext& context, std::string_view token)
 {
     const std::size_t offset = context.OffsetOf(token);
     const std::string_view number = Cut(context.text, WordBefore(context.text, offset));
-    const bool isBehind = offset > 0 && !number.empty() && number.back() >= '.' && number.back() <= '9';
+    const bool isBehind = !number.empty() && number.back() >= '.' && number.back() <= '9';
     const bool isAdjacent = SkipBlanks(context.text, offset - 1, true) != offset;
     // The degree sign in UTF-8 and in a code page.
     constexpr std::string_view units[] = {"%", "C", "K", "F", "degC", "\302\260C", "\260C"};
