@@ -1,10 +1,11 @@
 // One fit (prepare, fit, one evaluation): ours against the same passes with another library's singular value
 // decomposition, made anew at every solve, as the passes are written down, and made once for each set of
-// columns, as ours does: what is left then is the worth of our own code. The peers take the unsorted first
+// columns, as ours does: what is left then is the worth of our own code. Laminates that share their
+// frequencies are fitted one by one and by a fitter that knows them. The peers take the unsorted first
 // singular value's part with their largest one, since theirs are sorted; on most laminates that is the same.
 
 #include "bench/RatioTable.h"
-#include "dielectric/CWidebandDebyeModel.h"
+#include "dielectric/CModelFitter.h"
 #include "fuzz/plain_fit/PlainFit.h"
 #include "tests/dielectric/Laminates.h"
 
@@ -36,20 +37,51 @@ std::vector<Laminate> MakeLaminates(int points)
     return laminates;
 }
 
+std::vector<Laminate> ShareFrequencies(std::vector<Laminate> laminates)
+{
+    for (Laminate& laminate : laminates)
+    {
+        for (std::size_t i = 0; i < laminate.loss.size(); ++i)
+        {
+            laminate.loss[i].frequency = laminates.front().loss[i].frequency;
+        }
+    }
+    return laminates;
+}
+
+double Evaluate(const std::optional<CWidebandDebyeModel>& model)
+{
+    if (!model)
+    {
+        throw std::runtime_error("a laminate was refused");
+    }
+    const std::complex<double> eps = model->Evaluate(wantedFrequency);
+    return eps.real() + eps.imag();
+}
+
 struct OurFit
 {
     static std::string Name() { return "ours"; }
 
     double operator()(const Laminate& laminate) const
     {
-        const auto model = CWidebandDebyeModel::Fit(PrepareData(laminate.er, laminate.loss));
-        if (!model)
-        {
-            throw std::runtime_error("a laminate was refused");
-        }
-        const std::complex<double> eps = model->Evaluate(wantedFrequency);
-        return eps.real() + eps.imag();
+        return Evaluate(CWidebandDebyeModel::Fit(PrepareData(laminate.er, laminate.loss)));
     }
+};
+
+template <bool keeps>
+struct OurFitOfShared
+{
+    static constexpr bool sharesFrequencies = true;
+    static std::string Name() { return keeps ? "ours, frequencies known" : "ours, frequencies shared"; }
+
+    double operator()(const Laminate& laminate)
+    {
+        const PreparedData data = PrepareData(laminate.er, laminate.loss);
+        return Evaluate(keeps ? fitter.Fit(data) : CWidebandDebyeModel::Fit(data));
+    }
+
+    CModelFitter fitter;
 };
 
 class EigenSvd
@@ -116,10 +148,10 @@ struct Decomposition
 
 // Decompositions of a system without some of its columns.
 template <class Svd, bool keeps>
-class CDecompositions
+class CPeerDecompositions
 {
 public:
-    CDecompositions(const Eigen::MatrixXd& full_, const Eigen::VectorXd& target_)
+    CPeerDecompositions(const Eigen::MatrixXd& full_, const Eigen::VectorXd& target_)
         : full(full_), target(target_), svd(full_.rows(), full_.cols())
     {
     }
@@ -154,7 +186,7 @@ template <class Svd, bool keeps>
 std::vector<double> SearchPlainly(const Eigen::MatrixXd& full, const Eigen::VectorXd& target)
 {
     const Eigen::Index n = full.cols();
-    CDecompositions<Svd, keeps> decompositions(full, target);
+    CPeerDecompositions<Svd, keeps> decompositions(full, target);
     Eigen::VectorXd x(n);
     Eigen::VectorXd c(n);
     for (double ratio = 0.02;; ratio *= 1.1)
@@ -222,11 +254,16 @@ struct PlainFitWith
 template <class Fit>
 void Measure(benchmark::State& state)
 {
-    const std::vector<Laminate> laminates = MakeLaminates(static_cast<int>(state.range(0)));
+    std::vector<Laminate> laminates = MakeLaminates(static_cast<int>(state.range(0)));
+    if constexpr (requires { Fit::sharesFrequencies; })
+    {
+        laminates = ShareFrequencies(std::move(laminates));
+    }
+    Fit fit;
     std::size_t next = 0;
     for (auto _ : state)
     {
-        benchmark::DoNotOptimize(Fit{}(laminates[next]));
+        benchmark::DoNotOptimize(fit(laminates[next]));
         next = (next + 1) % laminates.size();
     }
 }
@@ -249,12 +286,12 @@ std::string RunName(int size)
     return Fit::Name() + "/" + std::to_string(size) + "/repeats:" + std::to_string(repetitions);
 }
 
-template <class Peer>
+template <class Ours, class Peer>
 void PrintRatios(const RatioTable& table)
 {
     for (const int size : sizes)
     {
-        table.PrintRatio(std::to_string(size) + " points, " + Peer::Name(), RunName<OurFit>(size),
+        table.PrintRatio(std::to_string(size) + " points, " + Peer::Name(), RunName<Ours>(size),
                          RunName<Peer>(size));
     }
 }
@@ -264,13 +301,17 @@ void Run()
 {
     Register<OurFit>();
     (Register<Peers>(), ...);
+    Register<OurFitOfShared<true>>();
+    Register<OurFitOfShared<false>>();
     RatioTable table;
     benchmark::RunSpecifiedBenchmarks(&table);
     std::printf(
         "\nOne fit, median of %d interleaved runs over 64 laminates. \"Kept\" gives the peers our cache of "
         "decompositions\n",
         repetitions);
-    (PrintRatios<Peers>(table), ...);
+    (PrintRatios<OurFit, Peers>(table), ...);
+    std::printf("\nBy a fitter that has met the frequencies, and one by one:\n");
+    PrintRatios<OurFitOfShared<true>, OurFitOfShared<false>>(table);
 }
 } // namespace
 

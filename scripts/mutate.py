@@ -67,7 +67,7 @@ class Change(NamedTuple):
         return f"{self.file}:{self.line + 1}\n  - {self.before.strip()}\n  + {self.after.strip() or '(left out)'}"
 
     def key(self) -> str:
-        return f"{self.file} | {self.before.strip()} | {self.after.strip()}"
+        return f"{self.file} | {self.before.strip()} | {self.after.strip() or '(left out)'}"
 
 
 def find_changes(file: str, text: str) -> Iterator[Change]:
