@@ -125,6 +125,10 @@ done
 cat "$output/out"
 cat "$output/err" >&2
 
+# The debugger that tells of a crash ends in the program's place, with 0.
+if ((status == 0)) && grep -q '^wine: Unhandled ' "$output/err"; then
+    status=139
+fi
 # Only eight bits of a Windows exit code come through: a test program must also have said that it passed.
 if ((status == 0)) && grep -q '^\[=\+\] Running' "$output/out" && ! grep -q '^\[  PASSED  \]' "$output/out"; then
     echo "wine-run.sh: the test program ended early" >&2

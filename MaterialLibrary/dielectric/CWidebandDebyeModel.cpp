@@ -7,13 +7,9 @@
 
 namespace
 {
-bool IsFittable(const PreparedData& data)
+bool AreFinite(std::span<const double> numbers)
 {
-    const auto isFinite = [](double x) { return std::isfinite(x); };
-    return !data.frequencies.empty() &&
-           std::all_of(data.frequencies.begin(), data.frequencies.end(), [](double f) { return f > 0.0; }) &&
-           std::all_of(data.realParts.begin(), data.realParts.end(), isFinite) &&
-           std::all_of(data.imaginaryParts.begin(), data.imaginaryParts.end(), isFinite);
+    return std::ranges::all_of(numbers, [](double x) { return std::isfinite(x); });
 }
 } // namespace
 
@@ -25,7 +21,7 @@ std::optional<CWidebandDebyeModel> CWidebandDebyeModel::Fit(const PreparedData& 
 
 std::optional<CWidebandDebyeModel> CWidebandDebyeModel::Fit(const PreparedData& data, CDebyeBasis& basis)
 {
-    if (!IsFittable(data))
+    if (!AreFinite(data.realParts) || !AreFinite(data.imaginaryParts))
     {
         return std::nullopt;
     }

@@ -2,12 +2,12 @@
 
 #include "tools/matlib/CFailure.h"
 #include "tools/matlib/NearestNames.h"
+#include "tools/matlib/OutputFile.h"
 #include "tools/matlib/Platform.h"
 #include "tools/matlib/Wording.h"
 
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <random>
 
 namespace
@@ -17,17 +17,6 @@ bool EndsIn(const std::string& path, std::string_view ending)
     return path.size() > ending.size() && EqualIgnoringCase(path.substr(path.size() - ending.size()), ending);
 }
 
-void WriteFile(const std::string& path, const std::string& text)
-{
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    file.close();
-    if (!file)
-    {
-        throw CFailure("cannot write " + Quote(path));
-    }
-}
-
 // A file that is gone at the end of the scope.
 class CScratchFile
 {
@@ -35,7 +24,7 @@ public:
     CScratchFile(const std::string& beside, const std::string& text)
         : path(beside + "." + std::to_string(std::random_device()()) + ".svg")
     {
-        WriteFile(path, text);
+        WriteOutputFile(path, text, ExistingFile::keep);
     }
     ~CScratchFile() { std::remove(path.c_str()); }
     CScratchFile(const CScratchFile&) = delete;
@@ -106,6 +95,6 @@ void WritePicture(const std::string& path, const std::string& document)
     }
     else
     {
-        WriteFile(path, document);
+        WriteOutputFile(path, document, ExistingFile::replace);
     }
 }
