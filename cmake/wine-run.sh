@@ -76,6 +76,7 @@ make_scaled_prefix()
 if [[ ${1:-} == --end ]]; then
     if [[ -e $ready ]]; then
         "$wineserver" -k >/dev/null 2>&1 || true
+        timeout 30 "$wineserver" -w || true
     fi
     exit 0
 fi
