@@ -99,15 +99,12 @@ output=$(mktemp -d "${TMPDIR:-/tmp}/wine-run.XXXXXX")
 trap 'rm -rf "$output"' EXIT
 "$wineserver" -p30 </dev/null >/dev/null 2>>"$prefix.server.log" || true # answers 2 when it is running already
 
-program=
-interrupted=false
-trap 'interrupted=true; kill -TERM "$program" 2>/dev/null' TERM INT HUP
-
 # run_program PROGRAM [ARGUMENT...]: sets "status"
 run_program()
 {
     timeout --kill-after=10 "${ML_WINE_TIMEOUT:-570}" "$wine" "$@" </dev/null >"$output/out" 2>"$output/err" &
     program=$!
+    trap 'kill -TERM "$program" 2>/dev/null' TERM INT HUP
     while true; do # a signal ends "wait" before the program has ended
         status=0
         wait "$program" || status=$?
@@ -117,8 +114,7 @@ run_program()
 
 for attempt in 1 2 3; do
     run_program "$@"
-    if ((status == 0 || status >= 124)) || $interrupted || # 124 and above: it was ended
-        [[ -s $output/out || -s $output/err ]]; then
+    if ((status == 0 || status >= 124)) || [[ -s $output/out || -s $output/err ]]; then # 124 and above: it was ended
         break
     fi
     echo "$(date '+%F %T'): attempt $attempt ended with $status: $*" >>"$prefix.silent.log"

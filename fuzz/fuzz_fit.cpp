@@ -1,6 +1,6 @@
 // Tables of any doubles: the fit must come to an end without undefined behaviour, and where it is small
-// enough to be done the plain way as well, both must agree bit for bit. That takes long: of many inputs every
-// tenth is compared, of few each. So must what a fitter gives that has met the same frequencies before.
+// enough to be done the plain way as well, both must agree bit for bit, and so must a fitter that has met the
+// same frequencies before. That takes long: of many inputs every tenth is compared, of few each.
 
 #include "dielectric/CModelFitter.h"
 #include "fuzz/plain_fit/PlainFit.h"

@@ -114,6 +114,7 @@ bool CAmplitudeSearch::SolveAnew(Solution& solution, ColumnMask activeColumns)
     std::fill(std::ranges::copy(target, systemTarget.begin()).out, systemTarget.end(), 0.0);
     ApplyLeft(decomposition->system, decomposition->left, systemTarget);
 
+    // Copied, since the decomposition makes room for others.
     solution.activeColumns = activeColumns;
     solution.largestValue = decomposition->largestValue;
     std::ranges::copy(decomposition->singularValues, solution.singularValues);

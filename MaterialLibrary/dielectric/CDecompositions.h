@@ -34,7 +34,6 @@ public:
     [[nodiscard]] const Decomposition* Find(ColumnMask activeColumns);
 
     [[nodiscard]] int GetTermCount() const { return termCount; }
-    [[nodiscard]] int GetPointCount() const { return pointCount; }
 
 private:
     [[nodiscard]] Decomposition& TakeOldest();
