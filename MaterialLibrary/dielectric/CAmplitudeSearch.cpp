@@ -1,6 +1,8 @@
 #include "dielectric/CAmplitudeSearch.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 
 namespace
 {
@@ -8,18 +10,18 @@ constexpr double firstRatio = 0.02;
 constexpr double lastRatio = 0.1;
 constexpr double ratioStep = 1.1;
 constexpr std::size_t leastSolutions = 16;
+constexpr ColumnMask notTruncated = ~ColumnMask{0}; // more than there are terms
 constexpr double noise = 1e-12; // Singular values below this part of the largest are rounding noise.
 } // namespace
 
-CAmplitudeSearch::CAmplitudeSearch(CDecompositions& decompositions_, std::span<const double> target_)
-    : decompositions(&decompositions_), target(target_), termCount(decompositions_.GetTermCount())
+CAmplitudeSearch::CAmplitudeSearch(std::vector<double> basis, int termCount_)
+    : decompositions(std::move(basis), termCount_), termCount(termCount_)
 {
     const std::size_t n = static_cast<std::size_t>(termCount);
     const std::size_t solutionSize = n * n + 3 * n;
     solutions.resize(std::max(n, leastSolutions));
-    storage.resize(solutions.size() * solutionSize);
-    systemTarget.resize(target.size() + n);
-    double* free = storage.data();
+    storage = std::make_unique_for_overwrite<double[]>(solutions.size() * solutionSize);
+    double* free = storage.get();
     for (Solution& solution : solutions)
     {
         solution.singularValues = free;
@@ -35,22 +37,36 @@ std::span<const double> CAmplitudeSearch::GetAmplitudes() const
     return {last->amplitudes, static_cast<std::size_t>(termCount)};
 }
 
-bool CAmplitudeSearch::Run()
+bool CAmplitudeSearch::Run(std::span<const double> measured)
 {
+    target = measured;
+    systemTarget.resize(target.size() + static_cast<std::size_t>(termCount));
+    for (Solution& solution : solutions)
+    {
+        solution.activeColumns = 0;
+    }
     double ratio = firstRatio;
     while (TryRatio(ratio))
     {
-        if (IsAcceptable() || !(ratio < lastRatio))
+        if (IsAcceptable())
         {
             return true;
         }
-        ratio *= ratioStep;
+        do
+        {
+            if (!(ratio < lastRatio))
+            {
+                return true;
+            }
+            ratio *= ratioStep;
+        } while (!IsChangedBy(ratio));
     }
     return false;
 }
 
 bool CAmplitudeSearch::TryRatio(double ratio)
 {
+    steps.clear();
     ColumnMask active = (~ColumnMask{0}) >> (CDecompositions::maxTerms - termCount);
     for (int attempt = 0; attempt < termCount - 1; ++attempt)
     {
@@ -59,6 +75,7 @@ bool CAmplitudeSearch::TryRatio(double ratio)
         {
             return false;
         }
+        steps.push_back({last->leastKept, last->singularValues[0]});
         if (last->smallestAmplitude >= 0.0)
         {
             break;
@@ -75,16 +92,18 @@ bool CAmplitudeSearch::TryRatio(double ratio)
     return true;
 }
 
+bool CAmplitudeSearch::IsChangedBy(double ratio) const
+{
+    return std::ranges::any_of(steps, [ratio](const Step& step)
+                               { return !(step.leastKept > ratio * step.firstValue); });
+}
+
 CAmplitudeSearch::Solution* CAmplitudeSearch::Solve(ColumnMask activeColumns, double ratio)
 {
     Solution* const solution = FindSolution(activeColumns);
     if (solution)
     {
-        const ColumnMask kept = KeptValues(*solution, ratio);
-        if (kept != solution->keptValues)
-        {
-            Truncate(*solution, kept);
-        }
+        KeepValues(*solution, ratio);
     }
     return solution;
 }
@@ -105,7 +124,7 @@ CAmplitudeSearch::Solution* CAmplitudeSearch::FindSolution(ColumnMask activeColu
 
 bool CAmplitudeSearch::SolveAnew(Solution& solution, ColumnMask activeColumns)
 {
-    const CDecompositions::Decomposition* const decomposition = decompositions->Find(activeColumns);
+    const CDecompositions::Decomposition* const decomposition = decompositions.Find(activeColumns);
     if (decomposition == nullptr)
     {
         return false;
@@ -123,30 +142,35 @@ bool CAmplitudeSearch::SolveAnew(Solution& solution, ColumnMask activeColumns)
     {
         solution.coefficients[j] = systemTarget[static_cast<std::size_t>(j)] / solution.singularValues[j];
     }
-    Truncate(solution, 0);
+    solution.keptValues = notTruncated;
     return true;
 }
 
-ColumnMask CAmplitudeSearch::KeptValues(const Solution& solution, double ratio) const
+void CAmplitudeSearch::KeepValues(Solution& solution, double ratio) const
 {
     // Relative to the first singular value, which need not be the largest: fitted values of hosts rest on it.
     const double threshold = ratio * solution.singularValues[0];
     ColumnMask kept = 0;
+    solution.leastKept = std::numeric_limits<double>::infinity();
     for (int j = 0; j < termCount; ++j)
     {
         const double w = solution.singularValues[j];
         if (w > threshold && !(w < noise * solution.largestValue))
         {
             kept |= ColumnMask{1} << j;
+            solution.leastKept = std::min(solution.leastKept, w);
         }
     }
-    return kept;
+    if (kept != solution.keptValues)
+    {
+        Truncate(solution, kept);
+    }
 }
 
 void CAmplitudeSearch::Truncate(Solution& solution, ColumnMask keptValues) const
 {
     solution.keptValues = keptValues;
-    std::fill_n(solution.amplitudes, termCount, 0.0);
+    std::array<double, CDecompositions::maxTerms> sums{}; // nothing else points to them, which makes it fast
     for (int j = 0; j < termCount; ++j)
     {
         if ((keptValues >> j & 1) == 0)
@@ -154,11 +178,13 @@ void CAmplitudeSearch::Truncate(Solution& solution, ColumnMask keptValues) const
             continue;
         }
         const double* const column = MatrixOfColumns{solution.right, termCount}.Column(j);
+        const double coefficient = solution.coefficients[j];
         for (int k = 0; k < termCount; ++k)
         {
-            solution.amplitudes[k] += column[k] * solution.coefficients[j];
+            sums[static_cast<std::size_t>(k)] += column[k] * coefficient;
         }
     }
+    std::copy_n(sums.begin(), termCount, solution.amplitudes);
     solution.smallestAmplitude = 1e99;
     for (int k = 0; k < termCount; ++k)
     {

@@ -86,7 +86,7 @@ std::optional<CDebyeBasis> CDebyeBasis::Make(std::span<const double> frequencies
 
 CDebyeBasis::CDebyeBasis(std::span<const double> measured, std::span<const double> corners)
     : frequencies(measured.begin(), measured.end()),
-      decompositions(MakeImaginaryParts(measured, corners), static_cast<int>(corners.size()) - 1)
+      search(MakeImaginaryParts(measured, corners), static_cast<int>(corners.size()) - 1)
 {
     realLogarithms.reserve((corners.size() - 1) * measured.size());
     for (std::size_t k = 0; k + 1 < corners.size(); ++k)

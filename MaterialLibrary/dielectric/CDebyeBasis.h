@@ -1,12 +1,12 @@
 #pragma once
 
-#include "dielectric/CDecompositions.h"
+#include "dielectric/CAmplitudeSearch.h"
 #include "dielectric/MLDEBYETERM.h"
 
 #include <optional>
 
 // What a fit needs that depends on the measured frequencies alone: the grid of terms, what each of them gives
-// at the frequencies, and the decompositions of its systems.
+// at the frequencies, and what the search for their amplitudes keeps.
 class CDebyeBasis
 {
 public:
@@ -19,14 +19,14 @@ public:
     // The terms, which have no amplitude yet.
     [[nodiscard]] std::span<const MLDEBYETERM> GetTerms() const { return terms; }
 
-    // MLDEBYETERM::RealLogarithm of a term at the frequency with that index.
-    [[nodiscard]] double GetRealLogarithm(std::size_t term, std::size_t frequency) const
+    // MLDEBYETERM::RealLogarithm of a term at each of the frequencies.
+    [[nodiscard]] std::span<const double> GetRealLogarithms(std::size_t term) const
     {
-        return realLogarithms[term * frequencies.size() + frequency];
+        return std::span(realLogarithms).subspan(term * frequencies.size(), frequencies.size());
     }
 
-    // They belong to the imaginary parts of the terms at the frequencies, for an amplitude of 1.
-    [[nodiscard]] CDecompositions& GetDecompositions() { return decompositions; }
+    // It takes imaginary parts at the frequencies.
+    [[nodiscard]] CAmplitudeSearch& GetSearch() { return search; }
 
 private:
     CDebyeBasis(std::span<const double> measured, std::span<const double> corners);
@@ -34,5 +34,5 @@ private:
     std::vector<double> frequencies;
     std::vector<MLDEBYETERM> terms;
     std::vector<double> realLogarithms;
-    CDecompositions decompositions;
+    CAmplitudeSearch search;
 };

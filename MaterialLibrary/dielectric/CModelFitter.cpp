@@ -5,6 +5,12 @@
 namespace
 {
 constexpr std::size_t mostBases = 4;
+
+auto HasFrequencies(std::span<const double> frequencies)
+{
+    return [frequencies](const CDebyeBasis& basis)
+    { return std::ranges::equal(basis.GetFrequencies(), frequencies); };
+}
 } // namespace
 
 std::optional<CWidebandDebyeModel> CModelFitter::Fit(const PreparedData& data)
@@ -13,14 +19,19 @@ std::optional<CWidebandDebyeModel> CModelFitter::Fit(const PreparedData& data)
     {
         return CWidebandDebyeModel::Fit(data);
     }
-    CDebyeBasis* const basis = FindBasis(data.frequencies);
+    CDebyeBasis* const basis = ProvideBasis(data.frequencies);
     return basis != nullptr ? CWidebandDebyeModel::Fit(data, *basis) : std::nullopt;
 }
 
-CDebyeBasis* CModelFitter::FindBasis(std::span<const double> frequencies)
+const CDebyeBasis* CModelFitter::FindBasis(std::span<const double> frequencies) const
 {
-    auto found = std::ranges::find_if(bases, [&](const CDebyeBasis& basis)
-                                      { return std::ranges::equal(basis.GetFrequencies(), frequencies); });
+    const auto found = std::ranges::find_if(bases, HasFrequencies(frequencies));
+    return found != bases.end() ? &*found : nullptr;
+}
+
+CDebyeBasis* CModelFitter::ProvideBasis(std::span<const double> frequencies)
+{
+    auto found = std::ranges::find_if(bases, HasFrequencies(frequencies));
     if (found == bases.end())
     {
         std::optional<CDebyeBasis> made = CDebyeBasis::Make(frequencies);

@@ -10,8 +10,11 @@ public:
     // What CWidebandDebyeModel::Fit gives, bit for bit. Throws std::bad_alloc.
     [[nodiscard]] std::optional<CWidebandDebyeModel> Fit(const PreparedData& data);
 
+    // The basis of frequencies, null where it is not kept. Valid until the next fit.
+    [[nodiscard]] const CDebyeBasis* FindBasis(std::span<const double> frequencies) const;
+
 private:
-    CDebyeBasis* FindBasis(std::span<const double> frequencies);
+    CDebyeBasis* ProvideBasis(std::span<const double> frequencies);
 
     std::vector<CDebyeBasis> bases; // the one asked for last comes first
 };

@@ -1,7 +1,5 @@
 #include "dielectric/CWidebandDebyeModel.h"
 
-#include "dielectric/CAmplitudeSearch.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -25,12 +23,11 @@ std::optional<CWidebandDebyeModel> CWidebandDebyeModel::Fit(const PreparedData& 
     {
         return std::nullopt;
     }
-    CAmplitudeSearch search(basis.GetDecompositions(), data.imaginaryParts);
-    if (!search.Run())
+    if (!basis.GetSearch().Run(data.imaginaryParts))
     {
         return std::nullopt;
     }
-    return CWidebandDebyeModel(data, basis, search.GetAmplitudes());
+    return CWidebandDebyeModel(data, basis, basis.GetSearch().GetAmplitudes());
 }
 
 // The constant is the mean of what the terms leave of the measured real parts.
@@ -44,15 +41,11 @@ CWidebandDebyeModel::CWidebandDebyeModel(const PreparedData& data, const CDebyeB
     {
         terms[k].deltaEps = amplitudes[k];
     }
+    const std::vector<double> real = EvaluateReal(basis); // with a constant of 0
     double sum = 0.0;
-    for (std::size_t i = 0; i < data.frequencies.size(); ++i)
+    for (std::size_t i = 0; i < real.size(); ++i)
     {
-        double real = 0.0;
-        for (std::size_t k = 0; k < terms.size(); ++k)
-        {
-            real += terms[k].RealPartOf(basis.GetRealLogarithm(k, i));
-        }
-        sum += data.realParts[i] - real;
+        sum += data.realParts[i] - real[i];
     }
     epsInf = sum / static_cast<double>(data.frequencies.size());
 }
@@ -75,6 +68,21 @@ double CWidebandDebyeModel::EvaluateReal(double frequency) const
     for (const MLDEBYETERM& term : terms)
     {
         real += term.RealPart(frequency);
+    }
+    return real;
+}
+
+std::vector<double> CWidebandDebyeModel::EvaluateReal(const CDebyeBasis& basis) const
+{
+    std::vector<double> real(basis.GetFrequencies().size(), epsInf);
+    for (std::size_t k = 0; k < terms.size(); ++k)
+    {
+        const MLDEBYETERM term = terms[k]; // a copy, which no store can change
+        const std::span<const double> logarithms = basis.GetRealLogarithms(k);
+        for (std::size_t i = 0; i < real.size(); ++i)
+        {
+            real[i] += term.RealPartOf(logarithms[i]);
+        }
     }
     return real;
 }

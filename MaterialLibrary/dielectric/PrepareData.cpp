@@ -16,7 +16,7 @@ struct ErTrend
     double offset = 0.0;
     double slope = 0.0;
 
-    double At(double frequency) const { return offset + slope * std::log(frequency); }
+    double At(double logarithm) const { return offset + slope * logarithm; }
 };
 
 struct Sums
@@ -37,12 +37,13 @@ ErTrend FitLine(const Sums& sum)
     }
 
     const ErTrend line{(sum.y * sum.xx - sum.xy * sum.x) / det, (sum.count * sum.xy - sum.x * sum.y) / det};
-    const bool rejected = line.slope > 0.0 || line.offset <= 0.0 || line.At(highestFrequency) < 0.0;
+    const bool rejected = line.slope > 0.0 || line.offset <= 0.0 || line.At(std::log(highestFrequency)) < 0.0;
     return rejected ? ErTrend{sum.y, 0.0} : line;
 }
 
-// Nothing where one of several rows has a frequency or an Er that is not above 0.
-std::optional<ErTrend> FindErTrend(std::span<const MLTBLENTRY> rows)
+// Nothing where one of several rows has a frequency or an Er that is not above 0. The logarithms are those of
+// the frequencies of several rows.
+std::optional<ErTrend> FindErTrend(std::span<const MLTBLENTRY> rows, std::vector<double>& logarithms)
 {
     const double first = rows.front().value;
     if (rows.size() == 1)
@@ -50,6 +51,7 @@ std::optional<ErTrend> FindErTrend(std::span<const MLTBLENTRY> rows)
         return ErTrend{first, 0.0};
     }
 
+    logarithms.reserve(rows.size());
     Sums sum{static_cast<double>(rows.size()), 0.0, 0.0, 0.0, 0.0};
     bool level = true;
     for (const MLTBLENTRY& row : rows)
@@ -58,7 +60,7 @@ std::optional<ErTrend> FindErTrend(std::span<const MLTBLENTRY> rows)
         {
             return std::nullopt;
         }
-        const double x = std::log(row.frequency);
+        const double x = logarithms.emplace_back(std::log(row.frequency));
         sum.x += x;
         sum.y += row.value;
         sum.xy += x * row.value;
@@ -77,7 +79,8 @@ PreparedData PrepareData(std::span<const MLTBLENTRY> er, std::span<const MLTBLEN
     {
         return data;
     }
-    const std::optional<ErTrend> trend = FindErTrend(er);
+    std::vector<double> logarithms;
+    const std::optional<ErTrend> trend = FindErTrend(er, logarithms);
     if (!trend)
     {
         data.errorText = "Wrong input data: negative or zero frequency or Dk";
@@ -98,7 +101,10 @@ PreparedData PrepareData(std::span<const MLTBLENTRY> er, std::span<const MLTBLEN
     }
     for (const MLTBLENTRY& row : used)
     {
-        const double permittivity = trend->At(row.frequency);
+        // Both tables mostly have the same frequencies.
+        const auto i = static_cast<std::size_t>(&row - loss.data());
+        const bool isKnown = i < logarithms.size() && er[i].frequency == row.frequency;
+        const double permittivity = trend->At(isKnown ? logarithms[i] : std::log(row.frequency));
         // The loss tangent serves as the loss angle itself; for the small angles of laminates they agree.
         data.frequencies.push_back(row.frequency);
         data.realParts.push_back(permittivity * std::cos(row.value));

@@ -125,9 +125,8 @@ TEST(CWidebandDebyeModel, IsNotFittedToNumbersThatAreNoPermittivity)
             PrepareData(Rows{{1e9, bad * HUGE_VAL}}, Rows{{1e5, 0.02}, {1e9, 0.02}})));
     }
     EXPECT_FALSE(CWidebandDebyeModel::Fit(PrepareData(constant, Rows{{1e5, 0.02}, {1e9, HUGE_VAL}})));
-    CDecompositions decompositions({1.0, NAN, NAN, 2.0}, 2);
     const double measured[] = {1.0, 2.0};
-    EXPECT_FALSE(CAmplitudeSearch(decompositions, measured).Run());
+    EXPECT_FALSE(CAmplitudeSearch({1.0, NAN, NAN, 2.0}, 2).Run(measured));
 }
 
 // More lists of frequencies than are kept, some of one length, one too long to be kept, and losses that take
@@ -151,6 +150,12 @@ TEST(CModelFitter, GivesTheModelsOfASingleFit)
         const PreparedData data = PrepareData(constant, rows);
         const auto model = fitter.Fit(data);
         ASSERT_TRUE(model && model == CWidebandDebyeModel::Fit(data)) << i;
+        const CDebyeBasis* const basis = fitter.FindBasis(data.frequencies);
+        ASSERT_EQ(basis != nullptr, points <= longest) << i;
+        for (std::size_t k = 0; basis != nullptr && k < points; ++k)
+        {
+            ASSERT_EQ(model->EvaluateReal(*basis).at(k), model->EvaluateReal(rows[k].frequency)) << i;
+        }
     }
     EXPECT_FALSE(fitter.Fit({}));
     EXPECT_FALSE(fitter.Fit(PrepareData(constant, Rows{{1e9, 0.02}, {1e8, 0.02}})));
