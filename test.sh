@@ -16,7 +16,7 @@ run_tests()
     for preset in native release sanitize windows; do
         scripts/build.sh "$preset"
     done
-    scripts/build.sh thread test_c_threads
+    scripts/build.sh thread test_c_threads matlib_threads_test
     for preset in native release sanitize thread windows; do
         log=build/$preset-test.log
         ctest --preset "$preset" --parallel "$(nproc)" </dev/null 2>&1 | tee "$log" || failed=1

@@ -5,6 +5,8 @@
 #include "shared/MessageManager/ISystemMessageBox.h"
 #include "shared/Misc_String/EngineeringNumber.h"
 #include "tools/matlib/LibraryMessages.h"
+#include "tools/matlib/check/CNameCheck.h"
+#include "tools/matlib/check/CWarnings.h"
 #include "tools/matlib/check/FindWarnings.h"
 
 #include <algorithm>
@@ -80,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string padded = PadText(text);
     const ParsedFile first = ParseMaterialFile(padded, AfterError::stop, RequireWords);
     CFitCheck fits;
-    const auto [whole, warnings] = FindWarnings(padded, AfterError::goOn, fits);
+    const auto [whole, warnings] = FindWarnings(padded, AfterError::goOn, {&fits, 1});
     Require(padded == PadText(text));
     Require(first.errors.size() == (loaded ? 0 : 1));
     Require(whole.errors.empty() == loaded && whole.errors.size() <= size + 1);
@@ -96,5 +98,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     RequirePlaces(whole.errors, text);
     RequirePlaces(warnings, text);
+    CWarnings sameNames(padded);
+    CNameCheck().Check(sameNames, "fuzz.mat", whole.materials);
+    RequirePlaces(sameNames.findings, text);
     return 0;
 }

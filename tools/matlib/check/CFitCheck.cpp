@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
+#include <string_view>
 
 namespace
 {
 constexpr double sameValue = 1e-9;
-constexpr std::size_t mostVerdicts = 1024; // a bound for files that repeat none
 
 bool TakesSum(std::span<const MLTBLENTRY> er, const PreparedData& data)
 {
@@ -17,24 +18,33 @@ bool TakesSum(std::span<const MLTBLENTRY> er, const PreparedData& data)
     return er.size() > 1 && std::abs(taken - sum) <= sameValue * sum;
 }
 
-class CWorstRow
+// Er and loss tangent mostly have the same frequencies, which the basis knows.
+std::optional<MissedRow> FindWorstRow(std::span<const MLTBLENTRY> er, const CWidebandDebyeModel& model,
+                                      const CDebyeBasis* basis)
 {
-public:
-    void Add(MLTABLEKIND kind, std::size_t index, double row, double modelled)
+    std::optional<MissedRow> worst;
+    double worstError = CFitCheck::tolerance;
+    const std::span<const double> known =
+        basis != nullptr ? basis->GetFrequencies() : std::span<const double>();
+    const std::vector<double> knownParts =
+        basis != nullptr ? model.EvaluateReal(*basis) : std::vector<double>();
+    auto next = known.begin();
+    for (std::size_t i = 0; i < er.size(); ++i)
     {
-        const double error = std::abs(modelled - row) / std::abs(row);
-        if (row != 0.0 && error > worstError)
+        const MLTBLENTRY& row = er[i];
+        next = std::find_if(next, known.end(), [&row](double other) { return other >= row.frequency; });
+        const bool isKnown = next != known.end() && *next == row.frequency;
+        const double modelled = isKnown ? knownParts[static_cast<std::size_t>(next - known.begin())]
+                                        : model.EvaluateReal(row.frequency);
+        const double error = std::abs(modelled - row.value) / std::abs(row.value);
+        if (row.value != 0.0 && error > worstError)
         {
             worstError = error;
-            worst = MissedRow{kind, index, modelled};
+            worst = MissedRow{i, modelled};
         }
     }
-    [[nodiscard]] std::optional<MissedRow> Get() const { return worst; }
-
-private:
-    double worstError = CFitCheck::tolerance;
-    std::optional<MissedRow> worst;
-};
+    return worst;
+}
 
 FitVerdict FindVerdict(CModelFitter& fitter, std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
 {
@@ -44,33 +54,32 @@ FitVerdict FindVerdict(CModelFitter& fitter, std::span<const MLTBLENTRY> er, std
     {
         return {};
     }
-    CWorstRow worst;
-    for (std::size_t i = 0; i < er.size(); ++i)
-    {
-        worst.Add(MLTABLE_ER, i, er[i].value, model->EvaluateReal(er[i].frequency));
-    }
-    return {true, TakesSum(er, data), worst.Get()};
+    return {true, TakesSum(er, data), FindWorstRow(er, *model, fitter.FindBasis(data.frequencies))};
 }
 
-void AppendBytes(std::string& text, std::span<const MLTBLENTRY> rows)
+std::string_view BytesOf(std::span<const MLTBLENTRY> rows)
 {
-    const auto bytes = std::as_bytes(rows);
-    text.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    return {reinterpret_cast<const char*>(rows.data()), rows.size_bytes()};
 }
 } // namespace
 
 const FitVerdict& CFitCheck::Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss)
 {
-    key = std::to_string(er.size()); // where one table's rows end and the other's begin
-    AppendBytes(key, er);
-    AppendBytes(key, loss);
-    if (const auto known = verdicts.find(key); known != verdicts.end())
+    const std::hash<std::string_view> hashOf;
+    const std::size_t hash = hashOf(BytesOf(er.last(1))) * 31 + hashOf(BytesOf(loss.last(1)));
+    auto& group = groups[hash % groups.size()];
+    const auto isSame = [&](const Judged& other) {
+        return other.hash == hash && BytesOf(other.er) == BytesOf(er) && BytesOf(other.loss) == BytesOf(loss);
+    };
+    if (const auto known = std::ranges::find_if(group, isSame); known != group.end())
     {
-        return known->second;
+        return known->verdict;
     }
-    if (verdicts.size() == mostVerdicts)
-    {
-        verdicts.clear();
-    }
-    return verdicts.emplace(key, FindVerdict(fitter, er, loss)).first->second;
+    Judged& judged = group[judgedAnew++ % group.size()];
+    judged.er.clear(); // the verdict is no longer theirs
+    judged.verdict = FindVerdict(fitter, er, loss);
+    judged.hash = hash;
+    judged.er.assign(er.begin(), er.end());
+    judged.loss.assign(loss.begin(), loss.end());
+    return judged.verdict;
 }

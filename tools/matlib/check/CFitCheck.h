@@ -3,16 +3,14 @@
 #include "MaterialLibrary/MLTypes.h"
 #include "dielectric/CModelFitter.h"
 
+#include <array>
 #include <optional>
 #include <span>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
-// A row that the model does not go through.
+// An Er row that the model does not go through.
 struct MissedRow
 {
-    MLTABLEKIND kind = MLTABLE_ER;
     std::size_t index = 0;
     double modelled = 0.0;
 };
@@ -25,7 +23,7 @@ struct FitVerdict
 };
 
 // Judges models by the rows that they were fitted to. Files repeat the same rows for many thicknesses, so
-// the judgements are kept, up to a number.
+// judgements are kept, each until another takes its place.
 class CFitCheck
 {
 public:
@@ -36,7 +34,16 @@ public:
     [[nodiscard]] const FitVerdict& Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss);
 
 private:
+    struct Judged
+    {
+        std::size_t hash = 0;       // of the rows
+        std::vector<MLTBLENTRY> er; // empty: there is none yet
+        std::vector<MLTBLENTRY> loss;
+        FitVerdict verdict;
+    };
+
     CModelFitter fitter;
-    std::unordered_map<std::string, FitVerdict> verdicts; // by the bytes of the rows
-    std::string key;                                      // kept for its memory
+    // The hash chooses the group. Few of all together, since a file that repeats no rows goes through all.
+    std::array<std::array<Judged, 4>, 32> groups;
+    std::size_t judgedAnew = 0;
 };

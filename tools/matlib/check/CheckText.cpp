@@ -70,13 +70,15 @@ FileText ReadText(const std::string& path)
 
 CheckedText CTextChecker::Check(const std::string& path, const std::string& paddedText)
 {
-    auto [file, warnings] = FindWarnings(paddedText, afterError, fits);
-    CheckedText checked{std::move(warnings), {}, 0, 0};
+    auto [file, found] = FindWarnings(paddedText, afterError, fits);
+    CWarnings warnings(paddedText);
+    warnings.findings = std::move(found);
+    names.Check(warnings, path, file.materials);
+    CheckedText checked{std::move(warnings.findings), {}, 0, 0};
     if (!file.errors.empty())
     {
         checked.refusal = file.errors.front().library;
     }
-    CheckNames(checked.findings, path, file);
     const std::vector<Finding>& errors = file.errors;
     std::erase_if(checked.findings, [&errors](const Finding& warning)
                   { return std::ranges::find(errors, warning.where, &Finding::where) != errors.end(); });
@@ -87,24 +89,6 @@ CheckedText CTextChecker::Check(const std::string& path, const std::string& padd
         ++(material.kind == MLMATERIAL_METAL ? checked.metals : checked.dielectrics);
     }
     return checked;
-}
-
-void CTextChecker::CheckNames(std::vector<Finding>& findings, const std::string& path, const ParsedFile& file)
-{
-    CWarnings warnings(file.text);
-    paths.push_back(path);
-    for (const ParsedMaterial& material : file.materials)
-    {
-        const auto [named, isNew] = files.emplace(material.name, paths.size() - 1);
-        if (!isNew && paths[named->second] != path && !material.name.empty())
-        {
-            warnings.Add(material.name, rule::duplicateName,
-                         "The name " + Quote(material.name) + " stands in " +
-                             MakePrintable(paths[named->second]) +
-                             " already. A host that loads both finds the material read last.");
-        }
-    }
-    std::ranges::move(warnings.findings, std::back_inserter(findings));
 }
 
 CheckedText CheckText(const std::string& path, std::string text)

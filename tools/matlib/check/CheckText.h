@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/matlib/check/CFitCheck.h"
-#include "tools/matlib/check/ParsedFile.h"
+#include "tools/matlib/check/CMaterialChecks.h"
+#include "tools/matlib/check/CNameCheck.h"
 
 #include <cstdio>
 
@@ -32,12 +32,9 @@ public:
     [[nodiscard]] CheckedText Check(const std::string& path, const std::string& paddedText);
 
 private:
-    void CheckNames(std::vector<Finding>& findings, const std::string& path, const ParsedFile& file);
-
     AfterError afterError;
-    CFitCheck fits;
-    std::vector<std::string> paths;
-    std::unordered_map<std::string, std::size_t> files; // of the paths, by the names of materials
+    std::vector<CFitCheck> fits = MakeFitChecks();
+    CNameCheck names;
 };
 
 // Checks one text by itself, which is not padded.

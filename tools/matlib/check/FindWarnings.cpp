@@ -1,92 +1,18 @@
 #include "tools/matlib/check/FindWarnings.h"
 
 #include "tools/matlib/Wording.h"
+#include "tools/matlib/check/CMaterialChecks.h"
 #include "tools/matlib/check/CWarnings.h"
 #include "tools/matlib/check/CodePage.h"
+#include "tools/matlib/check/MaterialWarnings.h"
 #include "tools/matlib/check/Rules.h"
 
 #include <algorithm>
-#include <array>
-#include <unordered_map>
 
 namespace
 {
-constexpr double mostThickness = 0.01;  // metres; the chooser's range before the user changes it
-constexpr double leastThickness = 1e-6; // metres
 constexpr double farRatio = 8.0;
 constexpr std::size_t enoughThicknesses = 4;
-const std::array<std::string_view, 3> technologyWords = {TechnologyWord(MLTECHNOLOGY_CORE),
-                                                         TechnologyWord(MLTECHNOLOGY_PREPREG),
-                                                         TechnologyWord(MLTECHNOLOGY_FLEXCORE)};
-
-void CheckThickness(CWarnings& warnings, const ParsedMaterial& material)
-{
-    const double thickness = material.thickness.value_or(0.0);
-    if (!(thickness >= 0.0 && thickness <= mostThickness))
-    {
-        warnings.Add(
-            material.thicknessKey, rule::thickness,
-            "A thickness of " + FormatNumber(thickness) +
-                " m lies outside the range that the chooser shows at first, 0 to 0.01 m. THICKNESS is in "
-                "metres: 200e-6 is 0.2 mm.");
-    }
-    else if (thickness > 0.0 && thickness < leastThickness)
-    {
-        warnings.Add(
-            material.thicknessKey, rule::farThickness,
-            "A thickness of " + FormatNumber(thickness) +
-                " m is less than a thousandth of a millimetre. THICKNESS is in metres: 200e-6 is 0.2 mm.");
-    }
-}
-
-void CheckTechnology(CWarnings& warnings, std::string_view technology)
-{
-    if (technology.data() != nullptr &&
-        std::ranges::find(technologyWords, technology) == technologyWords.end())
-    {
-        warnings.Add(technology, rule::technology,
-                     Quote(technology) + " is no technology. " + std::string(technologyWords[0]) + ", " +
-                         std::string(technologyWords[1]) + " and " + std::string(technologyWords[2]) +
-                         " are.");
-    }
-}
-
-void CheckMaterial(CWarnings& warnings, const ParsedMaterial& material, const ParsedTables& parsed,
-                   CFitCheck& fits)
-{
-    if (material.name.empty())
-    {
-        warnings.Add(material.block, rule::nameMissing, "The material has no NAME. A host cannot find it.");
-    }
-    CheckThickness(warnings, material);
-    CheckTechnology(warnings, material.technology);
-    for (const ParsedTable& table : parsed.tables)
-    {
-        CheckRows(warnings, table);
-    }
-    if (material.kind == MLMATERIAL_DIELECTRIC)
-    {
-        CheckFits(warnings, parsed, fits);
-    }
-}
-
-void CheckNames(CWarnings& warnings, const std::vector<ParsedMaterial>& materials)
-{
-    std::unordered_map<std::string_view, std::string_view> named;
-    named.reserve(materials.size());
-    for (const ParsedMaterial& material : materials)
-    {
-        const auto [first, isNew] = named.emplace(material.name, material.name);
-        if (!isNew && !material.name.empty())
-        {
-            warnings.Add(
-                material.name, rule::duplicateName,
-                "The name " + Quote(material.name) +
-                    " stands in this file already. A host that looks for it finds the material given last.",
-                first->second, "This is the material before.");
-        }
-    }
-}
 
 void CheckTexts(CWarnings& warnings, const std::vector<std::string_view>& texts)
 {
@@ -145,15 +71,16 @@ void CheckThicknesses(CWarnings& warnings, const std::vector<ParsedMaterial>& ma
 
 } // namespace
 
-CheckedFile FindWarnings(const std::string& paddedText, AfterError afterError, CFitCheck& fits)
+CheckedFile FindWarnings(const std::string& paddedText, AfterError afterError, std::span<CFitCheck> fits)
 {
-    CWarnings warnings(paddedText);
+    CMaterialChecks checks(paddedText, fits);
     ParsedFile file = ParseMaterialFile(paddedText, afterError,
-                                        [&](const ParsedMaterial& material, const ParsedTables& parsed)
-                                        { CheckMaterial(warnings, material, parsed, fits); });
+                                        [&checks](const ParsedMaterial& material, const ParsedTables& tables)
+                                        { checks.Add(material, tables); });
+    CWarnings warnings(paddedText);
+    warnings.findings = checks.Finish();
     CheckTexts(warnings, file.texts);
     CheckThicknesses(warnings, file.materials);
-    CheckNames(warnings, file.materials);
     std::ranges::stable_sort(warnings.findings, {}, &Finding::where);
     return {std::move(file), std::move(warnings.findings)};
 }

@@ -1,6 +1,6 @@
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/check/CWarnings.h"
-#include "tools/matlib/check/FindWarnings.h"
+#include "tools/matlib/check/MaterialWarnings.h"
 #include "tools/matlib/check/Rules.h"
 
 #include <algorithm>

@@ -18,6 +18,8 @@
 
 namespace
 {
+constexpr std::size_t lengthOfSmall = 512; // a material's text
+
 bool IsBlockWord(std::string_view word)
 {
     return word == keyword::dielectric || word == keyword::metal;
@@ -54,8 +56,7 @@ public:
         : scanner(tokenScanner), start(wholeFile.data()), afterError(whatAfterError), listener(onMaterial)
     {
         context.wholeFile = wholeFile;
-        context.text = wholeFile.substr(0, wholeFile.find('\0'));
-        file.text = context.text;
+        file.materials.reserve(wholeFile.size() / lengthOfSmall);
     }
 
     void OnBlock(std::string_view word) override;
@@ -75,13 +76,21 @@ public:
     void OnRow(std::string_view frequency) override
     {
         context.frequency = frequency;
-        parsed.tables.back().words.push_back(frequency);
+        words.push_back(frequency);
     }
-    void OnSingleValue(std::string_view word) override { parsed.tables.back().words.assign(1, word); }
+    void OnSingleValue(std::string_view word) override
+    {
+        words.resize(firstWords.back());
+        words.push_back(word);
+    }
     void OnMaterial(CMaterial& read) override;
 
     void OnError(const BrokenRule& broken) override
     {
+        if (file.errors.empty()) // not before: a good file need not be searched
+        {
+            context.text = context.wholeFile.substr(0, context.wholeFile.find('\0'));
+        }
         Finding& error = file.errors.emplace_back(ExplainError(context, broken));
         error.library = LibraryMessage{broken.place, GetLibraryText(broken.reason)};
         context.unknownBlock = {};
@@ -94,15 +103,17 @@ public:
     ParsedFile file;
 
 private:
+    void PlaceTables(std::span<const CMaterialTable* const> read);
     [[nodiscard]] bool NextOutsideQuotes(std::string_view& token);
 
     CTokenScanner& scanner;
     const char* start;
     AfterError afterError;
     const MaterialListener& listener;
-    ParsedMaterial material;              // the one that is being read
-    ParsedTables parsed;                  // its own
-    std::vector<ParsedTable> spareTables; // for the memory of their words
+    ParsedMaterial material; // the one that is being read; what follows is its own
+    std::vector<ParsedTable> tables;
+    std::vector<std::size_t> firstWords; // of each table, where they begin in
+    std::vector<std::string_view> words;
     ErrorContext context;
 };
 
@@ -110,9 +121,9 @@ void CFileObserver::OnBlock(std::string_view word)
 {
     material = {};
     material.block = word;
-    std::ranges::move(parsed.tables, std::back_inserter(spareTables));
-    parsed.tables.clear();
-    parsed.betweens.clear();
+    tables.clear();
+    firstWords.clear();
+    words.clear();
     context.block = word;
     context.unknownBlock = {};
     context.record = {};
@@ -147,14 +158,8 @@ void CFileObserver::OnText(std::string_view text)
 
 void CFileObserver::OnTable(std::string_view key)
 {
-    ParsedTable& table = parsed.tables.emplace_back();
-    if (!spareTables.empty())
-    {
-        table.words.swap(spareTables.back().words);
-        table.words.clear();
-        spareTables.pop_back();
-    }
-    table.key = key;
+    tables.emplace_back().key = key;
+    firstWords.push_back(words.size());
 }
 
 // Between which temperatures the library derives values.
@@ -182,6 +187,18 @@ std::vector<ParsedBetween> DeriveBetween(const CMaterial& material, MLTABLEKIND 
     return betweens;
 }
 
+void CFileObserver::PlaceTables(std::span<const CMaterialTable* const> read)
+{
+    firstWords.push_back(words.size());
+    for (std::size_t i = 0; i < tables.size(); ++i)
+    {
+        tables[i].kind = static_cast<MLTABLEKIND>(read[i]->GetTableKind());
+        tables[i].temperature = read[i]->GetTemperature();
+        tables[i].rows = read[i]->GetEntries();
+        tables[i].words = std::span(words).subspan(firstWords[i], firstWords[i + 1] - firstWords[i]);
+    }
+}
+
 // The values are those that the library would have.
 void CFileObserver::OnMaterial(CMaterial& read)
 {
@@ -191,24 +208,18 @@ void CFileObserver::OnMaterial(CMaterial& read)
     {
         material.thickness = thickness;
     }
-    const auto tables = read.GetTables();
-    for (std::size_t i = 0; i < parsed.tables.size(); ++i)
-    {
-        ParsedTable& table = parsed.tables[i];
-        table.kind = static_cast<MLTABLEKIND>(tables[i]->GetTableKind());
-        table.temperature = tables[i]->GetTemperature();
-        table.rows = tables[i]->GetEntries();
-    }
-    if (tables.size() > 2)
-    {
-        for (const MLTABLEKIND kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT})
-        {
-            std::ranges::move(DeriveBetween(read, kind), std::back_inserter(parsed.betweens));
-        }
-    }
     if (listener)
     {
-        listener(material, parsed);
+        PlaceTables(read.GetTables());
+        std::vector<ParsedBetween> betweens;
+        if (tables.size() > 2)
+        {
+            for (const MLTABLEKIND kind : {MLTABLE_ER, MLTABLE_LOSS_TANGENT})
+            {
+                std::ranges::move(DeriveBetween(read, kind), std::back_inserter(betweens));
+            }
+        }
+        listener(material, {tables, betweens});
     }
     file.materials.push_back(material);
     context.block = {};
@@ -283,11 +294,12 @@ ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterErro
     scanner.Attach(paddedText.data());
     const std::string_view wholeFile(paddedText.data(), paddedText.size() - PadText({}).size());
     CFileObserver observer(scanner, wholeFile, afterError, onMaterial);
-    CFakeMaterialLib library;
+    const auto library = std::make_shared<CFakeMaterialLib>();
+    observer.file.library = library;
     CMaterialReader reader(scanner, &observer);
     try
     {
-        reader.ReadLibrary(library);
+        reader.ReadLibrary(*library);
     }
     catch (const CParseError&)
     {

@@ -4,10 +4,13 @@
 #include "tools/matlib/check/Finding.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
+
+class CFakeMaterialLib;
 
 // A material file as its author wrote it: the values that the library takes from it, each with its place.
 // Texts are parts of the file's.
@@ -17,7 +20,7 @@ struct ParsedTable
     MLTABLEKIND kind = MLTABLE_ER;
     double temperature = 25.0; // °C
     std::span<const MLTBLENTRY> rows;
-    std::vector<std::string_view> words; // the frequency of each row, or the word VALUE that gives it
+    std::span<const std::string_view> words; // the frequency of each row, or the word VALUE that gives it
     std::string_view key;
 };
 
@@ -41,20 +44,20 @@ struct ParsedMaterial
 
 struct ParsedTables
 {
-    std::vector<ParsedTable> tables;
-    std::vector<ParsedBetween> betweens;
+    std::span<const ParsedTable> tables;
+    std::span<const ParsedBetween> betweens;
 };
 
-// Hears of each material without an error while the file is read. The tables last for the call only: those of
-// all materials together would take more memory than the library's own.
+// Hears of each material without an error while the file is read. The rows last as long as the file that is
+// returned, all else of the tables for the call only: it would take more memory than the rows.
 using MaterialListener = std::function<void(const ParsedMaterial&, const ParsedTables&)>;
 
 struct ParsedFile
 {
     std::vector<ParsedMaterial> materials; // those without an error
     std::vector<std::string_view> texts;   // those in quotes that are not on one line or not ASCII
-    std::string_view text;                 // all of it that the library reads
     std::vector<Finding> errors;
+    std::shared_ptr<const CFakeMaterialLib> library; // of the rows
 };
 
 // Whether reading goes on behind an error, at the next record or material.

@@ -86,15 +86,20 @@ std::size_t FindOpenParenthesis(std::string_view text, std::size_t from, std::si
     return open;
 }
 
-CSourceLines::CSourceLines(std::string_view wholeText) : text(wholeText), starts{0}
+CSourceLines::CSourceLines(std::string_view wholeText) : text(wholeText)
 {
+    constexpr std::size_t shortLine = 16;
+    starts.reserve(text.size() / shortLine + 1);
+    starts.push_back(0);
     // Lines are short: a search for the end of each one costs more than a look at each character.
-    for (std::size_t i = 0; i < text.size(); ++i)
+    const auto mayEndLine = [](char c) { return static_cast<unsigned char>(c) <= '\r'; };
+    for (auto i = std::ranges::find_if(text, mayEndLine); i != text.end();
+         i = std::find_if(i + 1, text.end(), mayEndLine))
     {
-        const bool endsLine = text[i] == '\n' || (text[i] == '\r' && !text.substr(i + 1).starts_with('\n'));
-        if (endsLine)
+        const bool isBeforeLineFeed = i + 1 != text.end() && i[1] == '\n';
+        if (*i == '\n' || (*i == '\r' && !isBeforeLineFeed))
         {
-            starts.push_back(i + 1);
+            starts.push_back(static_cast<std::size_t>(i - text.begin()) + 1);
         }
     }
 }

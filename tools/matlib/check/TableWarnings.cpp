@@ -3,7 +3,7 @@
 #include "tools/matlib/NearestNames.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/check/CWarnings.h"
-#include "tools/matlib/check/FindWarnings.h"
+#include "tools/matlib/check/MaterialWarnings.h"
 #include "tools/matlib/check/Rules.h"
 
 #include <algorithm>
@@ -16,6 +16,11 @@ constexpr double mostEr = 50.0;
 constexpr double mostLossTangent = 0.2;
 constexpr double bandStart = 1e6; // Hz; what "matlib sweep" and "matlib plot" show without a range
 constexpr double bandEnd = 2e10;
+
+bool IsPrefix(char c)
+{
+    return c == 'G' || c == 'M' || c == 'k' || c == 'K' || c == 'T';
+}
 
 // Whether the unit is read as it looks: "1ghz" is 1 Hz to the reader and "5m" 5 mHz, while "1GHZ" is 1 GHz.
 bool HasPlainUnit(std::string_view frequency)
@@ -35,17 +40,33 @@ bool HasPlainUnit(std::string_view frequency)
         }
         unit = frequency.substr(static_cast<std::size_t>(number.stop - frequency.data()));
     }
-    if (!unit.empty() && std::string_view("TGMKk").find(unit.front()) != std::string_view::npos)
+    if (!unit.empty() && IsPrefix(unit.front()))
     {
         unit.remove_prefix(1);
     }
     return unit.empty() || unit == "Hz" || EqualIgnoringCase(unit, "Hz");
 }
 
+// As almost all are written: a whole number with Hz, kHz, MHz, GHz or THz.
+bool IsOrdinary(std::string_view frequency)
+{
+    if (!frequency.ends_with("Hz"))
+    {
+        return false;
+    }
+    frequency.remove_suffix(2);
+    if (!frequency.empty() && IsPrefix(frequency.back()))
+    {
+        frequency.remove_suffix(1);
+    }
+    return !frequency.empty() && std::ranges::all_of(frequency, decimal::IsDigit);
+}
+
 void CheckFrequencyWords(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto odd = std::ranges::find_if(table.words, [](std::string_view word)
-                                          { return word != keyword::value && !HasPlainUnit(word); });
+    const auto odd =
+        std::ranges::find_if(table.words, [](std::string_view word)
+                             { return !IsOrdinary(word) && word != keyword::value && !HasPlainUnit(word); });
     if (odd == table.words.end())
     {
         return;
