@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures speed and memory against well-known libraries and prints the ratios: bench.sh [NAME...]
-# A name is that of a file bench/bench_NAME.cpp or bench/win32/bench_NAME.cpp, or "python"; without one, all.
+# A name is that of a file bench/bench_NAME.cpp, bench/bench_NAME.py or bench/win32/bench_NAME.cpp; without one, all.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -14,8 +14,8 @@ run_native()
 run_python()
 {
     scripts/packages.sh bench
-    scripts/build.sh bench materials
-    PYTHONPATH=python MATERIALLIBRARY_PATH=build/bench/bin /usr/bin/python3 -B bench/bench_python.py
+    scripts/build.sh bench materials matlib
+    PYTHONPATH=python MATERIALLIBRARY_PATH=build/bench/bin /usr/bin/python3 -B "bench/bench_$1.py"
 }
 
 run_under_wine()
@@ -28,14 +28,14 @@ run_under_wine()
 
 names=("$@")
 if (($# == 0)); then
-    for file in bench/bench_*.cpp bench/bench_python.py bench/win32/bench_*.cpp; do
+    for file in bench/bench_*.cpp bench/bench_*.py bench/win32/bench_*.cpp; do
         name=${file##*/bench_}
         names+=("${name%.*}")
     done
 fi
 for name in "${names[@]}"; do
-    if [[ $name == python ]]; then
-        run_python
+    if [[ -e bench/bench_$name.py ]]; then
+        run_python "$name"
     elif [[ -e bench/bench_$name.cpp ]]; then
         run_native "$name"
     elif [[ -e bench/win32/bench_$name.cpp ]]; then

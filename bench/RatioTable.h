@@ -63,11 +63,11 @@ public:
     }
 
 private:
-    // Processor time, which does not depend on what else the machine does; manual times are measured so.
+    // Processor time, which does not depend on what else the machine does; real time where a run asks for it,
+    // or measures it itself.
     [[nodiscard]] static double TimeOf(const Run& run)
     {
-        const bool manual = run.run_name.time_type.find("manual") != std::string::npos;
-        return manual ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+        return run.run_name.time_type.empty() ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime();
     }
 
     // The quarter-th quartile of the run's times.

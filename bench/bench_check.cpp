@@ -81,12 +81,14 @@ void Register(const char* name, void (*run)(benchmark::State&))
         ->Arg(28)
         ->Arg(laminates)
         ->Unit(benchmark::kMillisecond)
+        ->UseRealTime() // there are several threads
         ->Repetitions(repetitions);
 }
 
 std::string RunName(const char* what, int various)
 {
-    return std::string(what) + "/" + std::to_string(various) + "/repeats:" + std::to_string(repetitions);
+    return std::string(what) + "/" + std::to_string(various) + "/repeats:" + std::to_string(repetitions) +
+           "/real_time";
 }
 } // namespace
 
