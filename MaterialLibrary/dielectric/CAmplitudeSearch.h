@@ -19,8 +19,8 @@
 class CAmplitudeSearch
 {
 public:
-    // `basis`: for each of `termCount` terms the imaginary parts at the measured points that it has with
-    // amplitude 1.
+    // `basis`: for each of `termCount` terms (2 to 63) the imaginary parts at the measured points that it has
+    // with amplitude 1.
     CAmplitudeSearch(std::vector<double> basis, int termCount);
 
     // Looks for the amplitudes that give the measured imaginary parts, one for each point. False: a

@@ -30,13 +30,14 @@ public:
     // How far a model may be from a row, as a part of its value.
     static constexpr double tolerance = 0.02;
 
-    // Of several missed rows the one that is missed most.
+    // Of several missed rows the one that is missed most. Both tables have a row at least. What is returned
+    // is valid until the next call.
     [[nodiscard]] const FitVerdict& Judge(std::span<const MLTBLENTRY> er, std::span<const MLTBLENTRY> loss);
 
 private:
     struct Judged
     {
-        std::size_t hash = 0;       // of the rows
+        std::size_t hash = 0;       // of the last rows
         std::vector<MLTBLENTRY> er; // empty: there is none yet
         std::vector<MLTBLENTRY> loss;
         FitVerdict verdict;
