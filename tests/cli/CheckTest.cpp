@@ -7,9 +7,11 @@
 #include "tools/matlib/check/Rules.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace
 {
@@ -150,5 +152,62 @@ TEST(Check, JudgesWhatIsNearestInTemperature)
                 "(LOSSTANGENT TEMPERATURE=25.05 VALUE=0.02)"
                 "(LOSSTANGENT TEMPERATURE=25 TABLE=1MHz 0.02 1GHz 0.02)}"));
     EXPECT_EQ(std::ranges::count(checked.findings, rule::noFit, &Finding::rule), 0);
+}
+
+using Rows = std::vector<MLTBLENTRY>;
+
+// The row that the model misses most, looked for without what a check keeps.
+std::optional<std::size_t> FindMissedRow(const Rows& er, const Rows& loss)
+{
+    const auto model = CWidebandDebyeModel::Fit(PrepareData(er, loss));
+    std::optional<std::size_t> missed;
+    double worst = CFitCheck::tolerance;
+    for (std::size_t i = 0; model && i < er.size(); ++i)
+    {
+        const double error = std::abs(model->EvaluateReal(er[i].frequency) - er[i].value) / er[i].value;
+        missed = error > worst ? i : missed;
+        worst = std::max(worst, error);
+    }
+    return missed;
+}
+
+// Er has its own frequencies, some of those of the loss tangent, more of them than are kept.
+TEST(CFitCheck, JudgesRowsAtFrequenciesOfTheirOwn)
+{
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> noise(-0.08, 0.08);
+    CFitCheck fits;
+    int missed = 0;
+    for (int i = 0; i < 400; ++i)
+    {
+        Rows er;
+        Rows loss;
+        for (int k = 0; k < 12; ++k)
+        {
+            const double frequency = 1e6 * std::pow(10.0, k * 0.4);
+            if (k % 2 == 0 || random() % 2 == 0)
+            {
+                er.push_back({frequency, 4.4 - 0.05 * k + noise(random)});
+            }
+            if (k % 3 == 0 || random() % 2 == 0)
+            {
+                loss.push_back({frequency, 0.02});
+            }
+        }
+        for (int time = 0; time < 2; ++time)
+        {
+            const FitVerdict& verdict = fits.Judge(er, loss);
+            const auto expected = FindMissedRow(er, loss);
+            ASSERT_TRUE(verdict.hasModel && verdict.worst.has_value() == expected.has_value()) << i;
+            ASSERT_TRUE(!expected || verdict.worst->index == *expected) << i;
+            missed += expected ? 1 : 0;
+        }
+    }
+    EXPECT_TRUE(missed > 80 && missed < 720) << missed;
+
+    const Rows loss{{1e6, 0.02}, {1e9, 0.02}};
+    EXPECT_TRUE(fits.Judge(Rows{{1e6, 4.0}, {1e9, 4.1}}, loss).takesSum);
+    EXPECT_FALSE(fits.Judge(Rows{{1e6, 4.3}, {1e9, 4.1}}, loss).takesSum);
+    EXPECT_FALSE(fits.Judge(Rows{{1e6, 4.0}}, loss).takesSum);
 }
 } // namespace
