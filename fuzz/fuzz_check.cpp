@@ -80,7 +80,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CFakeMaterialLib library;
     const bool loaded = LoadMaterialText(library, text, "fuzz.mat");
     const std::string padded = PadText(text);
-    const ParsedFile first = ParseMaterialFile(padded, AfterError::stop, RequireWords);
+    CFakeMaterialLib others;
+    const ParsedFile first = ParseMaterialFile(padded, AfterError::stop, others, RequireWords);
     CFitCheck fits;
     const auto [whole, warnings] = FindWarnings(padded, AfterError::goOn, {&fits, 1});
     Require(padded == PadText(text));

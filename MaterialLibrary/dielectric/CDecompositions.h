@@ -33,8 +33,6 @@ public:
     // Valid until the next call; null where it does not converge. Throws std::bad_alloc.
     [[nodiscard]] const Decomposition* Find(ColumnMask activeColumns);
 
-    [[nodiscard]] int GetTermCount() const { return termCount; }
-
 private:
     [[nodiscard]] Decomposition& TakeOldest();
     void BuildSystem(ColumnMask activeColumns, std::vector<double>& system) const;

@@ -5,7 +5,40 @@
 #include "tools/matlib/check/Rules.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <new>
+
+namespace
+{
+thread_local long allocationsLeft = -1; // of this thread; below 0 as many as it likes
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    void* const memory = allocationsLeft == 0 ? nullptr : std::malloc(size);
+    if (memory == nullptr)
+    {
+        throw std::bad_alloc();
+    }
+    allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
+    return memory;
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept // as sorting asks for it
+{
+    return std::malloc(size);
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace
 {
@@ -76,5 +109,32 @@ TEST(CheckThreads, FindWhatEachMaterialGivesByItself)
         }
     }
     EXPECT_FALSE(MakeFitChecks().empty());
+}
+
+// The threads still look at rows then.
+TEST(CheckThreads, EndBeforeTheRowsWhereReadingRunsOutOfMemory)
+{
+    std::string text = header;
+    for (int i = 0; i < 3000; ++i)
+    {
+        text += MakeMaterial(i);
+    }
+    const std::string padded = PadText(text);
+    std::vector<CFitCheck> fits(4);
+    int failures = 0;
+    for (long allocations = 0; allocations < 6000; allocations = allocations * 5 / 4 + 1)
+    {
+        allocationsLeft = allocations;
+        try
+        {
+            (void)FindWarnings(padded, AfterError::goOn, fits);
+        }
+        catch (const std::bad_alloc&)
+        {
+            ++failures;
+        }
+        allocationsLeft = -1;
+    }
+    EXPECT_GT(failures, 10);
 }
 } // namespace

@@ -38,7 +38,8 @@ class CMaterialChecks
 {
 public:
     // The first of `fits` serves the thread that reads: with no others, or few materials, it checks them all.
-    // They keep what they know for the next file. Text and fits must outlive this.
+    // They keep what they know for the next file. Text, fits and the rows of the tables must
+    // outlive this.
     CMaterialChecks(std::string_view wholeText, std::span<CFitCheck> fits);
 
     void Add(const ParsedMaterial& material, const ParsedTables& tables);

@@ -1,5 +1,6 @@
 #include "tools/matlib/check/FindWarnings.h"
 
+#include "model/CFakeMaterialLib.h"
 #include "tools/matlib/Wording.h"
 #include "tools/matlib/check/CMaterialChecks.h"
 #include "tools/matlib/check/CWarnings.h"
@@ -73,8 +74,9 @@ void CheckThicknesses(CWarnings& warnings, const std::vector<ParsedMaterial>& ma
 
 CheckedFile FindWarnings(const std::string& paddedText, AfterError afterError, std::span<CFitCheck> fits)
 {
+    CFakeMaterialLib library; // outlives the threads that look at its rows, also where reading throws
     CMaterialChecks checks(paddedText, fits);
-    ParsedFile file = ParseMaterialFile(paddedText, afterError,
+    ParsedFile file = ParseMaterialFile(paddedText, afterError, library,
                                         [&checks](const ParsedMaterial& material, const ParsedTables& tables)
                                         { checks.Add(material, tables); });
     CWarnings warnings(paddedText);

@@ -112,8 +112,8 @@ private:
     const MaterialListener& listener;
     ParsedMaterial material; // the one that is being read; what follows is its own
     std::vector<ParsedTable> tables;
-    std::vector<std::size_t> firstWords; // of each table, where they begin in
     std::vector<std::string_view> words;
+    std::vector<std::size_t> firstWords; // where those of each table begin
     ErrorContext context;
 };
 
@@ -287,23 +287,27 @@ bool CFileObserver::GoToFirstBlock(std::string_view token)
 }
 } // namespace
 
-ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError,
+ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError, CFakeMaterialLib& library,
                              const MaterialListener& onMaterial)
 {
     CTokenScanner scanner;
     scanner.Attach(paddedText.data());
     const std::string_view wholeFile(paddedText.data(), paddedText.size() - PadText({}).size());
     CFileObserver observer(scanner, wholeFile, afterError, onMaterial);
-    const auto library = std::make_shared<CFakeMaterialLib>();
-    observer.file.library = library;
     CMaterialReader reader(scanner, &observer);
     try
     {
-        reader.ReadLibrary(*library);
+        reader.ReadLibrary(library);
     }
     catch (const CParseError&)
     {
         // the errors tell
     }
     return std::move(observer.file);
+}
+
+ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError)
+{
+    CFakeMaterialLib library;
+    return ParseMaterialFile(paddedText, afterError, library, {});
 }

@@ -4,7 +4,6 @@
 #include "tools/matlib/check/Finding.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -48,8 +47,8 @@ struct ParsedTables
     std::span<const ParsedBetween> betweens;
 };
 
-// Hears of each material without an error while the file is read. The rows last as long as the file that is
-// returned, all else of the tables for the call only: it would take more memory than the rows.
+// Hears of each material without an error while the file is read. The rows last as long as the
+// library, all else of the tables for the call only: it would take more memory than the rows.
 using MaterialListener = std::function<void(const ParsedMaterial&, const ParsedTables&)>;
 
 struct ParsedFile
@@ -57,7 +56,6 @@ struct ParsedFile
     std::vector<ParsedMaterial> materials; // those without an error
     std::vector<std::string_view> texts;   // those in quotes that are not on one line or not ASCII
     std::vector<Finding> errors;
-    std::shared_ptr<const CFakeMaterialLib> library; // of the rows
 };
 
 // Whether reading goes on behind an error, at the next record or material.
@@ -68,6 +66,10 @@ enum class AfterError
 };
 
 // Reads a material file for its author, by the library's own reader: it is refused for the same reason at the
-// same place. The text has been through PadText; it must outlive what is returned.
+// same place. The text has been through PadText; it must outlive what is returned. The materials go into the
+// library.
 [[nodiscard]] ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError,
-                                           const MaterialListener& onMaterial = {});
+                                           CFakeMaterialLib& library, const MaterialListener& onMaterial);
+
+// The same for those who do not want the tables.
+[[nodiscard]] ParsedFile ParseMaterialFile(const std::string& paddedText, AfterError afterError);

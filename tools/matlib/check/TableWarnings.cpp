@@ -47,26 +47,10 @@ bool HasPlainUnit(std::string_view frequency)
     return unit.empty() || unit == "Hz" || EqualIgnoringCase(unit, "Hz");
 }
 
-// As almost all are written: a whole number with Hz, kHz, MHz, GHz or THz.
-bool IsOrdinary(std::string_view frequency)
-{
-    if (!frequency.ends_with("Hz"))
-    {
-        return false;
-    }
-    frequency.remove_suffix(2);
-    if (!frequency.empty() && IsPrefix(frequency.back()))
-    {
-        frequency.remove_suffix(1);
-    }
-    return !frequency.empty() && std::ranges::all_of(frequency, decimal::IsDigit);
-}
-
 void CheckFrequencyWords(CWarnings& warnings, const ParsedTable& table)
 {
-    const auto odd =
-        std::ranges::find_if(table.words, [](std::string_view word)
-                             { return !IsOrdinary(word) && word != keyword::value && !HasPlainUnit(word); });
+    const auto odd = std::ranges::find_if(table.words, [](std::string_view word)
+                                          { return word != keyword::value && !HasPlainUnit(word); });
     if (odd == table.words.end())
     {
         return;
